@@ -1,0 +1,46 @@
+#pragma once
+
+// What the phone's Objective-C runtime has and the GNU runtime lacks, under the phone's names and calling conventions.
+
+#include <objc/objc.h>
+#include <objc/runtime.h>
+#include <stdint.h>
+
+extern "C" {
+
+// Sends a message. Call it cast to the method's exact type. A message to nil answers zero, in every kind of result register.
+void objc_msgSend(void);
+// The same for methods that return a structure in memory, where the calling convention passes its address first (x86-64).
+// On arm64 it is objc_msgSend. A message to nil leaves the structure untouched.
+void objc_msgSend_stret(void);
+// Messages to the superclass; the first argument is a `struct objc_super*`.
+void objc_msgSendSuper(void);
+void objc_msgSendSuper_stret(void);
+
+id objc_retain(id object);
+void objc_release(id object);
+id objc_autorelease(id object);
+void* objc_autoreleasePoolPush(void);
+void objc_autoreleasePoolPop(void* pool);
+
+typedef uintptr_t objc_AssociationPolicy;
+enum : objc_AssociationPolicy {
+    OBJC_ASSOCIATION_ASSIGN = 0,
+    OBJC_ASSOCIATION_RETAIN_NONATOMIC = 1,
+    OBJC_ASSOCIATION_COPY_NONATOMIC = 3,
+    OBJC_ASSOCIATION_RETAIN = 01401,
+    OBJC_ASSOCIATION_COPY = 01403,
+};
+// Values are kept under the key's address until replaced, set to nil, or the object is deallocated. Any thread.
+void objc_setAssociatedObject(id object, const void* key, id value, objc_AssociationPolicy policy);
+// The value, unowned (+0), or nil.
+id objc_getAssociatedObject(id object, const void* key);
+void objc_removeAssociatedObjects(id object);
+
+// Blocks, per the public Block ABI. `_Block_copy` answers a heap block owned by the caller (+1).
+void* _Block_copy(const void* block);
+void _Block_release(const void* block);
+extern void* _NSConcreteStackBlock[];
+extern void* _NSConcreteMallocBlock[];
+extern void* _NSConcreteGlobalBlock[];
+}

@@ -56,11 +56,16 @@ class HostProcess {
     //   {"do":"layout"}                       lays out every visible view                              -> {}
     //   {"do":"reload"}                       reloads the shown list                                   -> {}
     //   {"do":"scroll","row":n | "offset":points}                                                      -> {"offset":y}
-    //   {"do":"rows"}        the visible rows (see row_report.h)                                        -> {"rows":[...]}
-    //   {"do":"favorites"}   the favourites strip's buttons                                            -> {"buttons":[...]}
-    //   {"do":"shot","out":"/path.png"}       a picture of the window at the screen's scale        -> {"width","height"}
-    //   {"do":"toggle","list":"favorites|recents|contacts"}   taps the button                          -> {"selected":[...]}
-    //   {"do":"monogram","generator":"callbar|system","contact":id | "initials":text | "photo":path}   -> {"picture":...}
+    //   {"do":"rows"}        the visible rows (see row_report.h)                                        ->
+    //   {"rows":[...]}
+    //   {"do":"favorites"}   the favourites strip's buttons                                            ->
+    //   {"buttons":[...]}
+    //   {"do":"shot","out":"/path.png"}       a picture of the window at the screen's scale        ->
+    //   {"width","height"}
+    //   {"do":"toggle","list":"favorites|recents|contacts"}   taps the button                          ->
+    //   {"selected":[...]}
+    //   {"do":"monogram","generator":"callbar|system","contact":id | "initials":text | "photo":path}   ->
+    //   {"picture":...}
     //   {"do":"info"}        bundle identifier, injected libraries, screen                             -> {...}
     //   {"do":"quit"}                                                                                  -> {}
     nlohmann::json call(const nlohmann::json& command, double timeoutSeconds = 60);

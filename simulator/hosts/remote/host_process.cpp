@@ -1,0 +1,274 @@
+#include "simulator/hosts/remote/host_process.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <nlohmann/json.hpp>
+
+extern char** environ;
+
+namespace hosts {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Json = nlohmann::json;
+
+Clock::time_point deadlineAfter(double seconds) {
+    return Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
+}
+
+std::string secondsText(double seconds) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%g s", seconds);
+    return text;
+}
+
+// "NAME=value" strings: this process's environment with the given variables in place of its own.
+std::vector<std::string> mergedEnvironment(const std::vector<std::pair<std::string, std::string>>& added) {
+    std::map<std::string, std::string> variables;
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        const std::string text = *entry;
+        const auto equals = text.find('=');
+        variables[text.substr(0, equals)] = equals == std::string::npos ? "" : text.substr(equals + 1);
+    }
+    for (const auto& [name, value] : added) variables[name] = value;
+    std::vector<std::string> result;
+    for (const auto& [name, value] : variables) result.push_back(name + "=" + value);
+    return result;
+}
+
+std::vector<char*> pointers(std::vector<std::string>& texts) {
+    std::vector<char*> result;
+    for (auto& text : texts) result.push_back(text.data());
+    result.push_back(nullptr);
+    return result;
+}
+
+struct Pipe {
+    int readEnd = -1;
+    int writeEnd = -1;
+    bool open() {
+        int ends[2];
+        if (::pipe2(ends, O_CLOEXEC) != 0) return false;
+        readEnd = ends[0];
+        writeEnd = ends[1];
+        return true;
+    }
+};
+
+// Only calls that are safe between fork and exec in a program with threads.
+[[noreturn]] void becomeHost(const char* program, char* const* arguments, char* const* environment, int input,
+                             int output, int errors, pid_t parent) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent) ::_exit(127);
+    ::dup2(input, STDIN_FILENO);
+    ::dup2(output, STDOUT_FILENO);
+    ::dup2(errors, STDERR_FILENO);
+    ::execve(program, arguments, environment);
+    const char* reason = std::strerror(errno);
+    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, reason, std::strlen(reason));
+    ::_exit(127);
+}
+
+}  // namespace
+
+const char* programName(HostKind kind) {
+    return kind == HostKind::springBoard ? "springboard" : "callbar_view_service";
+}
+
+const char* bundleIdentifier(HostKind kind) {
+    return kind == HostKind::springBoard ? "com.apple.springboard" : "net.vantrel.callbarviewservice";
+}
+
+std::filesystem::path programPath(HostKind kind) {
+    namespace fs = std::filesystem;
+    std::string looked;
+    const auto usable = [&looked](const fs::path& candidate) {
+        looked += "\n  " + candidate.string();
+        return ::access(candidate.c_str(), X_OK) == 0;
+    };
+    if (const char* folder = std::getenv("PHONESIM_HOSTS"); folder != nullptr && *folder != '\0') {
+        if (const fs::path candidate = fs::path(folder) / programName(kind); usable(candidate)) return candidate;
+    } else {
+        std::error_code error;
+        const fs::path self = fs::read_symlink("/proc/self/exe", error);
+        for (fs::path folder2 = self.parent_path(); folder2 != folder2.root_path(); folder2 = folder2.parent_path()) {
+            const fs::path candidate = folder2 / "simulator" / "hosts" / programName(kind);
+            if (usable(candidate)) return candidate;
+        }
+    }
+    throw HostError(std::string("no host program \"") + programName(kind) +
+                    "\": build it, or name its folder in PHONESIM_HOSTS. Looked at:" + looked);
+}
+
+HostProcess::HostProcess(HostKind kind, const HostOptions& options) : name_(programName(kind)) {
+    try {
+        spawn(kind, options);
+        const std::string line = readLine(options.startTimeoutSeconds, "start");
+        if (line != R"({"ready": true})") fail("said \"" + line + "\" instead of being ready");
+    } catch (...) {
+        release();
+        throw;
+    }
+}
+
+HostProcess::~HostProcess() { release(); }
+
+void HostProcess::spawn(HostKind kind, const HostOptions& options) {
+    const std::string program = programPath(kind).string();
+    std::vector<std::string> arguments{program, "--root", std::filesystem::absolute(options.root).string()};
+    if (options.withoutExtension) arguments.emplace_back("--without-extension");
+    std::vector<std::string> environment = mergedEnvironment(options.environment);
+    const auto argumentPointers = pointers(arguments);
+    const auto environmentPointers = pointers(environment);
+
+    Pipe commands;
+    Pipe answers;
+    standardError_ = ::memfd_create("host-stderr", MFD_CLOEXEC);
+    const bool opened = standardError_ >= 0 && commands.open() && answers.open();
+    commands_ = commands.writeEnd;
+    answers_ = answers.readEnd;
+    const pid_t parent = ::getpid();
+    if (opened) pid_ = ::fork();
+    if (pid_ == 0) {
+        becomeHost(program.c_str(), argumentPointers.data(), environmentPointers.data(), commands.readEnd,
+                   answers.writeEnd, standardError_, parent);
+    }
+    const std::string reason = std::strerror(errno);
+    if (commands.readEnd >= 0) ::close(commands.readEnd);
+    if (answers.writeEnd >= 0) ::close(answers.writeEnd);
+    if (pid_ < 0) fail("cannot be started: " + reason);
+}
+
+nlohmann::json HostProcess::call(const nlohmann::json& command, double timeoutSeconds) {
+    Json numbered = command;
+    const long id = nextId_++;
+    numbered["id"] = id;
+    const std::string what = command.value("do", std::string("?"));
+    const std::string line = numbered.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+    // A host that has ended closes the pipe; that must be an error here and not a signal.
+    struct sigaction ignore {};
+    struct sigaction before {};
+    ignore.sa_handler = SIG_IGN;
+    ::sigaction(SIGPIPE, &ignore, &before);
+    std::size_t written = 0;
+    while (written < line.size()) {
+        const ssize_t count = ::write(commands_, line.data() + written, line.size() - written);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) break;
+        written += static_cast<std::size_t>(count);
+    }
+    ::sigaction(SIGPIPE, &before, nullptr);
+    if (written < line.size()) fail("cannot be asked to " + what + ": " + (running() ? "its pipe failed" : "it ended"));
+
+    const auto deadline = deadlineAfter(timeoutSeconds);
+    for (;;) {
+        const double left = std::chrono::duration<double>(deadline - Clock::now()).count();
+        Json answer = Json::parse(readLine(left > 0 ? left : 0, what), nullptr, false);
+        if (answer.is_discarded() || !answer.is_object()) fail("answered " + what + " with something that is not JSON");
+        // An answer to a command given up earlier may still arrive.
+        if (answer.value("id", -1L) != id) continue;
+        if (answer.contains("error")) fail(answer["error"].get<std::string>());
+        answer.erase("id");
+        return answer;
+    }
+}
+
+std::string HostProcess::readLine(double timeoutSeconds, const std::string& waitingFor) {
+    const auto deadline = deadlineAfter(timeoutSeconds);
+    for (;;) {
+        if (const auto end = unread_.find('\n'); end != std::string::npos) {
+            std::string line = unread_.substr(0, end);
+            unread_.erase(0, end + 1);
+            return line;
+        }
+        const double left = std::chrono::duration<double>(deadline - Clock::now()).count();
+        struct pollfd wait {
+            answers_, POLLIN, 0
+        };
+        const int ready = left > 0 ? ::poll(&wait, 1, static_cast<int>(std::ceil(left * 1000))) : 0;
+        if (ready < 0 && errno == EINTR) continue;
+        if (ready <= 0) fail("did not " + waitingFor + " within " + secondsText(timeoutSeconds));
+        char buffer[65536];
+        const ssize_t count = ::read(answers_, buffer, sizeof buffer);
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) {
+            int status = 0;
+            const bool reaped = !ended_ && ::waitpid(pid_, &status, 0) == pid_;
+            if (reaped) {
+                ended_ = true;
+                exitStatus_ = status;
+            }
+            fail("ended while asked to " + waitingFor +
+                 (WIFSIGNALED(exitStatus_) ? std::string(": ") + ::strsignal(WTERMSIG(exitStatus_))
+                                           : " with status " + std::to_string(WEXITSTATUS(exitStatus_))));
+        }
+        unread_.append(buffer, static_cast<std::size_t>(count));
+    }
+}
+
+int HostProcess::quit(double timeoutSeconds) {
+    if (running()) {
+        call({{"do", "quit"}}, timeoutSeconds);
+        const auto deadline = deadlineAfter(timeoutSeconds);
+        while (running()) {
+            if (Clock::now() > deadline) fail("did not end within " + secondsText(timeoutSeconds));
+            ::usleep(2000);
+        }
+    }
+    return WIFEXITED(exitStatus_) ? WEXITSTATUS(exitStatus_) : 128 + WTERMSIG(exitStatus_);
+}
+
+bool HostProcess::running() {
+    if (pid_ <= 0 || ended_) return false;
+    int status = 0;
+    const pid_t changed = ::waitpid(pid_, &status, WNOHANG);
+    if (changed == pid_) {
+        ended_ = true;
+        exitStatus_ = status;
+    }
+    return !ended_;
+}
+
+std::string HostProcess::standardError() const {
+    std::string text;
+    char buffer[4096];
+    off_t offset = 0;
+    for (;;) {
+        const ssize_t count = ::pread(standardError_, buffer, sizeof buffer, offset);
+        if (count <= 0) return text;
+        text.append(buffer, static_cast<std::size_t>(count));
+        offset += count;
+    }
+}
+
+void HostProcess::release() {
+    if (running()) {
+        ::kill(pid_, SIGKILL);
+        ::waitpid(pid_, &exitStatus_, 0);
+        ended_ = true;
+    }
+    for (int* descriptor : {&commands_, &answers_, &standardError_}) {
+        if (*descriptor >= 0) ::close(*descriptor);
+        *descriptor = -1;
+    }
+}
+
+void HostProcess::fail(const std::string& what) const {
+    std::string text = name_ + ": " + what;
+    if (const std::string errors = standardError(); !errors.empty()) text += "\n" + errors;
+    throw HostError(text);
+}
+
+}  // namespace hosts

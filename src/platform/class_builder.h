@@ -1,0 +1,92 @@
+// Registers classes and methods with the runtime, from C++ functions whose types give the encodings.
+#pragma once
+
+#include <span>
+
+#include "src/platform/encoding.h"
+#include "src/platform/runtime.h"
+
+// One method of a class or category: flat data, installed by addMethods.
+struct MethodRow {
+    void (*install)(Class cls);
+};
+
+// One instance variable of a class.
+struct IvarRow {
+    const char* name;
+    const char* encoding;
+    std::size_t size;
+};
+
+namespace platform {
+
+template <FixedString name, auto function>
+struct ReceiverMethod;
+
+// A function that takes the receiver first.
+template <FixedString name, class Result, class Receiver, class... Arguments,
+          Result (*function)(Receiver, Arguments...)>
+struct ReceiverMethod<name, function> {
+    static_assert(name.count(':') == sizeof...(Arguments), "a selector takes one argument a colon");
+
+    static Abi<Result> implementation(Receiver receiver, SEL, Abi<Arguments>... arguments) {
+        return static_cast<Abi<Result>>(function(receiver, toNative<Arguments>(arguments)...));
+    }
+
+    static void install(Class cls) {
+        class_addMethod(cls, selector<name>(), reinterpret_cast<IMP>(&implementation),
+                        methodEncoding<Result, Arguments...>.c_str());
+    }
+
+  private:
+    template <class Argument>
+    static Argument toNative(Abi<Argument> argument) {
+        if constexpr (std::is_same_v<Argument, bool>) {
+            return argument != 0;
+        } else {
+            return argument;
+        }
+    }
+};
+
+// Drops the receiver for functions that have no use for it.
+template <class Signature, auto function>
+struct WithReceiver;
+
+template <class Result, class... Arguments, Result (*function)(Arguments...)>
+struct WithReceiver<Result(Arguments...), function> {
+    static Result call(Class, Arguments... arguments) { return function(arguments...); }
+};
+
+}  // namespace platform
+
+// A class method of the class's own: its receiver does not matter to the function. The signature picks one of the
+// function's overloads.
+template <FixedString name, class Signature, Signature* function>
+constexpr MethodRow classMethod() {
+    return {&platform::ReceiverMethod<name, &platform::WithReceiver<Signature, function>::call>::install};
+}
+
+// A method whose function takes the receiver first: an object's handle, or the Class that a class method was sent to.
+template <FixedString name, auto function>
+constexpr MethodRow receiverMethod() {
+    return {&platform::ReceiverMethod<name, function>::install};
+}
+
+// An instance variable of type T.
+template <class T>
+constexpr IvarRow ivar(const char* name) {
+    return {name, platform::typeEncoding<platform::Abi<T>>.c_str(), sizeof(platform::Abi<T>)};
+}
+
+// Adds the methods to a class, for class methods to its metaclass (object_getClass of the class). A method that the
+// class itself already has stays as it is; nil adds nothing.
+void addMethods(Class cls, std::span<const MethodRow> methods);
+
+// Registers a class under NSObject, or answers the one already registered under that name. Not thread-safe against
+// itself.
+Class registerClass(const char* name, std::span<const IvarRow> ivars, std::span<const MethodRow> classMethods,
+                    std::span<const MethodRow> instanceMethods);
+
+// The class that holds a class's class methods.
+inline Class metaclassOf(Class cls) { return object_getClass(reinterpret_cast<id>(cls)); }

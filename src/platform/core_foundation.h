@@ -1,0 +1,26 @@
+// CoreFoundation: the Darwin notify centre.
+#pragma once
+
+#include "src/platform/foundation.h"
+
+using CFNotificationCenterRef = struct __CFNotificationCenter*;
+using CFStringRef = const struct __CFString*;
+using CFDictionaryRef = const struct __CFDictionary*;
+using CFNotificationCallback = void (*)(CFNotificationCenterRef center, void* observer, CFStringRef name,
+                                        const void* object, CFDictionaryRef userInfo);
+
+// CFNotificationSuspensionBehaviorDeliverImmediately
+constexpr NSInteger kDeliverImmediately = 4;
+
+extern "C" {
+CFNotificationCenterRef CFNotificationCenterGetDarwinNotifyCenter();
+void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void* observer,
+                                     CFNotificationCallback callback, CFStringRef name, const void* object,
+                                     NSInteger suspensionBehavior);
+}
+
+// A CoreFoundation string is the Foundation string of the same address, and the other way round.
+inline NSString bridged(CFStringRef text) {
+    return NSString{{reinterpret_cast<id>(const_cast<struct __CFString*>(text))}};
+}
+inline CFStringRef bridged(NSString text) { return reinterpret_cast<CFStringRef>(text.object); }

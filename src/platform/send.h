@@ -1,0 +1,86 @@
+// send<Result, "selector:">(receiver, arguments...): a message, typed where it is sent.
+#pragma once
+
+#include <type_traits>
+
+#include "src/platform/encoding.h"
+#include "src/platform/object.h"
+#include "src/platform/runtime.h"
+
+namespace platform {
+
+// Whether the ABI returns this type through memory that the caller names, for which x86-64 has a second entry point:
+// structs over two registers there; never on arm64; on 32-bit arm every struct wider than a register.
+template <class Result>
+constexpr bool returnedThroughMemory() {
+    if constexpr (!std::is_class_v<Result>) return false;
+#if defined(__x86_64__)
+    else
+        return sizeof(Result) > 2 * sizeof(void*);
+#elif defined(__arm__)
+    else
+        return sizeof(Result) > sizeof(void*);
+#else
+    else
+        return false;
+#endif
+}
+
+template <class Result>
+void (*messenger())() {
+    if constexpr (returnedThroughMemory<Result>()) {
+        return &objc_msgSend_stret;
+    } else {
+        return &objc_msgSend;
+    }
+}
+
+// Ends the process with a message when the class implements the selector with other types than the call passes.
+void verifyCall(Class cls, SEL selector, const char* encoding);
+
+#ifndef NDEBUG
+// The class that each kind of call was last checked against.
+template <FixedString name, class Result, class... Arguments>
+inline constinit std::atomic<Class> checkedClass{nullptr};
+
+template <FixedString name, class Result, class... Arguments>
+void checkCall(id receiver) {
+    Class cls = object_getClass(receiver);
+    auto& checked = checkedClass<name, Result, Arguments...>;
+    if (checked.load(std::memory_order_relaxed) == cls) return;
+    verifyCall(cls, selector<name>(), methodEncoding<Result, Arguments...>.c_str());
+    checked.store(cls, std::memory_order_relaxed);
+}
+#endif
+
+template <class Result, class... Arguments>
+inline Result call(void (*implementation)(), id receiver, SEL selector, Arguments... arguments) {
+    using Function = Abi<Result> (*)(id, SEL, Abi<Arguments>...);
+    auto function = reinterpret_cast<Function>(implementation);
+    if constexpr (std::is_same_v<Result, bool>) {
+        return function(receiver, selector, static_cast<Abi<Arguments>>(arguments)...) != 0;
+    } else {
+        return function(receiver, selector, static_cast<Abi<Arguments>>(arguments)...);
+    }
+}
+
+}  // namespace platform
+
+// Sends the message and returns its result; a nil receiver answers zero, whatever the result's type, without a call.
+// Results are unowned (+0) unless the selector begins with alloc, new, copy, mutableCopy or init, which answer +1.
+// Any thread that the receiver's class allows.
+template <class Result = void, FixedString name, class... Arguments>
+inline Result send(NSObject receiver, Arguments... arguments) {
+    static_assert(name.count(':') == sizeof...(Arguments), "a selector takes one argument a colon");
+    if (receiver.object == nullptr) return Result();
+#ifndef NDEBUG
+    platform::checkCall<name, Result, Arguments...>(receiver.object);
+#endif
+    return platform::call<Result>(platform::messenger<Result>(), receiver.object, selector<name>(), arguments...);
+}
+
+// The same to a class.
+template <class Result = void, FixedString name, class... Arguments>
+inline Result send(Class receiver, Arguments... arguments) {
+    return send<Result, name>(NSObject{reinterpret_cast<id>(receiver)}, arguments...);
+}

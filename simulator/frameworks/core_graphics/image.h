@@ -1,0 +1,46 @@
+// Bitmap images. An image is immutable and may be drawn on several threads at once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "simulator/frameworks/core_graphics/color.h"
+
+typedef struct CGImage* CGImageRef;
+
+enum CGImageAlphaInfo : uint32_t {
+    kCGImageAlphaNone,
+    kCGImageAlphaPremultipliedLast,
+    kCGImageAlphaPremultipliedFirst,
+    kCGImageAlphaLast,
+    kCGImageAlphaFirst,
+    kCGImageAlphaNoneSkipLast,
+    kCGImageAlphaNoneSkipFirst,
+    kCGImageAlphaOnly,
+};
+typedef uint32_t CGBitmapInfo;
+enum : uint32_t {
+    kCGBitmapAlphaInfoMask = 0x1F,
+    kCGBitmapFloatComponents = 1 << 8,
+    kCGBitmapByteOrderMask = 0x7000,
+    kCGBitmapByteOrderDefault = 0 << 12,
+    kCGBitmapByteOrder16Little = 1 << 12,
+    kCGBitmapByteOrder32Little = 2 << 12,
+    kCGBitmapByteOrder16Big = 3 << 12,
+    kCGBitmapByteOrder32Big = 4 << 12,
+};
+
+extern "C" {
+/// +1: the part of the image inside `rect` (pixels from the top-left corner, made integral); NULL when they do not
+/// meet.
+CGImageRef CGImageCreateWithImageInRect(CGImageRef image, CGRect rect);
+CGImageRef CGImageRetain(CGImageRef image);
+void CGImageRelease(CGImageRef image);
+/// Pixels; 0 for NULL.
+size_t CGImageGetWidth(CGImageRef image);
+size_t CGImageGetHeight(CGImageRef image);
+size_t CGImageGetBitsPerComponent(CGImageRef image);
+size_t CGImageGetBitsPerPixel(CGImageRef image);
+size_t CGImageGetBytesPerRow(CGImageRef image);
+CGImageAlphaInfo CGImageGetAlphaInfo(CGImageRef image);
+}

@@ -1,0 +1,21 @@
+// Thumbnail bytes of contacts. Results are unowned (+0). Any thread.
+#pragma once
+
+#include <span>
+
+#include "src/platform/address_book.h"
+#include "src/platform/class_builder.h"
+
+// The contact's thumbnail from the image database; nil when it has none or an empty one. Blocks the caller, for as long
+// as it takes, while the database cannot be read.
+NSData getContactImageFromABForID(ABRecordID contactID, std::int32_t unused);
+
+namespace ZelkaCBUtils {
+
+// The thumbnail of the first other contact that is linked to this one and has one, or nil. Blocks likewise.
+NSData getContactImageDataFromAB(ABRecordID contactID);
+
+}  // namespace ZelkaCBUtils
+
+// Class methods of ZelkaCBUtils.
+std::span<const MethodRow> thumbnailMethods();

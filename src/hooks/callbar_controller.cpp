@@ -1,0 +1,24 @@
+#include "src/hooks/callbar_controller.h"
+
+#include "src/settings/live_changes.h"
+
+namespace hooks {
+namespace {
+constinit ABMonogrammer captured{};
+}  // namespace
+
+ABMonogrammer capturedMonogrammer() { return captured; }
+
+void controllerViewDidLoad(CallBarControllerModern self, SEL command) {
+    ControllerViewDidLoad::host(self, command);
+    NSNotificationCenter::shared().addObserver(self, selector<"zelkaCBSettingsChanged:">(),
+                                               settingsChangedNotification());
+}
+
+ABMonogrammer controllerMonogrammer(CallBarControllerModern self, SEL command) {
+    ABMonogrammer monogrammer = ControllerMonogrammer::host(self, command);
+    if (!captured) captured = Owned<ABMonogrammer>::retain(monogrammer).leak();
+    return monogrammer;
+}
+
+}  // namespace hooks

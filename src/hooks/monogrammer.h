@@ -1,0 +1,21 @@
+// The system's monogram generator, where CallBar's own favourites ask it: pictures of the library's making.
+#pragma once
+
+#include "src/hooks/callbar_controller.h"
+#include "src/platform/address_book.h"
+#include "src/platform/hook.h"
+#include "src/platform/uikit.h"
+
+namespace hooks {
+
+// All three answer a picture that the caller owns (+1), as the host's methods do.
+UIImage copyMonogramWithInitials(ABMonogrammer self, SEL command, NSString initials);
+using CopyMonogramWithInitials = Hook<"ABMonogrammer", "_copyMonogramWithInitials:", &copyMonogramWithInitials>;
+
+UIImage copyMonogramWithImageData(ABMonogrammer self, SEL command, NSData data);
+using CopyMonogramWithImageData = Hook<"ABMonogrammer", "_copyMonogramWithImageData:", &copyMonogramWithImageData>;
+
+UIImage monogramForPerson(ABMonogrammer self, SEL command, ABRecordRef person, BOOL* isPersonImage);
+using MonogramForPerson = Hook<"ABMonogrammer", "monogramForPerson:isPersonImage:", &monogramForPerson>;
+
+}  // namespace hooks

@@ -1,0 +1,19 @@
+// The one address-book handle of the process.
+#pragma once
+
+#include "src/platform/address_book.h"
+#include "src/platform/class_builder.h"
+
+namespace ZelkaCBUtils {
+
+// The shared handle (+0), made by the first call in the process's life; nothing once it has been given up, because it is
+// made only once. Any thread.
+ABAddressBookRef getAddressBook();
+
+// The class methods that answer to these functions.
+std::span<const MethodRow> sharedAddressBookMethods();
+
+}  // namespace ZelkaCBUtils
+
+// Releases the shared handle for good.
+void releaseSharedAddressBook();

@@ -23,9 +23,4 @@ void dispatch_once_f(dispatch_once_t* token, void* context, dispatch_function_t 
 // Queues work for the main run loop, first in, first out. The block is copied. Any thread.
 void dispatch_async(dispatch_queue_t queue, dispatch_block_t block);
 void dispatch_async_f(dispatch_queue_t queue, void* context, dispatch_function_t work);
-
-// Runs the work on the main thread after what was queued before, and waits for it. On the main thread itself this would
-// wait for ever: there it ends the process with a message.
-void dispatch_sync(dispatch_queue_t queue, dispatch_block_t block);
-void dispatch_sync_f(dispatch_queue_t queue, void* context, dispatch_function_t work);
 }

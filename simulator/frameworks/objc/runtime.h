@@ -13,10 +13,6 @@ void objc_msgSend(void);
 // The same for methods that return a structure in memory, where the calling convention passes its address first (x86-64).
 // On arm64 it is objc_msgSend. A message to nil leaves the structure untouched.
 void objc_msgSend_stret(void);
-// Messages to the superclass; the first argument is a `struct objc_super*`.
-void objc_msgSendSuper(void);
-void objc_msgSendSuper_stret(void);
-
 id objc_retain(id object);
 void objc_release(id object);
 id objc_autorelease(id object);

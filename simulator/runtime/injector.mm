@@ -1,0 +1,97 @@
+#import <Foundation/Foundation.h>
+
+#include <dlfcn.h>
+#include <stdio.h>
+
+#include "simulator/runtime/library_loader.h"
+#include "simulator/runtime/phone_root.h"
+#include "simulator/runtime/process.h"
+
+namespace phone {
+namespace {
+
+NSString* const libraries = @"/Library/MobileSubstrate/DynamicLibraries";
+
+void complain(NSString* path, const char* problem) {
+    fprintf(stderr, "injector: %s: %s\n", [path fileSystemRepresentation], problem);
+}
+
+// The file's dictionary, autoreleased; nil with a message when it has none.
+NSDictionary* readFilterFile(NSString* path) {
+    NSData* data = [NSData dataWithContentsOfFile:path];
+    if (data == nil) {
+        complain(path, "the filter cannot be read");
+        return nil;
+    }
+    id values = nil;
+    @try {
+        values = [NSPropertyListSerialization propertyListWithData:data
+                                                           options:NSPropertyListImmutable
+                                                            format:NULL
+                                                             error:NULL];
+    } @catch (NSException* exception) {
+        values = nil;  // GNUstep raises for some damaged files where it should answer nil
+    }
+    if (![values isKindOfClass:[NSDictionary class]]) {
+        complain(path, "the filter is not a property list with a dictionary");
+        return nil;
+    }
+    return values;
+}
+
+// Whether the filter file asks for this process.
+bool asksForThisProcess(NSString* path) {
+    NSDictionary* values = readFilterFile(path);
+    if (values == nil) return false;
+    id filter = [values objectForKey:@"Filter"];
+    id bundles = [filter isKindOfClass:[NSDictionary class]] ? [filter objectForKey:@"Bundles"] : nil;
+    if (![bundles isKindOfClass:[NSArray class]]) {
+        complain(path, "the filter names no bundles");
+        return false;
+    }
+    if (bundleIdentifier().empty()) return false;
+    return [bundles containsObject:[NSString stringWithUTF8String:bundleIdentifier().c_str()]];
+}
+
+// The library that a filter file belongs to: the phone's own kind first, then this machine's. Nil when there is neither.
+NSString* libraryFor(NSString* filterPath) {
+    NSString* stem = [filterPath stringByDeletingPathExtension];
+    for (NSString* extension in @[ @"dylib", @"so" ]) {
+        NSString* path = [stem stringByAppendingPathExtension:extension];
+        if ([[NSFileManager defaultManager] fileExistsAtPath:path]) return path;
+    }
+    return nil;
+}
+
+void inject(NSString* filterPath, std::vector<std::string>& loaded) {
+    if (!asksForThisProcess(filterPath)) return;
+    NSString* path = libraryFor(filterPath);
+    if (path == nil) {
+        complain(filterPath, "there is no library beside this filter");
+        return;
+    }
+    const std::string problem = loadLibrary([path fileSystemRepresentation]);
+    if (problem.empty()) {
+        loaded.push_back([path fileSystemRepresentation]);
+    } else {
+        complain(path, problem.c_str());
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> injectLibraries() {
+    std::vector<std::string> loaded;
+    @autoreleasepool {
+        NSString* folder = [NSString stringWithUTF8String:hostPath([libraries UTF8String]).c_str()];
+        NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:folder error:NULL];
+        for (NSString* name in [names sortedArrayUsingSelector:@selector(compare:)]) {
+            if ([[name pathExtension] isEqualToString:@"plist"]) {
+                inject([folder stringByAppendingPathComponent:name], loaded);
+            }
+        }
+    }
+    return loaded;
+}
+
+}  // namespace phone

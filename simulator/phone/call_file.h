@@ -1,6 +1,6 @@
 // A call history as a text file that a person can write.
 //
-//   # when, number, kind, seconds, name
+//   # when, number, kind, seconds, "unlinked"
 //   2015-06-01 09:41, +1 555 010 0199, incoming, 63
 //   -2h,  (555) 010-0123, missed
 //   -1d,  bob@example.com, outgoing, 12
@@ -25,6 +25,9 @@ struct WrittenCall {
     Call call;  // contact and name are not yet known
     bool unlinked = false;
 };
+
+// Whether a file's name says that it is such a text (.csv, .txt) and not a phone's database.
+bool isCallFile(const std::filesystem::path& file);
 
 // Reads such a file; `now` is seconds since 1970-01-01 UTC. A line that is wrong fails the whole, naming file and line.
 Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file, double now);

@@ -22,13 +22,13 @@ struct RootOptions {
     std::filesystem::path addressBook;  // AddressBook.sqlitedb of a phone
 
     std::filesystem::path images;  // AddressBookImages.sqlitedb of a phone; only with addressBook
-    // call_history.db of a phone, or a text file of calls (see call_file.h). Left out: the text file beside the vCard
-    // file that has its name with ".calls.csv" for ".vcf", if there is one, else calls generated from the contacts'
-    // numbers.
+    // call_history.db of a phone, or a text file of calls (.csv or .txt; see call_file.h). Left out: calls are made up
+    // from the book.
     std::filesystem::path calls;
     bool noCalls = false;  // an empty call history when `calls` is left out
 
-    std::string device;        // a profile's name; empty: the default profile
+    std::string device;        // a profile's name (device_profiles.h); empty: "iphone6-8.4"
+    std::string region;        // ISO 3166 country in which numbers without country code are; empty: "US"
     bool rightToLeft = false;  // the interface's layout direction
 
     // What is installed on the phone; an empty path is left out.

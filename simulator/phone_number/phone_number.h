@@ -16,12 +16,16 @@ enum class Match { none, shortForm, national, exact };
 // (service codes) match only when they dial the same.
 Match compare(std::string_view a, std::string_view b, std::string_view region);
 
-// A text's last four digits (all, when fewer), western digits whatever script it is written in: what ABPhoneLastFour
-// holds. One or two answers: a number's extension is left out of the first and counted in the second. None: no digits.
+// A number's last four digits (all, when fewer), western digits whatever script it is written in, by which
+// ABPhoneLastFour finds it. Up to two answers: without its extension, as numbers compare, then all that is written.
+// None: no digits.
 std::vector<std::string> lastFour(std::string_view text, std::string_view region);
 
 // The form for display: national for numbers of `region`, international for others, and the text as it is when it is
 // not a possible phone number.
 std::string displayForm(std::string_view text, std::string_view region);
+
+// Whether numbers of that country are known: two capital letters of ISO 3166.
+bool isRegion(std::string_view region);
 
 }  // namespace phone_number

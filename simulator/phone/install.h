@@ -1,0 +1,17 @@
+// What lies on a phone besides its databases.
+#pragma once
+
+#include <filesystem>
+
+#include "simulator/phone/make_root.h"
+#include "simulator/phone/result.h"
+
+namespace phone {
+
+// Makes the folders and links of an empty phone in an existing directory.
+Status makeFolders(const std::filesystem::path& root);
+
+// Puts the library (as a link), its filter and the preference bundle where a phone has them.
+Status installExtension(const std::filesystem::path& root, const RootOptions& options);
+
+}  // namespace phone

@@ -1,0 +1,230 @@
+#include "simulator/phone/make_root.h"
+
+#include <stdlib.h>
+
+#include <chrono>
+#include <system_error>
+
+#include "simulator/phone/address_book_builder.h"
+#include "simulator/phone/adopt.h"
+#include "simulator/phone/call_file.h"
+#include "simulator/phone/call_history.h"
+#include "simulator/phone/database.h"
+#include "simulator/phone/generated_book.h"
+#include "simulator/phone/install.h"
+#include "simulator/phone/schema.h"
+#include "simulator/phone/vcard_import.h"
+#include "simulator/phone_number/phone_number.h"
+#include "simulator/runtime/device_profiles.h"
+
+namespace phone {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A directory beside the root's place that is gone again unless it was moved there.
+class Workshop {
+  public:
+    static Result<Workshop> beside(const fs::path& root) {
+        std::error_code error;
+        fs::create_directories(root.parent_path(), error);
+        std::string pattern = (root.parent_path() / ("." + root.filename().string() + ".XXXXXX")).string();
+        if (!mkdtemp(pattern.data())) {
+            return Failure{root.parent_path().string() +
+                           ": cannot be written: " + std::generic_category().message(errno)};
+        }
+        fs::permissions(pattern, fs::perms(0755), error);
+        return Workshop(pattern);
+    }
+    Workshop(Workshop&& other) noexcept : path_(std::exchange(other.path_, {})) {}
+    Workshop& operator=(Workshop&&) = delete;
+    ~Workshop() {
+        std::error_code error;
+        if (!path_.empty()) fs::remove_all(path_, error);
+    }
+
+    const fs::path& path() const { return path_; }
+
+    // Moves the finished root to its place; what stood there is put aside first and comes back if that fails.
+    Status moveTo(const fs::path& root) {
+        std::error_code error;
+        fs::path aside = path_.string() + ".old";
+        bool replaces = fs::exists(fs::symlink_status(root, error));
+        error.clear();
+        if (replaces) fs::rename(root, aside, error);
+        if (error) return Failure{root.string() + ": cannot be replaced: " + error.message()};
+        fs::rename(path_, root, error);
+        if (error) {
+            std::error_code ignored;
+            if (replaces) fs::rename(aside, root, ignored);
+            return Failure{root.string() + ": cannot be made: " + error.message()};
+        }
+        path_.clear();
+        fs::remove_all(aside, error);
+        return Done{};
+    }
+
+  private:
+    explicit Workshop(fs::path path) : path_(std::move(path)) {}
+    fs::path path_;
+};
+
+Status checkOptions(const RootOptions& options) {
+    int sources = !options.contacts.empty() + !options.addressBook.empty() + (options.contactsCount != 0);
+    if (sources > 1) return Failure{"give contacts as a vCard file, as a count or as a phone's database: only one"};
+    if (options.contactsCount < 0) return Failure{"a number of contacts cannot be negative"};
+    if (!options.images.empty() && options.addressBook.empty()) {
+        return Failure{"a phone's images belong to its address book: give that, too"};
+    }
+    if (!options.region.empty() && !phone_number::isRegion(options.region)) {
+        return Failure{"\"" + options.region + "\" is no country: give two capital letters, such as US"};
+    }
+    return Done{};
+}
+
+Status checkPlace(const RootOptions& options, const fs::path& root) {
+    std::error_code error;
+    if (!fs::exists(fs::symlink_status(root, error))) return Done{};
+    if (isRoot(root)) {
+        if (options.force) return Done{};
+        return Failure{root.string() + ": is a phone root already; it can be replaced by force only"};
+    }
+    if (fs::is_directory(root, error) && fs::is_empty(root, error)) return Done{};
+    return Failure{root.string() + ": exists and is not a phone root; it is left as it is"};
+}
+
+Status writeDeviceFile(const RootOptions& options, const fs::path& root) {
+    std::optional<Device> device = options.device.empty() ? Device{} : deviceFromProfile(options.device);
+    if (!device) {
+        std::string known;
+        for (const DeviceProfile& profile : deviceProfiles()) known += "\n  " + std::string(profile.id);
+        return Failure{"there is no device profile \"" + options.device + "\"; there are:" + known};
+    }
+    device->rightToLeft = options.rightToLeft;
+    if (!options.region.empty()) device->region = options.region;
+    std::string problem = writeDevice(root, *device);
+    return problem.empty() ? Status(Done{}) : Status(Failure{problem});
+}
+
+// One root in the making.
+struct Making {
+    const RootOptions& options;
+    const Progress& progress;
+    fs::path root;
+    double now;
+    RootReport report;
+
+    std::string region() const { return options.region.empty() ? Device{}.region : options.region; }
+
+    Status adopt() {
+        const std::pair<const fs::path&, const DatabaseShape&> adopted[] = {
+            {options.addressBook, addressBookShape()}, {options.images, imagesShape()}, {options.calls, callsShape()}};
+        for (const auto& [file, shape] : adopted) {
+            if (file.empty()) continue;
+            if (&file == &options.calls && isCallFile(file)) continue;
+            Status copied = adoptDatabase(file, shape, root / shape.path);
+            if (!copied) return copied;
+        }
+        return Done{};
+    }
+
+    Status addImported(AddressBookBuilder& builder) {
+        Result<ImportedContacts> imported = importVCards(options.contacts);
+        if (!imported) return imported.failure();
+        report.warnings = std::move(imported->warnings);
+        long done = 0;
+        for (Person& person : imported->persons) {
+            person.created = person.modified = now - kAddressBookEpoch;
+            Result<int> contact = builder.addPerson(person);
+            if (!contact && !person.photo.empty()) {
+                report.warnings.push_back(options.contacts.string() + ": " + person.displayName() +
+                                          " goes without photo: " + contact.text());
+                person.photo.clear();
+                contact = builder.addPerson(person);
+            }
+            if (!contact) return contact.failure();
+            if (progress && ++done % 100 == 0) progress("contacts", done, static_cast<long>(imported->persons.size()));
+        }
+        return Done{};
+    }
+
+    Status addContacts(AddressBookBuilder& builder) {
+        if (!options.contacts.empty()) return addImported(builder);
+        if (options.contactsCount == 0) return Done{};
+        Result<long> pictures =
+            addGeneratedContacts(builder, options.contactsCount, options.seed, now - kAddressBookEpoch, progress);
+        return pictures ? Status(Done{}) : Status(pictures.failure());
+    }
+
+    Status addCalls(AddressBookBuilder& builder) {
+        Result<long> added = 0L;
+        if (options.calls.empty()) {
+            if (!options.noCalls) added = addGeneratedCalls(builder, root, now, options.seed);
+        } else if (isCallFile(options.calls)) {
+            Result<std::vector<WrittenCall>> written = readCallFile(options.calls, now);
+            if (!written) return written.failure();
+            added = addWrittenCalls(builder, root, *written, region());
+        }
+        return added ? Status(Done{}) : Status(added.failure());
+    }
+
+    Status count() {
+        const std::tuple<const DatabaseShape&, const char*, long&> counts[] = {
+            {addressBookShape(), "SELECT count(*) FROM ABPerson", report.contacts},
+            {imagesShape(), "SELECT count(DISTINCT record_id) FROM ABThumbnailImage WHERE length(data)",
+             report.pictures},
+            {callsShape(), "SELECT count(*) FROM call", report.calls}};
+        for (const auto& [shape, sql, result] : counts) {
+            Result<Database> database = Database::openToRead(root / shape.path);
+            if (!database) return database.failure();
+            Statement statement = database->prepare(sql);
+            if (!statement.step()) return statement.status();
+            result = statement.integer(0);
+        }
+        return Done{};
+    }
+
+    Status fill() {
+        Status status = makeFolders(root);
+        if (status) status = writeDeviceFile(options, root);
+        if (status) status = installExtension(root, options);
+        if (status) status = adopt();
+        if (!status) return status;
+        Result<AddressBookBuilder> builder = AddressBookBuilder::open(root);
+        if (!builder) return builder.failure();
+        status = addContacts(*builder);
+        // The calls' callers are looked up in what was written.
+        if (status) status = builder->finish();
+        if (status) status = addCalls(*builder);
+        if (status) status = builder->finish();
+        return status ? count() : status;
+    }
+};
+
+double present() { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); }
+
+}  // namespace
+
+Result<RootReport> makeRoot(const RootOptions& options, const Progress& progress) {
+    std::error_code error;
+    fs::path root = fs::absolute(options.root, error).lexically_normal();
+    if (!root.has_filename()) root = root.parent_path();
+    if (options.root.empty() || root == root.root_path()) return Failure{"a phone root needs a directory of its own"};
+    Status possible = checkOptions(options);
+    if (possible) possible = checkPlace(options, root);
+    if (!possible) return possible.failure();
+    Result<Workshop> workshop = Workshop::beside(root);
+    if (!workshop) return workshop.failure();
+    Making making{options, progress, workshop->path(), options.now > 0 ? options.now : present(), {}};
+    Status made = making.fill();
+    if (made) made = workshop->moveTo(root);
+    if (!made) return made.failure();
+    return making.report;
+}
+
+bool isRoot(const std::filesystem::path& directory) {
+    std::error_code error;
+    return fs::is_regular_file(directory / "device.plist", error) && fs::is_directory(directory / "private/var", error);
+}
+
+}  // namespace phone

@@ -12,11 +12,15 @@ void dispatch_async(dispatch_queue_s* queue, id block);
 
 // Runs the function once per process, however many threads come at the same time; the others wait until it has run. The
 // token must have static storage and start at zero.
-inline void dispatchOnce(std::intptr_t& once, void (*function)()) {
+inline void dispatchOnce(std::intptr_t& once, void* context, void (*function)(void* context)) {
     // A token of ~0 means done: libdispatch's own inline fast path.
     if (std::atomic_ref(once).load(std::memory_order_acquire) == ~static_cast<std::intptr_t>(0)) return;
-    dispatch_once_f(&once, reinterpret_cast<void*>(function),
-                    [](void* context) { reinterpret_cast<void (*)()>(context)(); });
+    dispatch_once_f(&once, context, function);
+}
+
+inline void dispatchOnce(std::intptr_t& once, void (*function)()) {
+    dispatchOnce(once, reinterpret_cast<void*>(function),
+                 [](void* context) { reinterpret_cast<void (*)()>(context)(); });
 }
 
 // Runs the block on the main thread, after what was queued there before. Returns at once. Any thread.

@@ -29,10 +29,19 @@ struct NSString : NSObject {
         return send<NSString, "stringWithUTF8String:">(platformClass<"NSString">(), utf8);
     }
 
+    // A text of those UTF-16 code units, lone surrogates included (+0).
+    static NSString fromCharacters(const std::uint16_t* characters, NSUInteger length) {
+        return send<NSString, "stringWithCharacters:length:">(platformClass<"NSString">(), characters, length);
+    }
+
     // The text in UTF-8, living as long as the innermost autorelease pool; nullptr when it cannot be expressed.
     const char* utf8() const { return send<const char*, "UTF8String">(*this); }
     NSUInteger length() const { return send<NSUInteger, "length">(*this); }
     std::uint16_t characterAt(NSUInteger index) const { return send<std::uint16_t, "characterAtIndex:">(*this, index); }
+    // Copies the code units of the range, which must lie in the text.
+    void getCharacters(std::uint16_t* buffer, NSRange range) const {
+        send<void, "getCharacters:range:">(*this, buffer, range);
+    }
     // Raise a range error when the text is shorter.
     NSString substringToIndex(NSUInteger end) const { return send<NSString, "substringToIndex:">(*this, end); }
     NSString substringWithRange(NSRange range) const { return send<NSString, "substringWithRange:">(*this, range); }
@@ -173,6 +182,12 @@ struct NSMutableDictionary : NSDictionary {
     void removeAllObjects() const { send<void, "removeAllObjects">(*this); }
 };
 
+// An immutable copy of the object (+1).
+template <ObjectHandle T>
+Owned<T> copyOf(T object) {
+    return Owned<T>::adopt(send<T, "copy">(object));
+}
+
 struct NSBundle : NSObject {
     static NSBundle main() { return send<NSBundle, "mainBundle">(platformClass<"NSBundle">()); }
     NSString identifier() const { return send<NSString, "bundleIdentifier">(*this); }
@@ -181,6 +196,10 @@ struct NSBundle : NSObject {
 struct NSFileManager : NSObject {
     static NSFileManager shared() { return send<NSFileManager, "defaultManager">(platformClass<"NSFileManager">()); }
     bool exists(NSString path) const { return send<bool, "fileExistsAtPath:">(*this, path); }
+    // The same, with the question whether it is a directory left unasked.
+    bool existsOfAnyKind(NSString path) const {
+        return send<bool, "fileExistsAtPath:isDirectory:">(*this, path, static_cast<BOOL*>(nullptr));
+    }
 };
 
 struct NSNotificationCenter : NSObject {

@@ -30,6 +30,8 @@ IMP class_getMethodImplementation(Class cls, SEL selector);
 BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* types);
 BOOL class_addIvar(Class cls, const char* name, std::size_t size, std::uint8_t alignment, const char* types);
 const char* method_getTypeEncoding(Method method);
+Ivar class_getInstanceVariable(Class cls, const char* name);
+std::ptrdiff_t ivar_getOffset(Ivar variable);
 Ivar object_getInstanceVariable(id object, const char* name, void** value);
 SEL sel_registerName(const char* name);
 const char* sel_getName(SEL selector);

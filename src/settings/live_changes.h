@@ -3,17 +3,15 @@
 
 #include "src/platform/core_foundation.h"
 #include "src/platform/uikit.h"
-
-// The in-process notification that makes the visible lists fetch their pictures again.
-NSString settingsChangedNotification();
+#include "src/settings/settings.h"
 
 // The Contacts list's table view, which is reloaded when settings change: set once, with a reference of its own that is
 // never given back. Nil until a Contacts list is shown. Main thread.
 extern constinit UITableView membersTableView;
 
 // What the Darwin notify centre calls for each of the six settings' notifications: empties the image cache, loads the
-// settings, and has the lists redrawn, waiting for that. Does nothing in a process that is not served. The thread is the
-// notify centre's.
+// settings, and has the lists redrawn, waiting for that. Does nothing in a process that is not served. The thread is
+// the notify centre's.
 void zelkaCBSettingsChangedCallBack(CFNotificationCenterRef center, void* observer, CFStringRef name,
                                     const void* object, CFDictionaryRef userInfo);
 

@@ -4,6 +4,9 @@
 #include "src/platform/class_builder.h"
 #include "src/platform/foundation.h"
 
+// The in-process notification, posted without an object, that makes the visible lists fetch their pictures again (+0).
+inline NSString settingsChangedNotification() { return literal<"com.norvex.ZelkaSettingsChangedNotification">(); }
+
 // The process-wide settings object. The values are read and written without a lock: during a reload, other threads may
 // see some old and some new ones.
 struct ZLKCBSettings : NSObject {

@@ -1,0 +1,11 @@
+#include "src/util/process.h"
+
+NSString mainBundleIdentifier() { return NSBundle::main().identifier(); }
+
+bool isSpringBoard() { return mainBundleIdentifier().equals(literal<"com.apple.springboard">()); }
+
+bool isServedProcess() {
+    NSString identifier = mainBundleIdentifier();
+    return identifier.equals(literal<"com.apple.springboard">()) ||
+           identifier.equals(literal<"net.vantrel.callbarviewservice">());
+}

@@ -1,0 +1,10 @@
+#include "src/util/utility_class.h"
+
+#include "src/platform/send.h"
+
+void initialiseUtilityClass() {
+    static constinit std::atomic<bool> initialised{false};
+    if (initialised.load(std::memory_order_acquire)) return;
+    send<Class, "class">(platformClass<"ZelkaCBUtils">());
+    initialised.store(true, std::memory_order_release);
+}

@@ -15,7 +15,7 @@ void prepareImageCache();
 // Whether the device is an iPhone of a generation above 3.
 bool canprepareImageCache();
 
-}  // namespace ZelkaCBUtils
-
-// Class methods of ZelkaCBUtils.
+// The class methods that answer to these functions.
 std::span<const MethodRow> preloadMethods();
+
+}  // namespace ZelkaCBUtils

@@ -15,7 +15,7 @@ ABRecordRef getPersonRecordFromDB(ABRecordID contactID);
 // unknown address and when the database cannot be read.
 ABRecordID getContactID(NSString text);
 
-}  // namespace ZelkaCBUtils
-
-// Class methods of ZelkaCBUtils.
+// The class methods that answer to these functions.
 std::span<const MethodRow> contactIDMethods();
+
+}  // namespace ZelkaCBUtils

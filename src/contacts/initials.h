@@ -21,7 +21,7 @@ NSString getMonogramTextFromAB(ABRecordID contactID, std::int32_t currentReadCou
 NSString getMonogramTextFromAB(ABRecordID contactID);
 NSString monogramTextFromAB(ABRecordID contactID);
 
-}  // namespace ZelkaCBUtils
-
-// Class methods of ZelkaCBUtils.
+// The class methods that answer to these functions.
 std::span<const MethodRow> initialsMethods();
+
+}  // namespace ZelkaCBUtils

@@ -25,7 +25,7 @@ UIImage getContactImage(ABRecordID contactID);
 // The same for whom a phone number or an e-mail address belongs to; nil when that is nobody.
 UIImage getContactImageByNumber(NSString text);
 
-}  // namespace ZelkaCBUtils
-
-// Class methods of ZelkaCBUtils.
+// The class methods that answer to these functions.
 std::span<const MethodRow> lookupMethods();
+
+}  // namespace ZelkaCBUtils

@@ -33,7 +33,7 @@ UIImage getContactImageFromAB(ABRecordID contactID, bool addressBook, NSString m
 // under the date when the cache holds something there.
 UIImage getChatKitContactImageOnly(ABRecordID contactID, NSString monogramText, std::int32_t date);
 
-}  // namespace ZelkaCBUtils
-
-// Class methods of ZelkaCBUtils.
+// The class methods that answer to these functions.
 std::span<const MethodRow> lookupVariantMethods();
+
+}  // namespace ZelkaCBUtils

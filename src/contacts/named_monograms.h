@@ -15,7 +15,7 @@ UIImage getMonogramImageFromName(NSString name);
 // Cached under the e-mail address; without one drawn by every call.
 UIImage getMonogramImageFromName(NSString name, NSString email);
 
-}  // namespace ZelkaCBUtils
-
-// Class methods of ZelkaCBUtils.
+// The class methods that answer to these functions.
 std::span<const MethodRow> namedMonogramMethods();
+
+}  // namespace ZelkaCBUtils

@@ -10,12 +10,15 @@
 // as it takes, while the database cannot be read.
 NSData getContactImageFromABForID(ABRecordID contactID, std::int32_t unused);
 
+// The contact's thumbnail, else, from system 7 on, that of a linked contact, or nil. Blocks likewise.
+NSData photoOfContact(ABRecordID contactID);
+
 namespace ZelkaCBUtils {
 
 // The thumbnail of the first other contact that is linked to this one and has one, or nil. Blocks likewise.
 NSData getContactImageDataFromAB(ABRecordID contactID);
 
-}  // namespace ZelkaCBUtils
-
-// Class methods of ZelkaCBUtils.
+// The class methods that answer to these functions.
 std::span<const MethodRow> thumbnailMethods();
+
+}  // namespace ZelkaCBUtils

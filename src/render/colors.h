@@ -25,9 +25,10 @@ UIColor getMonogramRandomColor(NSInteger seed, bool darkColor);
 // The same from the full palette, in FaceTime from the dark one.
 UIColor getMonogramRandomColor(NSInteger seed);
 
+// The class methods that answer to these functions.
+std::span<const MethodRow> colorMethods();
+
 }  // namespace ZelkaCBUtils
 
-// Class methods of ZelkaCBUtils.
-std::span<const MethodRow> colorMethods();
 // Class methods to add to UIColor.
 std::span<const MethodRow> colorCategoryMethods();

@@ -34,7 +34,7 @@ UIImage getMonogramImage();
 // What stands in for a picture that is not there: a silhouette, or the "recent" picture when monograms are off.
 UIImage defaultImage();
 
-}  // namespace ZelkaCBUtils
-
-// Class methods of ZelkaCBUtils.
+// The class methods that answer to these functions.
 std::span<const MethodRow> monogramMethods();
+
+}  // namespace ZelkaCBUtils

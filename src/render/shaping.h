@@ -48,9 +48,10 @@ UIImage getImageFromImageData(NSData data);
 UIImage getImage(NSString path, CGSize size);
 UIImage getImage(NSString path);
 
+// The class methods that answer to these functions.
+std::span<const MethodRow> shapingMethods();
+
 }  // namespace ZelkaCBUtils
 
-// Class methods of ZelkaCBUtils.
-std::span<const MethodRow> shapingMethods();
 // Instance methods to add to UIImage.
 std::span<const MethodRow> imageCategoryMethods();

@@ -1,0 +1,71 @@
+#include "src/cache/preload.h"
+
+#include <array>
+
+#include "src/cache/image_cache.h"
+#include "src/contacts/thumbnails.h"
+#include "src/render/monograms.h"
+#include "src/render/shaping.h"
+#include "src/settings/settings.h"
+#include "src/util/database.h"
+#include "src/util/device_hardware.h"
+#include "src/util/log.h"
+#include "src/util/preference_bundle.h"
+
+namespace {
+
+constexpr std::size_t kSide = 80;
+
+void logFailure(const Database& database) {
+    logErrorPlain("Error while opening database connection: '", database.message(), "'");
+}
+
+// What a contact gets whose bytes could not be taken out of the row: nothing when somebody linked to it has a photo.
+UIImage substituteFor(ABRecordID contactID) {
+    if (ZelkaCBUtils::getContactImageDataFromAB(contactID)) return {};
+    UIImage picture;
+    if (ZelkaCBUtils::isMonogramEnabled()) picture = ZelkaCBUtils::monogramImage(NSString{}, contactID);
+    return picture ? picture : ZelkaCBUtils::getImage(bundlePicturePath(literal<"recent">()));
+}
+
+void storePictureOf(const Statement& row) {
+    ABRecordID contactID = row.integer(0);
+    auto bytes = row.bytes(1);
+    NSData data = NSData::copyOf(bytes.data(), bytes.size());
+    UIImage picture = data ? shapeThumbnail(UIImage::fromData(data), kSide, kSide) : substituteFor(contactID);
+    ZelkaCBUtils::storeImage(picture, ZelkaCBUtils::cacheKey(contactID));
+}
+
+}  // namespace
+
+namespace ZelkaCBUtils {
+
+void prepareImageCache() {
+    removeAllImages();
+    Database database(kAddressBookImageDatabase);
+    if (!database.isOpen()) return logFailure(database);
+    Statement rows(database, "SELECT record_id, data FROM ABThumbnailImage WHERE FORMAT=0 AND DATA IS NOT NULL");
+    if (!rows.isPrepared()) return logFailure(database);
+    while (rows.step() == SQLITE_ROW) {
+        // A pool a row: decoded photos would pile up until the caller's pool goes.
+        AutoreleasePool pool;
+        storePictureOf(rows);
+    }
+}
+
+bool canprepareImageCache() {
+    static constinit NSString deviceName;
+    if (!deviceName) deviceName = Owned<NSString>::retain(ZLKCBUIDeviceHardware::platformString()).leak();
+    NSString family = literal<"iPhone">();
+    if (!deviceName.hasPrefix(family)) return false;
+    NSUInteger start = family.length();
+    return deviceName.substringWithRange({start, deviceName.length() - start}).integerValue() > 3;
+}
+
+std::span<const MethodRow> preloadMethods() {
+    static constexpr std::array rows{classMethod<"prepareImageCache", void(), &prepareImageCache>(),
+                                     classMethod<"canprepareImageCache", bool(), &canprepareImageCache>()};
+    return rows;
+}
+
+}  // namespace ZelkaCBUtils

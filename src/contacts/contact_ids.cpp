@@ -1,0 +1,54 @@
+#include "src/contacts/contact_ids.h"
+
+#include <array>
+
+#include "src/cache/contact_id_memo.h"
+#include "src/cache/shared_address_book.h"
+#include "src/platform/log.h"
+#include "src/util/database.h"
+
+namespace {
+
+constexpr ABRecordID kNobody = 0;
+constexpr ABRecordID kUnknownAddress = -1;
+
+ABRecordID contactOfPhoneNumber(NSString number) {
+    ABRecordRef person = ABCFindPersonMatchingPhoneNumber(ZelkaCBUtils::getAddressBook(), number.object, 0, 0);
+    return person != nullptr ? ABRecordGetRecordID(person) : kNobody;
+}
+
+ABRecordID contactOfEmailAddress(NSString address) {
+    if (!NSFileManager::shared().exists(NSString::fromUTF8(kAddressBookDatabase))) return kUnknownAddress;
+    Database database(kAddressBookDatabase);
+    if (!database.isOpen()) return kUnknownAddress;
+    // The address stands in the statement as it is: one with a quote makes no statement and belongs to nobody.
+    NSString query = joinText("Select record_id from ABMULTIVALUE where value like'%", address, "'");
+    Statement statement(database, query.utf8());
+    if (!statement.isPrepared() || statement.step() == SQLITE_DONE) return kUnknownAddress;
+    return statement.integer(0);
+}
+
+}  // namespace
+
+namespace ZelkaCBUtils {
+
+ABRecordRef getPersonRecordFromDB(ABRecordID contactID) {
+    return ABAddressBookGetPersonWithRecordID(getAddressBook(), contactID);
+}
+
+ABRecordID getContactID(NSString text) {
+    if (ABRecordID known = rememberedContactID(text); known >= 1) return known;
+    bool isEmail = text.contains(literal<"@">(), kCaseInsensitiveSearch);
+    ABRecordID found = isEmail ? contactOfEmailAddress(text) : contactOfPhoneNumber(text);
+    rememberContactID(text, found);
+    return found;
+}
+
+std::span<const MethodRow> contactIDMethods() {
+    static constexpr std::array rows{
+        classMethod<"getPersonRecordFromDB:", ABRecordRef(ABRecordID), &getPersonRecordFromDB>(),
+        classMethod<"getContactID:", ABRecordID(NSString), &getContactID>()};
+    return rows;
+}
+
+}  // namespace ZelkaCBUtils

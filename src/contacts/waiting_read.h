@@ -1,0 +1,24 @@
+// What the reads of a single contact do while a database cannot be read: they tell it and try again, without end.
+#pragma once
+
+#include <unistd.h>
+
+#include "src/util/database.h"
+#include "src/util/log.h"
+
+// Logs what the connection says after the text. Pools what the line takes, for a wait may last for days.
+inline void logDatabaseError(LogSite site, const char* text, const Database& database) {
+    AutoreleasePool pool;
+    logError(site, text, database.message(), "'");
+}
+
+inline void logOpenError(LogSite site, const Database& database) {
+    logDatabaseError(site, "Error while opening database connection: '", database);
+}
+
+inline void logPrepareError(LogSite site, const Database& database) {
+    logDatabaseError(site, "Error while preparing statement: '", database);
+}
+
+// Blocks the thread for a second.
+inline void waitForDatabase() { sleep(1); }

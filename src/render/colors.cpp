@@ -1,0 +1,76 @@
+#include "src/render/colors.h"
+
+#include <array>
+#include <cstdlib>
+
+#include "src/platform/log.h"
+#include "src/util/process.h"
+
+namespace {
+
+constexpr std::array kFullPalette{
+    "#4b9484", "#9cd2d0", "#9f9cd2", "#12a9d5", "#42d7b6", "#80c99d", "#84f4eb", "#576c93", "#898c66", "#4785f2",
+    "#839096", "#a2c257", "#a5682a", "#B294D1", "#c9b580", "#cd6b80", "#cfd8f0", "#cff0e2", "#d2cf9c", "#d7d242",
+    "#D8BFD8", "#d8f0cf", "#dacff0", "#e3b333", "#EE9572", "#f0cfcf", "#f0cfe7", "#f0eacf", "#f9cccc", "#f484c6"};
+
+// The saturated colours of the full palette, which carry white letters better on a dark screen.
+constexpr std::array kDarkPalette{"#4b9484", "#12a9d5", "#576c93", "#898c66", "#4785f2", "#839096", "#a2c257",
+                                  "#a5682a", "#cd6b80", "#d7d242", "#e3b333", "#EE9572", "#f484c6"};
+
+static_assert(kFullPalette.size() == 30 && kDarkPalette.size() == 13);
+
+// The number that two hexadecimal digits of the text spell.
+NSInteger componentAt(NSString text, NSUInteger position) {
+    unsigned value = 0;
+    NSScanner::with(joinText("0x", text.substringWithRange({position, 2}))).scanHex(value);
+    return static_cast<NSInteger>(value);
+}
+
+std::size_t drawPaletteIndex(NSInteger seed, std::size_t count) {
+    std::size_t first = arc4random() % count;
+    std::size_t shift = seed < 1 ? arc4random() : static_cast<std::size_t>(seed);
+    std::size_t index = shift % count + first;
+    while (index >= count) index = 2 * (arc4random() % count);
+    return index;
+}
+
+}  // namespace
+
+UIColor colorWithHexaCode(std::int32_t code) {
+    return colorWithComponents((code >> 16) & 0xFF, (code >> 8) & 0xFF, code & 0xFF, 1.0);
+}
+
+UIColor colorWithComponents(NSInteger red, NSInteger green, NSInteger blue, CGFloat alpha) {
+    auto component = [](NSInteger value) { return static_cast<CGFloat>(value) / static_cast<CGFloat>(255.0); };
+    return UIColor::withComponents(component(red), component(green), component(blue), alpha);
+}
+
+UIColor colorWithHexaCode(NSString text, CGFloat alpha) {
+    return colorWithComponents(componentAt(text, 1), componentAt(text, 3), componentAt(text, 5), alpha);
+}
+
+UIColor ZelkaCBUtils::getMonogramRandomColor(NSInteger seed, bool darkColor) {
+    std::span<const char* const> palette = kFullPalette;
+    if (darkColor) palette = kDarkPalette;
+    return colorWithHexaCode(NSString::fromUTF8(palette[drawPaletteIndex(seed, palette.size())]), 1.0);
+}
+
+UIColor ZelkaCBUtils::getMonogramRandomColor(NSInteger seed) {
+    return getMonogramRandomColor(seed, mainBundleIdentifier().equals(literal<"com.apple.facetime">()));
+}
+
+std::span<const MethodRow> ZelkaCBUtils::colorMethods() {
+    static constexpr std::array rows{
+        classMethod<"getMonogramRandomColor:darkColor:", UIColor(NSInteger, bool), &getMonogramRandomColor>(),
+        classMethod<"getMonogramRandomColor:", UIColor(NSInteger), &getMonogramRandomColor>()};
+    return rows;
+}
+
+std::span<const MethodRow> colorCategoryMethods() {
+    static constexpr std::array rows{
+        classMethod<"ZelkaCBColorWithHexaCode:", UIColor(std::int32_t), &colorWithHexaCode>(),
+        classMethod<"ZelkaCBColorWithRed:green:blue:alpha:", UIColor(NSInteger, NSInteger, NSInteger, CGFloat),
+                    &colorWithComponents>(),
+        classMethod<"ZelkaCBColorWithHexaCode:alpha:", UIColor(NSString, CGFloat), &colorWithHexaCode>()};
+    return rows;
+}

@@ -3,8 +3,6 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <string.h>
-#include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace phone {
@@ -12,18 +10,11 @@ namespace {
 
 std::string problem(const std::filesystem::path& path) { return path.string() + ": " + strerror(errno); }
 
-// A line that was cut short (a full disk) is taken back, so that the next poster's is not glued to it.
-std::string appendLine(int file, const std::filesystem::path& path, const std::string& line) {
-    while (flock(file, LOCK_EX) != 0) {
-        if (errno != EINTR) return problem(path);
-    }
-    struct stat before {};
-    if (fstat(file, &before) != 0) return problem(path);
-    const ssize_t written = write(file, line.data(), line.size());
-    if (written == static_cast<ssize_t>(line.size())) return "";
-    const std::string message = written < 0 ? problem(path) : path.string() + ": the disk is full";
-    if (ftruncate(file, before.st_size) != 0) return message + "; and " + problem(path);
-    return message;
+// One write, and no lock: the kernel keeps appending writes whole, and a poster that is stopped keeps nobody waiting.
+std::string append(int file, const std::filesystem::path& path, const std::string& record) {
+    const ssize_t written = write(file, record.data(), record.size());
+    if (written < 0) return problem(path);
+    return written == static_cast<ssize_t>(record.size()) ? "" : path.string() + ": the disk is full";
 }
 
 }  // namespace
@@ -42,7 +33,8 @@ std::string postNotification(const std::filesystem::path& root, std::string_view
     if (error) return path.parent_path().string() + ": " + error.message();
     const int file = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
     if (file < 0) return problem(path);
-    const std::string message = appendLine(file, path, std::string(name) + "\n");
+    // The leading line end parts it from a record that a full disk cut short.
+    const std::string message = append(file, path, "\n" + std::string(name) + "\n");
     close(file);
     return message;
 }

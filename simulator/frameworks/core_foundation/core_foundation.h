@@ -22,11 +22,9 @@ typedef NSURL* CFURLRef;
 typedef NSError* CFErrorRef;
 typedef const struct __CFAllocator* CFAllocatorRef;
 typedef long CFIndex;
-typedef unsigned char CFBoolean_t;
 typedef unsigned char UInt8;
 typedef double CFTimeInterval;
 typedef double CFAbsoluteTime;  // seconds since 2001-01-01 00:00 UTC
-typedef signed long CFComparisonResult;
 
 #define kCFAllocatorDefault ((CFAllocatorRef)0)
 

@@ -1,6 +1,7 @@
 #import <Foundation/Foundation.h>
 
 #include "simulator/frameworks/objc/runtime.h"
+#include "simulator/frameworks/objc/weak_references.h"
 
 #include <dlfcn.h>
 
@@ -124,6 +125,7 @@ void objc_removeAssociatedObjects(id object) {
 // Foundation ends every object's life here; taking its name by definition order puts this ahead of it.
 void NSDeallocateObject(id object) {
     static const auto deallocate = reinterpret_cast<void (*)(id)>(dlsym(RTLD_NEXT, "NSDeallocateObject"));
+    zeroWeakReferences(object);
     objc_removeAssociatedObjects(object);
     deallocate(object);
 }

@@ -33,6 +33,12 @@ void objc_setAssociatedObject(id object, const void* key, id value, objc_Associa
 id objc_getAssociatedObject(id object, const void* key);
 void objc_removeAssociatedObjects(id object);
 
+// Weak references: slots that become nil when their object goes. What is loaded is owned by the caller (+1). Any thread.
+id objc_initWeak(id* slot, id object);
+id objc_loadWeakRetained(id* slot);
+void objc_moveWeak(id* to, id* from);
+void objc_destroyWeak(id* slot);
+
 // Blocks, per the public Block ABI. `_Block_copy` answers a heap block owned by the caller (+1).
 void* _Block_copy(const void* block);
 void _Block_release(const void* block);

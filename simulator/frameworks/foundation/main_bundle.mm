@@ -1,0 +1,26 @@
+#import <Foundation/Foundation.h>
+
+#include "simulator/frameworks/foundation/replace_method.h"
+#include "simulator/runtime/phone_root.h"
+#include "simulator/runtime/process.h"
+
+namespace {
+
+NSString* (*identifierBefore)(id, SEL);
+
+// A plain program has no bundle that could tell; the process was told at its start.
+NSString* identifier(id self, SEL selector) {
+    if (self != [NSBundle mainBundle] || phone::root().empty()) return identifierBefore(self, selector);
+    const std::string& name = phone::bundleIdentifier();
+    return name.empty() ? nil : [NSString stringWithUTF8String:name.c_str()];
+}
+
+}  // namespace
+
+@interface PhoneMainBundle : NSObject
+@end
+@implementation PhoneMainBundle
++ (void)load {
+    identifierBefore = phone::replaceMethod([NSBundle class], "bundleIdentifier", identifier);
+}
+@end

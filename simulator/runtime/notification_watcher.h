@@ -1,0 +1,34 @@
+#pragma once
+
+#include <atomic>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace phone {
+
+// Follows the notification log of one root from its end of this moment on. Reading takes no lock, so a follower that is
+// stopped keeps no poster waiting.
+class NotificationWatcher {
+  public:
+    // Answers an empty string, or a message telling why the log cannot be followed.
+    std::string open(const std::filesystem::path& root);
+
+    // Waits for the log to grow. Answers the names posted since the last call, oldest first; they count as unread until
+    // markRead(). The following thread only.
+    std::vector<std::string> next();
+    void markRead();
+
+    // Whether something was posted that is not marked read yet. Any thread.
+    bool hasUnread() const;
+
+  private:
+    std::vector<std::string> readWholeLines();
+
+    int file_ = -1;
+    int changes_ = -1;
+    std::atomic<long> position_{0};  // behind the last name marked read
+    long readTo_ = 0;
+};
+
+}  // namespace phone

@@ -1,0 +1,94 @@
+#import "simulator/frameworks/contacts_ui/ABMember.h"
+
+#include "simulator/frameworks/contacts_ui/member_list.h"
+
+namespace {
+
+NSString* textOf(const std::string& text) {
+    NSString* result = [NSString stringWithUTF8String:text.c_str()];
+    return result != nil ? result : @"";
+}
+
+NSString* sectionOfKey(NSString* key) {
+    const unichar first = [key length] > 0 ? [key characterAtIndex:0] : 0;
+    return first >= 'a' && first <= 'z' ? [[key substringToIndex:1] uppercaseString] : @"#";
+}
+
+// "#" stands behind the letters.
+NSComparisonResult compareMembers(ABMember* a, ABMember* b, void* context) {
+    (void)context;
+    const bool aNamed = ![[a sectionTitle] isEqualToString:@"#"];
+    const bool bNamed = ![[b sectionTitle] isEqualToString:@"#"];
+    if (aNamed != bNamed) return aNamed ? NSOrderedAscending : NSOrderedDescending;
+    const NSComparisonResult order = [[a sortKey] compare:[b sortKey] options:NSLiteralSearch];
+    if (order != NSOrderedSame) return order;
+    return [a recordID] < [b recordID] ? NSOrderedAscending : NSOrderedDescending;
+}
+
+}  // namespace
+
+@implementation ABMember
+
+- (instancetype)initWithMember:(const contacts_ui::Member&)member {
+    if ((self = [super init]) != nil) {
+        _recordID = member.id;
+        _name = [textOf(member.name) copy];
+        _sortKey = [ABUIFold(textOf(member.sortKey)) copy];
+        _sectionTitle = [sectionOfKey(_sortKey) copy];
+    }
+    return self;
+}
+
+- (void)dealloc {
+    [_name release];
+    [_sortKey release];
+    [_sectionTitle release];
+    [_person release];
+    [super dealloc];
+}
+
+- (ABRecordID)recordID {
+    return _recordID;
+}
+
+- (NSString*)name {
+    return _name;
+}
+
+- (NSString*)sortKey {
+    return _sortKey;
+}
+
+- (NSString*)sectionTitle {
+    return _sectionTitle;
+}
+
+- (ABUIPerson*)person {
+    if (_person == nil) _person = [[ABUIPerson personWithRecordID:_recordID] retain];
+    return _person;
+}
+
+- (BOOL)matchesFoldedText:(NSString*)text {
+    if ([text length] == 0) return NO;
+    NSString* name = ABUIFold(_name);
+    return [name hasPrefix:text] || [name rangeOfString:[@" " stringByAppendingString:text]].length > 0;
+}
+
+@end
+
+NSString* ABUIFold(NSString* text) {
+    NSString* lower = [[text decomposedStringWithCanonicalMapping] lowercaseString];
+    NSCharacterSet* marks = [NSCharacterSet nonBaseCharacterSet];
+    if ([lower rangeOfCharacterFromSet:marks].length == 0) return lower;
+    return [[lower componentsSeparatedByCharactersInSet:marks] componentsJoinedByString:@""];
+}
+
+NSArray* ABUIReadMembers(void) {
+    std::vector<contacts_ui::Member> rows;
+    std::string error;
+    if (!contacts_ui::readMembers(rows, error)) NSLog(@"Contacts: the contacts cannot be read: %s", error.c_str());
+    NSMutableArray* members = [NSMutableArray arrayWithCapacity:rows.size()];
+    for (const contacts_ui::Member& row : rows) [members addObject:[[[ABMember alloc] initWithMember:row] autorelease]];
+    [members sortUsingFunction:(NSComparisonResult(*)(id, id, void*))compareMembers context:nullptr];
+    return members;
+}

@@ -1,0 +1,92 @@
+#import "simulator/frameworks/contacts_ui/ABUIPerson.h"
+
+ABAddressBookRef ABUISharedAddressBook(void) {
+    static ABAddressBookRef book = ABAddressBookCreate();
+    return book;
+}
+
+namespace {
+
+// As a capital; empty for an empty or missing name.
+NSString* firstLetter(NSString* name) {
+    if ([name length] == 0) return @"";
+    return [[name substringWithRange:[name rangeOfComposedCharacterSequenceAtIndex:0]] uppercaseString];
+}
+
+}  // namespace
+
+NSString* ABUIInitialsOfName(NSString* name) {
+    NSMutableArray* words = [NSMutableArray array];
+    for (NSString* word in [name componentsSeparatedByCharactersInSet:[NSCharacterSet whitespaceCharacterSet]])
+        if ([word length] > 0) [words addObject:word];
+    if ([words count] < 2) return firstLetter([words lastObject]);
+    return [firstLetter([words objectAtIndex:0]) stringByAppendingString:firstLetter([words lastObject])];
+}
+
+@implementation ABUIPerson
+
++ (ABUIPerson*)personWithRecord:(ABRecordRef)record {
+    ABUIPerson* person = [[[self alloc] init] autorelease];
+    person->_record = CFRetain(record);
+    return person;
+}
+
++ (ABUIPerson*)personWithRecordID:(ABRecordID)identifier {
+    ABRecordRef record = ABAddressBookGetPersonWithRecordID(ABUISharedAddressBook(), identifier);
+    return record != nullptr ? [self personWithRecord:record] : nil;
+}
+
+- (void)dealloc {
+    if (_record != nullptr) CFRelease(_record);
+    [super dealloc];
+}
+
+- (ABRecordRef)record {
+    return _record;
+}
+
+- (ABRecordID)recordID {
+    return ABRecordGetRecordID(_record);
+}
+
+// nil for a name that is missing or empty.
+- (NSString*)nameOfProperty:(ABPropertyID)property {
+    NSString* name = [(NSString*)ABRecordCopyValue(_record, property) autorelease];
+    return [name length] > 0 ? name : nil;
+}
+
+- (NSString*)compositeName {
+    NSString* first = [self nameOfProperty:kABPersonFirstNameProperty];
+    NSString* last = [self nameOfProperty:kABPersonLastNameProperty];
+    if (first != nil && last != nil) return [NSString stringWithFormat:@"%@ %@", first, last];
+    if (first != nil || last != nil) return first != nil ? first : last;
+    NSString* organization = [self nameOfProperty:kABPersonOrganizationProperty];
+    return organization != nil ? organization : [self nameOfProperty:kABPersonNicknameProperty];
+}
+
+- (NSString*)initials {
+    NSString* first = firstLetter([self nameOfProperty:kABPersonFirstNameProperty]);
+    NSString* last = firstLetter([self nameOfProperty:kABPersonLastNameProperty]);
+    return [first stringByAppendingString:last];
+}
+
+- (NSArray*)linkedPeople {
+    NSArray* records = [(NSArray*)ABPersonCopyArrayOfAllLinkedPeople(_record) autorelease];
+    if ([records count] == 0) return @[ self ];
+    NSMutableArray* people = [NSMutableArray arrayWithCapacity:[records count]];
+    for (id record in records) [people addObject:[ABUIPerson personWithRecord:(ABRecordRef)record]];
+    return people;
+}
+
+- (ABUIPerson*)preferredPersonForPhoto {
+    if ([[self preferredPhotoThumbnail] length] > 0) return self;
+    for (ABUIPerson* person in [self linkedPeople])
+        if ([[person preferredPhotoThumbnail] length] > 0) return person;
+    return self;
+}
+
+- (NSData*)preferredPhotoThumbnail {
+    return [(NSData*)ABPersonCopyImageDataWithFormat(_record, kABPersonImageFormatThumbnail) autorelease];
+}
+
+@end

@@ -1,0 +1,20 @@
+// All contacts of the phone as a sorted list, read straight from the address book's database.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace contacts_ui {
+
+struct Member {
+    int id = 0;
+    std::string name;     // as shown: first and last name, else organization, else nickname; may be empty
+    std::string sortKey;  // last name, then first; else what is shown
+};
+
+// One member for each contact, but one only for all that are linked into one person (the preferred one, else the lowest
+// ID), in the database's order. A database that cannot be read answers false and tells why in `error`. Any thread of a
+// booted process.
+bool readMembers(std::vector<Member>& members, std::string& error);
+
+}  // namespace contacts_ui

@@ -1,0 +1,86 @@
+#import "simulator/hosts/callbar/CallBarFavoritesStrip.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr CGFloat kPictureSide = 60;
+constexpr CGFloat kNameGap = 5;
+constexpr CGFloat kNameHeight = 16;
+constexpr CGFloat kButtonHeight = kPictureSide + kNameGap + kNameHeight;
+constexpr CGFloat kColumnWidth = 76;
+constexpr CGFloat kMargin = 8;
+constexpr CGFloat kRowGap = 14;
+
+}  // namespace
+
+@implementation CallBarFavoriteButton
+
++ (CallBarFavoriteButton*)buttonWithPicture:(UIImage*)picture name:(NSString*)name contact:(int)contact {
+    CallBarFavoriteButton* button = [self buttonWithType:UIButtonTypeCustom];
+    button->_contact = contact;
+    [button setImage:picture forState:UIControlStateNormal];
+    [button setTitle:name forState:UIControlStateNormal];
+    [button setTitleColor:[UIColor blackColor] forState:UIControlStateNormal];
+    [[button titleLabel] setFont:[UIFont systemFontOfSize:12]];
+    [[button titleLabel] setTextAlignment:NSTextAlignmentCenter];
+    return button;
+}
+
+- (int)contactIdentifier {
+    return _contact;
+}
+
+- (void)layoutSubviews {
+    [super layoutSubviews];
+    const CGFloat width = [self bounds].size.width;
+    [[self imageView] setFrame:CGRectMake((width - kPictureSide) / 2, 0, kPictureSide, kPictureSide)];
+    [[self titleLabel] setFrame:CGRectMake(0, kPictureSide + kNameGap, width, kNameHeight)];
+}
+
+@end
+
+@implementation CallBarFavoritesStrip
+
+- (void)dealloc {
+    [_buttons release];
+    [super dealloc];
+}
+
+- (NSArray*)buttons {
+    return [NSArray arrayWithArray:_buttons];
+}
+
+- (void)addButton:(CallBarFavoriteButton*)button {
+    if (_buttons == nil) _buttons = [[NSMutableArray alloc] init];
+    [_buttons addObject:button];
+    [self addSubview:button];
+    [self setNeedsLayout];
+}
+
+- (void)removeAllButtons {
+    for (UIView* button in _buttons) [button removeFromSuperview];
+    [_buttons removeAllObjects];
+}
+
+- (void)layoutSubviews {
+    [super layoutSubviews];
+    const CGFloat width = [self bounds].size.width - 2 * kMargin;
+    const int columns = std::max(1, static_cast<int>(width / kColumnWidth));
+    const CGFloat columnWidth = width / columns;
+    const bool mirrored =
+        [[UIApplication sharedApplication] userInterfaceLayoutDirection] == UIUserInterfaceLayoutDirectionRightToLeft;
+    int index = 0;
+    for (UIView* button in _buttons) {
+        const int place = index % columns;
+        const int column = mirrored ? columns - 1 - place : place;
+        const int row = index / columns;
+        const CGFloat left = kMargin + column * columnWidth + (columnWidth - kColumnWidth) / 2;
+        [button setFrame:CGRectMake(std::floor(left), kRowGap + row * (kButtonHeight + kRowGap), kColumnWidth,
+                                    kButtonHeight)];
+        ++index;
+    }
+}
+
+@end

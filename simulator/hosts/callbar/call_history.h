@@ -1,0 +1,29 @@
+// The phone's call history and the labels of its contacts' addresses, read straight from the databases.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace callbar {
+
+struct CallRow {
+    long long id = 0;  // ROWID
+    std::string address;
+    double date = 0;   // seconds since 1970-01-01 00:00 UTC
+    int duration = 0;  // seconds
+    int flags = 0;
+    int contact = -1;  // the contact ID that the history remembers, or -1
+    std::string name;  // the caller's name that the history remembers; may be empty
+
+    bool outgoing() const { return (flags & 1) != 0; }
+    bool missed() const { return !outgoing() && duration == 0; }
+};
+
+// All calls, the latest first. A database that cannot be read answers false and tells why in `error`; `calls` then
+// holds what could be read. Any thread of a booted process.
+bool readCallHistory(std::vector<CallRow>& calls, std::string& error);
+
+// What the address book calls one address of a contact ("mobile", "home"); empty when it has no label for it.
+std::string addressLabel(int contact, const std::string& address);
+
+}  // namespace callbar

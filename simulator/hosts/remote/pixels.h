@@ -1,0 +1,30 @@
+// Pictures as bytes, for looking at them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+@class UIImage;
+
+namespace hosts {
+
+struct Pixels {
+    size_t width = 0;
+    size_t height = 0;
+    std::vector<uint8_t> rgba;  // alpha premultiplied, top row first
+
+    bool empty() const { return rgba.empty(); }
+    const uint8_t* at(size_t x, size_t y) const { return rgba.data() + 4 * (y * width + x); }
+};
+
+// The picture's own pixels; empty for nil.
+Pixels pixelsOf(UIImage* image);
+// The picture stretched to a square of `side` pixels; empty for nil.
+Pixels pixelsStretched(UIImage* image, size_t side);
+
+// Sixteen hexadecimal digits that tell two pictures' pixels and sizes apart.
+std::string contentHash(const Pixels& pixels);
+
+}  // namespace hosts

@@ -1,0 +1,183 @@
+#import "simulator/hosts/remote/remote_control.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+
+#import "simulator/hosts/remote/commands.h"
+
+namespace {
+
+bool writeAll(int descriptor, const char* bytes, size_t length) {
+    while (length > 0) {
+        const ssize_t count = ::write(descriptor, bytes, length);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return false;
+        bytes += count;
+        length -= static_cast<size_t>(count);
+    }
+    return true;
+}
+
+// JSON texts are UTF-8, which knows no lone surrogates; names from the wild do.
+NSString* wellFormed(NSString* text) {
+    NSMutableString* result = nil;
+    const NSUInteger length = [text length];
+    for (NSUInteger i = 0; i < length; ++i) {
+        const unichar c = [text characterAtIndex:i];
+        if (c < 0xD800 || c > 0xDFFF) continue;
+        const unichar next = i + 1 < length ? [text characterAtIndex:i + 1] : 0;
+        if (c < 0xDC00 && next >= 0xDC00 && next <= 0xDFFF) {
+            ++i;
+            continue;
+        }
+        if (result == nil) result = [[text mutableCopy] autorelease];
+        [result replaceCharactersInRange:NSMakeRange(i, 1) withString:@"\uFFFD"];
+    }
+    return result != nil ? result : text;
+}
+
+id wellFormedJson(id value) {
+    if ([value isKindOfClass:[NSString class]]) return wellFormed(value);
+    if ([value isKindOfClass:[NSArray class]]) {
+        NSMutableArray* result = [NSMutableArray array];
+        for (id item in value) [result addObject:wellFormedJson(item)];
+        return result;
+    }
+    if ([value isKindOfClass:[NSDictionary class]]) {
+        NSMutableDictionary* result = [NSMutableDictionary dictionary];
+        for (NSString* key in value) [result setObject:wellFormedJson([value objectForKey:key]) forKey:key];
+        return result;
+    }
+    return value;
+}
+
+}  // namespace
+
+// Reads lines on a thread of its own and carries them out on the main thread.
+@interface ZSRemoteServer : NSObject {
+  @public
+    int _input;
+    int _output;
+    BOOL _quit;
+    BOOL _busy;
+    NSMutableArray* _waiting;
+    const std::vector<std::string>* _injected;
+}
+- (void)readLines;
+@end
+
+@implementation ZSRemoteServer
+
+- (void)dealloc {
+    [_waiting release];
+    [super dealloc];
+}
+
+- (void)readLines {
+    NSMutableData* unread = [NSMutableData data];
+    char buffer[65536];
+    for (;;) {
+        const ssize_t count = ::read(_input, buffer, sizeof buffer);
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) break;
+        [unread appendBytes:buffer length:(NSUInteger)count];
+        [self takeLinesOf:unread];
+    }
+    [self performSelectorOnMainThread:@selector(inputEnded) withObject:nil waitUntilDone:NO];
+}
+
+- (void)takeLinesOf:(NSMutableData*)unread {
+    @autoreleasepool {
+        for (;;) {
+            const char* bytes = (const char*)[unread bytes];
+            const void* end = [unread length] > 0 ? memchr(bytes, '\n', [unread length]) : nullptr;
+            if (end == nullptr) return;
+            const NSUInteger length = (NSUInteger)((const char*)end - bytes);
+            NSData* line = [NSData dataWithBytes:bytes length:length];
+            [unread replaceBytesInRange:NSMakeRange(0, length + 1) withBytes:nullptr length:0];
+            [self performSelectorOnMainThread:@selector(takeLine:) withObject:line waitUntilDone:NO];
+        }
+    }
+}
+
+- (void)inputEnded {
+    _quit = YES;
+}
+
+// A command that runs the run loop must not be overtaken by the next one.
+- (void)takeLine:(NSData*)line {
+    [_waiting addObject:line];
+    if (_busy) return;
+    _busy = YES;
+    while ([_waiting count] > 0 && !_quit) {
+        @autoreleasepool {
+            NSData* next = [[[_waiting objectAtIndex:0] retain] autorelease];
+            [_waiting removeObjectAtIndex:0];
+            [self answerLine:next];
+        }
+    }
+    _busy = NO;
+}
+
+- (void)answerLine:(NSData*)line {
+    NSError* problem = nil;
+    NSDictionary* command = [NSJSONSerialization JSONObjectWithData:line options:0 error:&problem];
+    NSMutableDictionary* answer = [NSMutableDictionary dictionary];
+    hosts::CommandResult result;
+    if ([command isKindOfClass:[NSDictionary class]]) {
+        result = hosts::carryOut(command, *_injected);
+        if ([command objectForKey:@"id"] != nil) [answer setObject:[command objectForKey:@"id"] forKey:@"id"];
+    } else {
+        result.error = @"a command is one JSON object on one line, such as {\"do\": \"info\"}";
+    }
+    if (result.answer != nil)
+        [answer addEntriesFromDictionary:result.answer];
+    else
+        [answer setObject:result.error forKey:@"error"];
+    _quit = _quit || result.quit;
+    [self send:answer];
+}
+
+- (void)send:(NSDictionary*)answer {
+    NSError* problem = nil;
+    NSMutableData* bytes = [[[NSJSONSerialization dataWithJSONObject:wellFormedJson(answer) options:0
+                                                               error:&problem] mutableCopy] autorelease];
+    [bytes appendBytes:"\n" length:1];
+    if (bytes == nil || !writeAll(_output, (const char*)[bytes bytes], [bytes length])) _quit = YES;
+}
+
+@end
+
+namespace hosts {
+
+void RemoteControl::takeStandardStreams() {
+    input_ = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    output_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int nothing = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    ::dup2(nothing, STDIN_FILENO);
+    ::dup2(STDERR_FILENO, STDOUT_FILENO);
+    ::close(nothing);
+}
+
+void RemoteControl::serve() {
+    ZSRemoteServer* server = [[ZSRemoteServer alloc] init];
+    server->_input = input_;
+    server->_output = output_;
+    server->_waiting = [[NSMutableArray alloc] init];
+    server->_injected = &injected;
+    @autoreleasepool {
+        [NSThread detachNewThreadSelector:@selector(readLines) toTarget:server withObject:nil];
+        [server send:@{@"ready" : [NSNumber numberWithBool:YES]}];
+    }
+    while (!server->_quit) {
+        @autoreleasepool {
+            // A run loop without sources returns at once; the date keeps the turns apart.
+            [[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate dateWithTimeIntervalSinceNow:60]];
+        }
+    }
+}
+
+}  // namespace hosts

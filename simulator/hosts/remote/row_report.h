@@ -1,0 +1,27 @@
+// What stands on the screen, as JSON values. All frames are [x, y, width, height] in points.
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+@class CallBarControllerModern, UIImage;
+
+namespace hosts {
+
+// {"size": [points], "scale", "pixels": [width, height], "hash", "source", "sourceContact", "colour"}; NSNull for no
+// picture. `contact` is whose photo to look for, 0 for nobody's. +0.
+id pictureReport(UIImage* picture, int contact);
+
+// The visible rows of the shown list from the top down, one dictionary each. +0.
+//
+//   "section", "row", "contact" (contact ID; below 1 for none), "name" (the text shown), "editing", "frame" (in the
+//   list's content), "hasPictureView", "pictureInContentView", "picture" (see above), "frames": {"picture", "name",
+//   "detail", "date", "icon"} in the cell's coordinates (NSNull for what is not shown)
+//
+// and of a call also "address", "calls" (how many), "missed", "outgoing", "detail" and "date" (texts), "answers"
+// ("uid", "addressBookRecordId" or "neither") and "answersCallerName".
+NSArray* rowReports(CallBarControllerModern* controller);
+
+// The favourites strip's buttons in order: "name", "contact", "frame" (in the strip), "picture". +0.
+NSArray* favoriteReports(CallBarControllerModern* controller);
+
+}  // namespace hosts

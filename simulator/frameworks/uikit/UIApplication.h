@@ -27,8 +27,6 @@ typedef NS_ENUM(NSInteger, UIUserInterfaceLayoutDirection) {
 @interface UIApplication : UIResponder {
   @private
     id _delegate;
-    NSMutableArray* _windows;
-    UIWindow* _keyWindow;
 }
 
 + (UIApplication*)sharedApplication;  // nil before UIApplicationStart; +0

@@ -20,7 +20,9 @@ inline CGRect UIEdgeInsetsInsetRect(CGRect rect, UIEdgeInsets insets) {
                       rect.size.width - insets.left - insets.right, rect.size.height - insets.top - insets.bottom);
 }
 
+extern "C" {
 // "{{x, y}, {width, height}}", autoreleased.
 NSString* NSStringFromCGRect(CGRect rect);
 // "{width, height}", autoreleased.
 NSString* NSStringFromCGSize(CGSize size);
+}

@@ -4,7 +4,8 @@
 #include "simulator/frameworks/uikit/UIScrollView.h"
 #include "simulator/frameworks/uikit/UITableViewCell.h"
 
-@class UITableView, UITableViewRowMap, UITableViewReusePool, UITableViewIndex;
+@class UITableView, UITableViewIndex;
+struct UITableViewRowMap;
 
 typedef NS_ENUM(NSInteger, UITableViewStyle) {
     UITableViewStylePlain,
@@ -62,7 +63,8 @@ typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
     UITableViewStyle _style;
     id<UITableViewDataSource> _dataSource;
     UITableViewRowMap* _rows;
-    UITableViewReusePool* _pool;
+    NSMutableDictionary* _reusableCells;
+    NSMutableDictionary* _cellClasses;
     NSMutableDictionary* _cells;
     NSMutableDictionary* _headers;
     UIView* _wrapperView;
@@ -96,6 +98,13 @@ typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
 - (void)reloadData;
 - (void)reloadRowsAtIndexPaths:(NSArray*)indexPaths withRowAnimation:(UITableViewRowAnimation)animation;
 
+- (void)setEditing:(BOOL)editing animated:(BOOL)animated;
+- (void)registerClass:(Class)cellClass forCellReuseIdentifier:(NSString*)identifier;
+
+@end
+
+@interface UITableView (UITableViewRows)
+
 - (NSInteger)numberOfSections;
 - (NSInteger)numberOfRowsInSection:(NSInteger)section;
 - (CGRect)rectForRowAtIndexPath:(NSIndexPath*)indexPath;
@@ -103,21 +112,23 @@ typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
 - (NSIndexPath*)indexPathForRowAtPoint:(CGPoint)point;  // nil between rows; +0
 - (NSArray*)indexPathsForRowsInRect:(CGRect)rect;       // +0
 
+- (void)scrollToRowAtIndexPath:(NSIndexPath*)indexPath
+              atScrollPosition:(UITableViewScrollPosition)position
+                      animated:(BOOL)animated;
+
+@end
+
+@interface UITableView (UITableViewCells)
+
 - (NSIndexPath*)indexPathForCell:(UITableViewCell*)cell;            // nil for a cell out of sight; +0
 - (UITableViewCell*)cellForRowAtIndexPath:(NSIndexPath*)indexPath;  // nil for a row out of sight; +0
 - (NSArray*)visibleCells;                                           // from the top down; +0
 - (NSArray*)indexPathsForVisibleRows;                               // from the top down; +0
 
-- (void)scrollToRowAtIndexPath:(NSIndexPath*)indexPath
-              atScrollPosition:(UITableViewScrollPosition)position
-                      animated:(BOOL)animated;
-- (void)setEditing:(BOOL)editing animated:(BOOL)animated;
-
 // A cell from the pool, prepared for reuse, or nil. +0.
 - (id)dequeueReusableCellWithIdentifier:(NSString*)identifier;
 // The same, or a new one of the registered class; raises when no class is registered. +0.
 - (id)dequeueReusableCellWithIdentifier:(NSString*)identifier forIndexPath:(NSIndexPath*)indexPath;
-- (void)registerClass:(Class)cellClass forCellReuseIdentifier:(NSString*)identifier;
 
 @end
 

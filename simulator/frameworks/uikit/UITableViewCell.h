@@ -56,6 +56,7 @@ typedef NS_ENUM(NSInteger, UITableViewCellSelectionStyle) {
     UITableViewCellEditingStyle _editingStyle;
     UITableViewCellSelectionStyle _selectionStyle;
     UIEdgeInsets _separatorInset;
+    CGFloat _indexWidth;
     BOOL _editing;
     BOOL _selected;
     BOOL _highlighted;

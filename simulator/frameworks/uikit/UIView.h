@@ -7,7 +7,7 @@
 #include "simulator/frameworks/uikit/UIGeometry.h"
 #include "simulator/frameworks/uikit/UIResponder.h"
 
-@class UIColor, UIWindow;
+@class UIColor, UIViewController, UIWindow;
 
 typedef NS_ENUM(NSInteger, UIViewContentMode) {
     UIViewContentModeScaleToFill,
@@ -42,6 +42,7 @@ typedef NS_OPTIONS(NSUInteger, UIViewAutoresizing) {
     NSMutableArray* _subviews;
     UIColor* _backgroundColor;
     UIColor* _tintColor;
+    UIViewController* _viewController;
     NSInteger _tag;
     UIViewContentMode _contentMode;
     UIViewAutoresizing _autoresizingMask;

@@ -2,6 +2,13 @@
 
 #include "simulator/frameworks/uikit/UITableView.h"
 
+typedef NS_ENUM(NSInteger, UIViewAppearance) {
+    UIViewDisappeared,
+    UIViewAppearing,
+    UIViewAppeared,
+    UIViewDisappearing,
+};
+
 // A view and its life: loaded on first use, then told when it appears and disappears.
 @interface UIViewController : UIResponder {
   @private
@@ -9,6 +16,8 @@
     NSString* _title;
     NSMutableArray* _childViewControllers;
     UIViewController* _parentViewController;
+    UIViewAppearance _appearance;
+    BOOL _transitionAnimated;
     BOOL _editing;
 }
 

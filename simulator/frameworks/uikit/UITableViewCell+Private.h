@@ -1,0 +1,14 @@
+// What a table asks of its cells.
+#pragma once
+
+#include "simulator/frameworks/uikit/UITableViewCell.h"
+
+@interface UITableViewCell (UITableViewCellPrivate)
+
+- (void)_setEditingStyle:(UITableViewCellEditingStyle)style;
+// A nil colour: no separator.
+- (void)_setSeparatorColor:(UIColor*)color;
+// Points kept free at the trailing edge for the table's index.
+- (void)_setIndexWidth:(CGFloat)width;
+
+@end

@@ -1,0 +1,25 @@
+// What UIKit's own classes ask of views.
+#pragma once
+
+#include "simulator/frameworks/uikit/UIView.h"
+
+@interface UIView (UIViewPrivate)
+
+// See UIRequireThread; `method` is the caller's own selector.
+- (void)_requireThread:(SEL)method;
+
+// The controller whose view this is; unowned.
+- (UIViewController*)_viewController;
+- (void)_setViewController:(UIViewController*)controller;
+
+@end
+
+@interface UIView (UIViewPrivateLayout)
+
+// Told by the layer that its bounds' size changed.
+- (void)_layer:(CALayer*)layer changedSizeFrom:(CGSize)oldSize;
+
+// Before system 9 UIKit mirrored no view; from 9 on it mirrors all when the layout direction is right-to-left.
++ (BOOL)_mirrorsLayout;
+
+@end

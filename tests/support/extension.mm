@@ -1,0 +1,34 @@
+#include "tests/support/extension.h"
+
+#include <unistd.h>
+
+#include "simulator/runtime/library_loader.h"
+#include "simulator/runtime/process.h"
+
+extern "C" void __sanitizer_set_report_fd(void* descriptor) __attribute__((weak));
+
+namespace test {
+
+ExtensionTest::~ExtensionTest() { [pool_ drain]; }
+
+void ExtensionTest::boot(const char* bundleIdentifier) {
+    std::error_code error;
+    std::filesystem::copy(ZELKA_BUNDLE, root.host("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle"),
+                          std::filesystem::copy_options::overwrite_existing, error);
+    ASSERT_FALSE(error) << error.message();
+    if (__sanitizer_set_report_fd != nullptr)
+        __sanitizer_set_report_fd(reinterpret_cast<void*>(static_cast<intptr_t>(dup(STDERR_FILENO))));
+    phone::boot(root.path(), bundleIdentifier);
+    pool_ = [[NSAutoreleasePool alloc] init];
+    ASSERT_EQ(phone::loadLibrary(ZELKA_LIBRARY), "");
+}
+
+int ExtensionTest::loggedLines(const std::string& ending) const {
+    const std::string lines = log();
+    const std::string wanted = ending + "\n";
+    int found = 0;
+    for (size_t at = lines.find(wanted); at != std::string::npos; at = lines.find(wanted, at + 1)) ++found;
+    return found;
+}
+
+}  // namespace test

@@ -1,0 +1,113 @@
+// What the library offers other code in its process, declared by hand: the compiler's own idea of these messages then
+// bears witness against the library's. Nothing here is linked: classes are asked for by name.
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include "simulator/frameworks/address_book/address_book.h"
+#include "simulator/frameworks/uikit/uikit.h"
+
+#define Utils objc_getClass("ZelkaCBUtils")
+#define Settings objc_getClass("ZLKCBSettings")
+
+@interface ZLKCBSettings : NSObject
++ (ZLKCBSettings*)sharedSettings;
+@property (nonatomic) BOOL isZelkaCBEnabled;
+@property (nonatomic) BOOL isRoundedPicsEnabled;
+@property (nonatomic) BOOL isMonogramEnabled;
+@property (nonatomic) BOOL isShowPicturesOnFavorites;
+@property (nonatomic) BOOL isShowPicturesOnRecents;
+@property (nonatomic) BOOL isShowPicturesOnContacts;
+- (void)loadSettings;
+@end
+
+@interface ZelkaCBUtils : NSObject
++ (ABAddressBookRef)getAddressBook;
++ (ABRecordRef)getPersonRecordFromDB:(ABRecordID)contactID;
++ (NSData*)getContactImageDataFromAB:(ABRecordID)contactID;
++ (UIImage*)getImageFromImageData:(NSData*)data contactId:(ABRecordID)contactID;
++ (UIImage*)getContactImageOnly:(ABRecordID)contactID
+                   monogramText:(NSString*)text
+                       newImage:(BOOL)newImage
+                           size:(CGSize)size
+                           font:(UIFont*)font;
++ (UIImage*)getContactImageOnly:(ABRecordID)contactID
+                   monogramText:(NSString*)text
+                       newImage:(BOOL)newImage
+                           size:(CGSize)size;
++ (UIImage*)getContactImageOnly:(ABRecordID)contactID monogramText:(NSString*)text newImage:(BOOL)newImage;
++ (UIImage*)getContactImage:(ABRecordID)contactID;
++ (UIImage*)getContactImageByNumber:(NSString*)text;
++ (ABRecordID)getContactID:(NSString*)text;
++ (NSData*)getContactImageABUIPerson:(id)person;
++ (UIImage*)getContactImageOnlyIOS7:(id)person;
++ (UIImage*)getContactImageFromAB:(ABRecordID)contactID monogramText:(NSString*)text;
++ (UIImage*)getContactImageFromAB:(ABRecordID)contactID addressBook:(BOOL)addressBook monogramText:(NSString*)text;
++ (UIImage*)getChatKitContactImageOnly:(ABRecordID)contactID monogramText:(NSString*)text date:(int)date;
+
++ (NSString*)monogramTextFromName:(NSString*)name;
++ (NSString*)monogramTextFromContactID:(ABRecordID)contactID;
++ (NSString*)getMonogramTextFromAB:(ABRecordID)contactID currentReadCount:(int)count;
++ (NSString*)getMonogramTextFromAB:(ABRecordID)contactID;
++ (NSString*)monogramTextFromAB:(ABRecordID)contactID;
+
++ (UIColor*)getMonogramRandomColor:(NSInteger)seed darkColor:(BOOL)dark;
++ (UIColor*)getMonogramRandomColor:(NSInteger)seed;
+
++ (UIImage*)monogramImage:(NSString*)text size:(CGSize)size color:(UIColor*)color font:(UIFont*)font;
++ (UIImage*)monogramImage:(NSString*)text
+                contactID:(NSInteger)contactID
+                     size:(CGSize)size
+                    color:(UIColor*)color
+                     font:(UIFont*)font;
++ (UIImage*)monogramImage:(NSString*)text contactID:(NSInteger)contactID size:(CGSize)size color:(UIColor*)color;
++ (UIImage*)monogramImage:(NSString*)text contactID:(NSInteger)contactID size:(CGSize)size font:(UIFont*)font;
++ (UIImage*)monogramImage:(NSString*)text contactID:(NSInteger)contactID size:(CGSize)size;
++ (UIImage*)monogramImage:(NSString*)text contactID:(NSInteger)contactID;
++ (UIImage*)monogramImage:(NSString*)text size:(CGSize)size font:(UIFont*)font;
++ (UIImage*)monogramImage:(NSString*)text size:(CGSize)size;
++ (UIImage*)monogramImage:(NSString*)text;
++ (UIImage*)getMonogramImageFromName:(NSString*)name contactID:(NSInteger)contactID;
++ (UIImage*)getMonogramImageFromName:(NSString*)name;
++ (UIImage*)getMonogramImageFromName:(NSString*)name email:(NSString*)email;
++ (UIImage*)getMonogramImage:(NSInteger)contactID source:(UIImage*)source size:(CGSize)size color:(UIColor*)color;
++ (UIImage*)getMonogramImage:(NSInteger)contactID color:(UIColor*)color;
++ (UIImage*)getMonogramImage:(NSInteger)contactID;
++ (UIImage*)getMonogramImage;
++ (UIImage*)defaultImage;
+
++ (UIImage*)roundedImage:(UIImage*)image width:(float)width height:(float)height;
++ (UIImage*)roundedImage:(UIImage*)image;
++ (UIImage*)resizeImage:(UIImage*)image withWidth:(int)width withHeight:(int)height;
++ (UIImage*)scaleImage:(UIImage*)image toSize:(CGSize)size;
++ (UIImage*)getImageFromImageData:(NSData*)data;
++ (UIImage*)getImage:(NSString*)path;
++ (UIImage*)getImage:(NSString*)path size:(CGSize)size;
+
++ (void)initImageCache;
++ (UIImage*)getContactImageInCacheForKey:(id)key;
++ (UIImage*)getContactImageInCache:(ABRecordID)contactID;
++ (void)setContactImage:(UIImage*)image withID:(id)key;
++ (void)setContactImage:(UIImage*)image contactId:(ABRecordID)contactID;
++ (BOOL)removeImageFromCacheForID:(id)key;
++ (void)removeContactIDFromCache:(ABRecordID)contactID;
++ (BOOL)removeImageFromCache:(ABRecordID)contactID;
++ (void)clearImageCache;
++ (void)removeAvatarsFromCache;
++ (void)prepareImageCache;
++ (BOOL)canprepareImageCache;
+
++ (BOOL)isZelkaCBOnlyOn;
++ (BOOL)isRoundedPicsEnabled;
++ (BOOL)isMonogramEnabled;
+@end
+
+@interface UIColor (ZelkaCB)
++ (UIColor*)ZelkaCBColorWithHexaCode:(int)code;
++ (UIColor*)ZelkaCBColorWithRed:(NSInteger)red green:(NSInteger)green blue:(NSInteger)blue alpha:(CGFloat)alpha;
++ (UIColor*)ZelkaCBColorWithHexaCode:(NSString*)text alpha:(CGFloat)alpha;
+@end
+
+@interface UIImage (ZelkaCB)
+- (UIImage*)imageWithRoundedCornersRadius:(float)radius;
+@end

@@ -9,3 +9,5 @@ pkg_check_modules(EBOOK REQUIRED IMPORTED_TARGET libebook-contacts-1.2)
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)
 find_library(PHONENUMBER_LIBRARY phonenumber REQUIRED)
+# libphonenumber's headers hold protobuf messages, which the sanitizers look into.
+find_library(PROTOBUF_LIBRARY protobuf REQUIRED)

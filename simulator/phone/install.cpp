@@ -8,15 +8,21 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kFolders[] = {
-    "private/var/mobile/Library/AddressBook",   "private/var/mobile/Library/Preferences",
-    "private/var/wireless/Library/CallHistory", "private/var/tmp",
-    "System/Library/PreferenceBundles",         "Library/MobileSubstrate/DynamicLibraries",
+    "private/etc",
+    "private/var/run",
+    "private/var/mobile/Library/AddressBook",
+    "private/var/mobile/Library/Preferences",
+    "private/var/wireless/Library/CallHistory",
+    "private/var/tmp",
+    "System/Library/PreferenceBundles",
+    "Library/MobileSubstrate/DynamicLibraries",
 };
 
 struct Link {
     const char *place, *target;
 };
-constexpr Link kLinks[] = {{"var", "private/var"}, {"tmp", "private/var/tmp"}, {"User", "var/mobile"}};
+constexpr Link kLinks[] = {
+    {"var", "private/var"}, {"etc", "private/etc"}, {"tmp", "private/var/tmp"}, {"User", "var/mobile"}};
 
 constexpr const char* kLibraryFolder = "Library/MobileSubstrate/DynamicLibraries";
 constexpr const char* kBundle = "System/Library/PreferenceBundles/ZelkaCBSettings.bundle";

@@ -1,0 +1,77 @@
+// What other processes of the phone do: the preference bundle, and whoever posts notifications.
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+#include "simulator/runtime/notification_log.h"
+#include "simulator/tool/settings_file.h"
+#include "simulator/tool/verbs.h"
+
+namespace tool {
+namespace {
+
+struct Switch {
+    const char *key, *notification;
+};
+constexpr Switch kSwitches[] = {
+    {"ZelkaCBEnabled", "com.norvex.ZelkaCBEnabledNotification"},
+    {"ZelkaCBEnabledRoundedPictures", "com.norvex.ZelkaCBRoundedPicturesEnabledNotification"},
+    {"ZelkaCBEnabledMonogramPictures", "com.norvex.ZelkaCBMonogramPicturesEnabledNotification"},
+    {"ZelkaCBEnabledFavorites", "com.norvex.ZelkaCBFavoritesEnabledNotification"},
+    {"ZelkaCBEnabledRecents", "com.norvex.ZelkaCBRecentsEnabledNotification"},
+    {"ZelkaCBEnabledContacts", "com.norvex.ZelkaCBContactsEnabledNotification"},
+};
+
+std::string keyList() {
+    std::string list;
+    for (const Switch& known : kSwitches) list += std::string("\n  ") + known.key;
+    return list;
+}
+
+const Switch& findSwitch(const std::string& key) {
+    for (const Switch& known : kSwitches) {
+        if (key == known.key) return known;
+    }
+    throw Problem("there is no setting \"" + key + "\"; there are:" + keyList());
+}
+
+void post(const std::filesystem::path& root, const std::string& name) {
+    std::string problem = phone::postNotification(root, name);
+    if (!problem.empty()) throw Problem(problem);
+}
+
+struct Change {
+    std::string root, key, state, name;
+};
+
+}  // namespace
+
+void addSet(CLI::App& app) {
+    auto change = std::make_shared<Change>();
+    CLI::App* verb = app.add_subcommand("set", "Flip a setting, as the phone's settings would: write it, then post it");
+    verb->add_option("ROOT", change->root, "The phone")->required();
+    verb->add_option("KEY", change->key, "The setting, see below")->required();
+    verb->add_option("STATE", change->state, "on or off")->required()->check(CLI::IsMember({"on", "off"}));
+    verb->footer("Settings:" + keyList() + "\n\nExample:\n  phonesim set phone ZelkaCBEnabledRoundedPictures off");
+    verb->callback([change] {
+        const Switch& known = findSwitch(change->key);
+        requireRoot(change->root);
+        std::filesystem::path root = std::filesystem::canonical(change->root);
+        orThrow(setSwitch(root, known.key, change->state == "on"));
+        post(root, known.notification);
+    });
+}
+
+void addNotify(CLI::App& app) {
+    auto change = std::make_shared<Change>();
+    CLI::App* verb = app.add_subcommand("notify", "Post a Darwin notification to the processes of a phone");
+    verb->add_option("ROOT", change->root, "The phone")->required();
+    verb->add_option("NAME", change->name, "The notification's name")->required();
+    verb->footer("Example:\n  phonesim notify phone com.norvex.ZelkaCBEnabledNotification");
+    verb->callback([change] {
+        requireRoot(change->root);
+        post(std::filesystem::canonical(change->root), change->name);
+    });
+}
+
+}  // namespace tool

@@ -1,0 +1,107 @@
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <memory>
+
+#include "simulator/phone/address_book_builder.h"
+#include "simulator/phone/database.h"
+#include "simulator/phone/schema.h"
+#include "simulator/phone/vcard_import.h"
+#include "simulator/runtime/notification_log.h"
+#include "simulator/tool/verbs.h"
+
+namespace tool {
+namespace {
+
+struct Edit {
+    std::string root, contact, photo;
+    std::optional<std::string> first, last;
+    bool noPhoto = false;
+    bool remove = false;
+};
+
+int findContact(const phone::Database& book, const std::string& wanted) {
+    phone::Statement find = book.prepare(
+        "SELECT ROWID FROM ABPerson WHERE CAST(ROWID AS TEXT) = ?1 OR "
+        "trim(coalesce(First, '') || ' ' || coalesce(Last, '')) = ?1 OR Organization = ?1 ORDER BY ROWID");
+    find.bind(1, std::string_view(wanted));
+    std::vector<int> found;
+    while (find.step()) found.push_back(find.integer(0));
+    orThrow(find.status());
+    if (found.size() == 1) return found.front();
+    if (found.empty()) throw Problem("there is no contact \"" + wanted + "\"");
+    std::string identifiers;
+    for (int identifier : found) identifiers += " " + std::to_string(identifier);
+    throw Problem("several contacts are \"" + wanted + "\": give one of the IDs" + identifiers);
+}
+
+// Later than every other contact's: the latest date is how other processes find out who changed.
+double nextModificationDate(const phone::Database& book) {
+    phone::Statement latest = book.prepare("SELECT coalesce(max(ModificationDate), 0) FROM ABPerson");
+    double after = latest.step() ? latest.integer(0) + 1 : 0;
+    orThrow(latest.status());
+    std::chrono::duration<double> now = std::chrono::system_clock::now().time_since_epoch();
+    return std::max(after, std::floor(now.count() - phone::kAddressBookEpoch));
+}
+
+// Names that are not given stay as they are.
+void rename(phone::AddressBookBuilder& builder, const phone::Database& book, int contact, const Edit& edit) {
+    phone::Statement names =
+        book.prepare("SELECT First, First IS NULL, Last, Last IS NULL FROM ABPerson WHERE ROWID = ?");
+    if (!names.bind(1, contact).step()) orThrow(names.status());
+    auto old = [&names](int column) {
+        return names.integer(column + 1) ? std::nullopt : std::optional<std::string>(names.text(column));
+    };
+    orThrow(builder.setNames(contact, edit.first ? edit.first : old(0), edit.last ? edit.last : old(2)));
+}
+
+void run(const Edit& edit) {
+    requireRoot(edit.root);
+    if (edit.photo.empty() && !edit.noPhoto && !edit.first && !edit.last && !edit.remove) {
+        throw Problem("nothing to change: give --photo, --no-photo, --first, --last or --delete");
+    }
+    std::filesystem::path root = std::filesystem::canonical(edit.root);
+    std::string photo = edit.photo.empty() ? std::string() : orThrow(phone::readFile(edit.photo));
+    {
+        phone::Database book = orThrow(phone::Database::openToRead(root / phone::addressBookShape().path));
+        int contact = findContact(book, edit.contact);
+        double modified = nextModificationDate(book);
+        phone::AddressBookBuilder builder = orThrow(phone::AddressBookBuilder::open(root));
+        if (edit.remove) orThrow(builder.removePerson(contact));
+        if (edit.noPhoto) orThrow(builder.removePhoto(contact));
+        if (!edit.photo.empty()) {
+            phone::Status stored = builder.setPhoto(contact, photo);
+            if (!stored) throw Problem(edit.photo + ": " + stored.text());
+        }
+        if (edit.first || edit.last) rename(builder, book, contact, edit);
+        if (!edit.remove) orThrow(builder.setModificationDate(contact, modified));
+        orThrow(builder.finish());
+    }
+    std::string problem = phone::postNotification(root, "__ABDataBaseChangedByOtherProcessNotification");
+    if (!problem.empty()) throw Problem(problem);
+}
+
+}  // namespace
+
+void addEdit(CLI::App& app) {
+    auto edit = std::make_shared<Edit>();
+    CLI::App* verb = app.add_subcommand("edit", "Change a contact, as another program on the phone would");
+    verb->add_option("ROOT", edit->root, "The phone")->required();
+    verb->add_option("CONTACT", edit->contact, "The contact's ID, or its name: \"First Last\"")->required();
+    auto* photo = verb->add_option("--photo", edit->photo, "Give it this picture");
+    auto* noPhoto = verb->add_flag("--no-photo", edit->noPhoto, "Take its picture away");
+    auto* first = verb->add_option("--first", edit->first, "Its new first name");
+    auto* last = verb->add_option("--last", edit->last, "Its new last name");
+    auto* remove = verb->add_flag("--delete", edit->remove, "Remove it from the address book");
+    photo->excludes(noPhoto);
+    remove->excludes(photo)->excludes(noPhoto)->excludes(first)->excludes(last);
+    verb->footer(
+        "Examples:\n"
+        "  phonesim edit phone 12 --photo face.jpg\n"
+        "  phonesim edit phone \"Ann Lee\" --first Anne\n"
+        "  phonesim edit phone 12 --delete");
+    verb->callback([edit] { run(*edit); });
+}
+
+}  // namespace tool

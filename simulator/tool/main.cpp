@@ -1,0 +1,45 @@
+// phonesim: makes stand-in phones and looks at them.
+#include <cstdio>
+#include <exception>
+
+#include "simulator/phone/make_root.h"
+#include "simulator/tool/verbs.h"
+
+namespace tool {
+
+void requireRoot(const std::string& root) {
+    if (phone::isRoot(root)) return;
+    throw Problem(root + ": is not a phone root; \"phonesim new " + root + "\" makes one");
+}
+
+}  // namespace tool
+
+namespace {
+
+constexpr int kFailure = 1;
+constexpr int kMisuse = 2;
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app{"A stand-in phone on the desk: make one, look at its screens, change things on it.", "phonesim"};
+    app.require_subcommand(1);
+    app.footer(
+        "\"phonesim VERB --help\" tells more about each, with examples.\n"
+        "Exit status: 0 done, 1 something went wrong, 2 the command line is wrong.");
+    tool::addNew(app);
+    tool::addShot(app);
+    tool::addLog(app);
+    tool::addSet(app);
+    tool::addNotify(app);
+    tool::addEdit(app);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : kMisuse;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "phonesim: %s\n", error.what());
+        return kFailure;
+    }
+    return 0;
+}

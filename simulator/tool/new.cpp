@@ -1,0 +1,77 @@
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+#include "simulator/phone/make_root.h"
+#include "simulator/runtime/device_profiles.h"
+#include "simulator/tool/verbs.h"
+
+namespace tool {
+namespace {
+
+std::string profileList() {
+    std::string list = "Device profiles:\n";
+    for (const phone::DeviceProfile& profile : phone::deviceProfiles()) {
+        list += "  " + std::string(profile.id) + std::string(18 - std::min<std::size_t>(17, profile.id.size()), ' ') +
+                std::string(profile.title) + "\n";
+    }
+    return list;
+}
+
+// One line that counts on a terminal, a line a step elsewhere.
+void showProgress(std::string_view what, long done, long total) {
+    bool terminal = isatty(STDERR_FILENO) != 0;
+    if (!terminal && done % 10000 != 0 && done != total) return;
+    std::fprintf(stderr, "%s%.*s: %ld of %ld%s", terminal ? "\r" : "", static_cast<int>(what.size()), what.data(), done,
+                 total, terminal && done < total ? "" : "\n");
+}
+
+void run(const phone::RootOptions& options) {
+    phone::RootReport report = orThrow(phone::makeRoot(options, showProgress));
+    for (const std::string& warning : report.warnings) std::fprintf(stderr, "phonesim: %s\n", warning.c_str());
+    std::printf("%s: %ld contacts, %ld with a picture, %ld calls\n", options.root.c_str(), report.contacts,
+                report.pictures, report.calls);
+}
+
+}  // namespace
+
+void addNew(CLI::App& app) {
+    auto options = std::make_shared<phone::RootOptions>();
+    CLI::App* verb = app.add_subcommand("new", "Make a phone: a directory shaped like a phone's file system");
+    verb->add_option("ROOT", options->root, "The directory to make; it must not exist, or be empty")->required();
+    auto* contacts = verb->add_option("--contacts", options->contacts, "Contacts from a vCard file");
+    auto* count = verb->add_option("--contacts-count", options->contactsCount, "That many made-up contacts")
+                      ->check(CLI::Range(1, 1000000));
+    auto* book = verb->add_option("--address-book", options->addressBook, "AddressBook.sqlitedb of a real phone");
+    auto* images = verb->add_option("--images", options->images, "AddressBookImages.sqlitedb of the same phone");
+    contacts->excludes(count)->excludes(book);
+    count->excludes(book);
+    images->needs(book);
+    verb->add_option("--calls", options->calls,
+                     "Calls from a text file (.csv, .txt), or call_history.db of a real phone; made up if left out");
+    verb->add_flag("--no-calls", options->noCalls, "Leave the call history empty if --calls is left out");
+    verb->add_option("--device", options->device, "Device profile, see below (default: iphone6-8.4)");
+    verb->add_option("--region", options->region, "Country of numbers without country code (default: US)");
+    verb->add_flag("--right-to-left,--rtl", options->rightToLeft, "Lay the interface out from right to left");
+    verb->add_flag("--force", options->force, "Replace a phone that is already there");
+    verb->footer(profileList() +
+                 "\nCalls in a text file, one a line: when, number, incoming|outgoing|missed[, seconds[, unlinked]]\n"
+                 "  2015-06-01 09:41, +1 212 555 0142, incoming, 63\n"
+                 "  -2h, bob@example.com, missed\n"
+                 "vCards with the same X-LINKED-PERSON:<text> are linked contacts of one person.\n"
+                 "\nExamples:\n"
+                 "  phonesim new phone --contacts friends.vcf --calls calls.csv\n"
+                 "  phonesim new phone --address-book AddressBook.sqlitedb --images AddressBookImages.sqlitedb \\\n"
+                 "      --calls call_history.db --device iphone6plus-9.3\n"
+                 "  phonesim new phone --force --contacts-count 10000 --rtl");
+    verb->callback([options] {
+        options->library = ZELKA_LIBRARY;
+        options->filter = ZELKA_FILTER;
+        options->settingsBundle = ZELKA_BUNDLE;
+        run(*options);
+    });
+}
+
+}  // namespace tool

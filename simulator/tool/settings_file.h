@@ -1,0 +1,15 @@
+// The settings file of a phone, as its preference bundle writes it.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "simulator/phone/result.h"
+
+namespace tool {
+
+// Sets one switch in the root's settings file and keeps its other keys; makes the file when there is none. The file is
+// replaced as a whole. Fails, changing nothing, when the file there is not a property list with a dictionary.
+phone::Status setSwitch(const std::filesystem::path& root, const std::string& key, bool on);
+
+}  // namespace tool

@@ -1,5 +1,6 @@
-// What the library offers other code in its process, declared by hand: the compiler's own idea of these messages then
-// bears witness against the library's. Nothing here is linked: classes are asked for by name.
+// What the library offers other code in its process, declared by hand as protocols: the compiler keeps its own encoding
+// of each message, which bears witness against the library's (encodings.h). Nothing here is linked: classes are asked
+// for by name.
 #pragma once
 
 #import <Foundation/Foundation.h>
@@ -7,21 +8,50 @@
 #include "simulator/frameworks/address_book/address_book.h"
 #include "simulator/frameworks/uikit/uikit.h"
 
-#define Utils objc_getClass("ZelkaCBUtils")
-#define Settings objc_getClass("ZLKCBSettings")
+#define Utils ((Class<ZelkaCBUtils>)objc_getClass("ZelkaCBUtils"))
+#define Settings ((Class<ZLKCBSettings>)objc_getClass("ZLKCBSettings"))
+#define Hardware ((Class<ZLKCBUIDeviceHardware>)objc_getClass("ZLKCBUIDeviceHardware"))
 
-@interface ZLKCBSettings : NSObject
+@class ZLKCBSettings;
+
+@protocol ZLKCBSettings <NSObject>
 + (ZLKCBSettings*)sharedSettings;
-@property (nonatomic) BOOL isZelkaCBEnabled;
-@property (nonatomic) BOOL isRoundedPicsEnabled;
-@property (nonatomic) BOOL isMonogramEnabled;
-@property (nonatomic) BOOL isShowPicturesOnFavorites;
-@property (nonatomic) BOOL isShowPicturesOnRecents;
-@property (nonatomic) BOOL isShowPicturesOnContacts;
++ (NSDictionary*)settingsDictionary:(NSString*)path;
+@property(nonatomic) BOOL isZelkaCBEnabled;
+@property(nonatomic) BOOL isRoundedPicsEnabled;
+@property(nonatomic) BOOL isMonogramEnabled;
+@property(nonatomic) BOOL isShowPicturesOnFavorites;
+@property(nonatomic) BOOL isShowPicturesOnRecents;
+@property(nonatomic) BOOL isShowPicturesOnContacts;
 - (void)loadSettings;
 @end
 
-@interface ZelkaCBUtils : NSObject
+@interface ZLKCBSettings : NSObject <ZLKCBSettings>
+@end
+
+@protocol ZLKCBUIDeviceHardware <NSObject>
++ (NSString*)platform;
++ (NSString*)platformString;
+- (NSString*)platform;
+- (NSString*)platformString;
+@end
+
+@protocol ZelkaCBUtils <NSObject>
++ (BOOL)isMatchingIOSFound:(NSString*)version;
++ (BOOL)isIOS_7;
++ (BOOL)isIOS_8;
++ (BOOL)isRetinaDisplay;
++ (BOOL)isIPhone4;
++ (BOOL)isIPhone6;
++ (BOOL)isIPhone6Plus;
++ (BOOL)isIPhone6OR6Plus;
++ (CGFloat)screenWidth;
++ (CGFloat)screenHeight;
+
++ (NSString*)getFormattedPhoneNumber:(NSString*)number;
++ (NSString*)getPlainPhoneNumber:(NSString*)number;
++ (NSString*)getPhoneNumberFromURL:(NSString*)link;
+
 + (ABAddressBookRef)getAddressBook;
 + (ABRecordRef)getPersonRecordFromDB:(ABRecordID)contactID;
 + (NSData*)getContactImageDataFromAB:(ABRecordID)contactID;
@@ -96,18 +126,40 @@
 + (void)removeAvatarsFromCache;
 + (void)prepareImageCache;
 + (BOOL)canprepareImageCache;
++ (NSOperationQueue*)queue;
++ (id)ZelkaCBUtilsInstance;
 
 + (BOOL)isZelkaCBOnlyOn;
 + (BOOL)isRoundedPicsEnabled;
 + (BOOL)isMonogramEnabled;
 @end
 
-@interface UIColor (ZelkaCB)
+@protocol ZelkaCBColors
 + (UIColor*)ZelkaCBColorWithHexaCode:(int)code;
 + (UIColor*)ZelkaCBColorWithRed:(NSInteger)red green:(NSInteger)green blue:(NSInteger)blue alpha:(CGFloat)alpha;
 + (UIColor*)ZelkaCBColorWithHexaCode:(NSString*)text alpha:(CGFloat)alpha;
 @end
 
-@interface UIImage (ZelkaCB)
+@interface UIColor (ZelkaCB) <ZelkaCBColors>
+@end
+
+@protocol ZelkaCBImages
 - (UIImage*)imageWithRoundedCornersRadius:(float)radius;
+@end
+
+@interface UIImage (ZelkaCB) <ZelkaCBImages>
+@end
+
+@protocol ZelkaCBObjects
+@property(nonatomic) NSInteger ZelkaCB_contactID;
+@end
+
+@interface NSObject (ZelkaCB1) <ZelkaCBObjects>
+@end
+
+@protocol ZelkaCBCells
+- (UITableView*)parentTableView;
+@end
+
+@interface UITableViewCell (ZelkaCB1) <ZelkaCBCells>
 @end

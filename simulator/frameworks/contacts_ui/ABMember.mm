@@ -15,8 +15,7 @@ NSString* sectionOfKey(NSString* key) {
 }
 
 // "#" stands behind the letters.
-NSComparisonResult compareMembers(ABMember* a, ABMember* b, void* context) {
-    (void)context;
+NSComparisonResult compareMembers(ABMember* a, ABMember* b, void*) {
     const bool aNamed = ![[a sectionTitle] isEqualToString:@"#"];
     const bool bNamed = ![[b sectionTitle] isEqualToString:@"#"];
     if (aNamed != bNamed) return aNamed ? NSOrderedAscending : NSOrderedDescending;

@@ -45,7 +45,6 @@ bool rightToLeft() {
 }
 
 - (void)drawRect:(CGRect)rect {
-    (void)rect;
     [_cell drawNameInBounds:[self bounds]];
 }
 

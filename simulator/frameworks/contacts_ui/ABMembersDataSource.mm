@@ -55,17 +55,14 @@ ABMemberCell* cellForMember(UITableView* table, ABMember* member, bool withNameV
 }
 
 - (NSInteger)numberOfSectionsInTableView:(UITableView*)tableView {
-    (void)tableView;
     return (NSInteger)[_sections count];
 }
 
 - (NSInteger)tableView:(UITableView*)tableView numberOfRowsInSection:(NSInteger)section {
-    (void)tableView;
     return (NSInteger)[[_sections objectAtIndex:(NSUInteger)section] count];
 }
 
 - (NSString*)tableView:(UITableView*)tableView titleForHeaderInSection:(NSInteger)section {
-    (void)tableView;
     return [[[_sections objectAtIndex:(NSUInteger)section] lastObject] sectionTitle];
 }
 
@@ -74,7 +71,6 @@ ABMemberCell* cellForMember(UITableView* table, ABMember* member, bool withNameV
 }
 
 - (BOOL)tableView:(UITableView*)tableView canEditRowAtIndexPath:(NSIndexPath*)indexPath {
-    (void)tableView, (void)indexPath;
     return YES;
 }
 
@@ -114,7 +110,6 @@ ABMemberCell* cellForMember(UITableView* table, ABMember* member, bool withNameV
 }
 
 - (NSInteger)tableView:(UITableView*)tableView numberOfRowsInSection:(NSInteger)section {
-    (void)tableView, (void)section;
     return (NSInteger)[_matches count];
 }
 
@@ -123,7 +118,6 @@ ABMemberCell* cellForMember(UITableView* table, ABMember* member, bool withNameV
 }
 
 - (BOOL)tableView:(UITableView*)tableView canEditRowAtIndexPath:(NSIndexPath*)indexPath {
-    (void)tableView, (void)indexPath;
     return YES;
 }
 

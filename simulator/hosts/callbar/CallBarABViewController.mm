@@ -64,13 +64,11 @@ NSString* kindText(NSArray* calls) {
 }
 
 - (NSInteger)tableView:(UITableView*)tableView numberOfRowsInSection:(NSInteger)section {
-    (void)tableView, (void)section;
     return (NSInteger)[[self shownEntries] count];
 }
 
 // The rows bring their own delete control, at their end.
 - (UITableViewCellEditingStyle)tableView:(UITableView*)tableView editingStyleForRowAtIndexPath:(NSIndexPath*)indexPath {
-    (void)tableView, (void)indexPath;
     return UITableViewCellEditingStyleNone;
 }
 

@@ -32,7 +32,6 @@ UIImage* CallBarOutgoingIcon(void) {
 @implementation CallBarDeleteControl
 
 - (void)drawRect:(CGRect)rect {
-    (void)rect;
     const CGSize size = [self bounds].size;
     [CallBarMissedColor() setFill];
     [[UIBezierPath bezierPathWithOvalInRect:[self bounds]] fill];

@@ -14,11 +14,10 @@ constexpr CGFloat kWideMargin = 50;
 constexpr CGFloat kGap = 8;
 constexpr CGFloat kIconGap = 5;
 constexpr CGFloat kIconDrop = 4;
-constexpr CGFloat kAccessorySide = 22;
-constexpr CGFloat kAccessoryInset = 34;  // from the row's edge to the accessory's inner side
-constexpr CGFloat kDeleteInset = 38;
-constexpr CGFloat kMirroredTextEnd = 90;  // from the row's right edge to where the texts begin
-constexpr CGFloat kMirroredTextEndEditing = 78;
+constexpr CGFloat kEdge = 12;  // from the accessory or the delete control to the row's edge
+constexpr CGFloat kDeleteSide = 22;
+constexpr CGFloat kMirroredMargin = 56;  // between the accessory and texts that read from the right
+constexpr CGFloat kMirroredEditingMargin = 78;
 
 bool systemIsAtLeast(int major) { return [[[UIDevice currentDevice] systemVersion] intValue] >= major; }
 
@@ -110,18 +109,35 @@ bool rightToLeft() {
     [super layoutSubviews];
     const CGSize size = [self bounds].size;
     [[self contentView] setFrame:CGRectMake(0, 0, size.width, size.height)];
-    const bool editing = [self isEditing];
-    UIView* accessory = [self _defaultAccessoryView];
-    // While editing the delete control takes the accessory's place, which waits beyond the edge.
-    const CGFloat accessoryX = editing ? size.width : size.width - kAccessoryInset;
-    [accessory setFrame:CGRectMake(accessoryX, (size.height - kAccessorySide) / 2, kAccessorySide, kAccessorySide)];
-    [self showDeleteControl:editing];
+    const CGFloat accessoryX = [self placeAccessory];
+    [self placeDeleteControl];
     if (rightToLeft()) {
-        [self layOutTextsFromTheRight:size.width - (editing ? kMirroredTextEndEditing : kMirroredTextEnd)];
+        [self layOutTextsFromTheRight:accessoryX - ([self isEditing] ? kMirroredEditingMargin : kMirroredMargin)];
     } else {
-        [self layOutTextsFrom:systemIsAtLeast(7) ? kMargin : kWideMargin
-                           to:size.width - (editing ? kDeleteInset : kAccessoryInset) - kGap];
+        const CGFloat end = [self isEditing] ? size.width - kEdge - kDeleteSide : accessoryX;
+        [self layOutTextsFrom:systemIsAtLeast(7) ? kMargin : kWideMargin to:end - kGap];
     }
+}
+
+// Answers the accessory's x. While editing, the delete control takes its place and it waits beyond the edge.
+- (CGFloat)placeAccessory {
+    UIView* accessory = [self _defaultAccessoryView];
+    const CGSize room = [self bounds].size;
+    const CGSize size = [accessory bounds].size;
+    const CGFloat x = [self isEditing] ? room.width : room.width - kEdge - size.width;
+    [accessory setFrame:CGRectMake(x, (room.height - size.height) / 2, size.width, size.height)];
+    return x;
+}
+
+- (void)placeDeleteControl {
+    if ([self isEditing] && _deleteControl == nil) {
+        _deleteControl = [[CallBarDeleteControl alloc] initWithFrame:CGRectZero];
+        [self addSubview:_deleteControl];
+    }
+    [_deleteControl setHidden:![self isEditing]];
+    const CGSize room = [self bounds].size;
+    [_deleteControl setFrame:CGRectMake(room.width - kEdge - kDeleteSide, (room.height - kDeleteSide) / 2, kDeleteSide,
+                                        kDeleteSide)];
 }
 
 - (void)layOutTextsFrom:(CGFloat)left to:(CGFloat)right {
@@ -151,17 +167,6 @@ bool rightToLeft() {
     [_kindLabel setFrame:CGRectMake(right - kind.width, kKindTop, kind.width, kind.height)];
     [_typeIcon
         setFrame:CGRectMake(right - kind.width - kIconGap - icon.width, kKindTop + kIconDrop, icon.width, icon.height)];
-}
-
-- (void)showDeleteControl:(bool)shown {
-    if (shown && _deleteControl == nil) {
-        _deleteControl = [[CallBarDeleteControl alloc] initWithFrame:CGRectZero];
-        [self addSubview:_deleteControl];
-    }
-    [_deleteControl setHidden:!shown];
-    const CGSize size = [self bounds].size;
-    [_deleteControl setFrame:CGRectMake(size.width - kAccessoryInset + 4, (size.height - kAccessorySide) / 2,
-                                        kAccessorySide, kAccessorySide)];
 }
 
 @end

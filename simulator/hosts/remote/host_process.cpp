@@ -129,6 +129,10 @@ void HostProcess::spawn(HostKind kind, const HostOptions& options) {
     const std::string program = programPath(kind).string();
     std::vector<std::string> arguments{program, "--root", std::filesystem::absolute(options.root).string()};
     if (options.withoutExtension) arguments.emplace_back("--without-extension");
+    if (!options.bundleIdentifier.empty()) {
+        arguments.emplace_back("--bundle-identifier");
+        arguments.push_back(options.bundleIdentifier);
+    }
     std::vector<std::string> environment = mergedEnvironment(options.environment);
     const auto argumentPointers = pointers(arguments);
     const auto environmentPointers = pointers(environment);

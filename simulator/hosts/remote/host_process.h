@@ -34,6 +34,8 @@ struct HostOptions {
     std::filesystem::path root;
     // Starts the host as a phone does on which nothing was installed: no library is injected.
     bool withoutExtension = false;
+    // Plays a process of another identifier than the kind's; empty: the kind's own.
+    std::string bundleIdentifier;
     // Added to (and winning over) this process's environment.
     std::vector<std::pair<std::string, std::string>> environment;
     double startTimeoutSeconds = 60;
@@ -50,24 +52,23 @@ class HostProcess {
     HostProcess(const HostProcess&) = delete;
     HostProcess& operator=(const HostProcess&) = delete;
 
-    // Sends one command and waits for its answer, which never holds "error". Throws HostError. The commands:
-    //   {"do":"show","screen":"recents|missed|favorites|contacts|search","text":"...","editing":bool} -> {}
-    //   {"do":"settle","timeout":seconds}     waits until no queued work is left                       -> {}
-    //   {"do":"layout"}                       lays out every visible view                              -> {}
-    //   {"do":"reload"}                       reloads the shown list                                   -> {}
-    //   {"do":"scroll","row":n | "offset":points}                                                      -> {"offset":y}
-    //   {"do":"rows"}        the visible rows (see row_report.h)                                        ->
-    //   {"rows":[...]}
-    //   {"do":"favorites"}   the favourites strip's buttons                                            ->
-    //   {"buttons":[...]}
-    //   {"do":"shot","out":"/path.png"}       a picture of the window at the screen's scale        ->
-    //   {"width","height"}
-    //   {"do":"toggle","list":"favorites|recents|contacts"}   taps the button                          ->
-    //   {"selected":[...]}
-    //   {"do":"monogram","generator":"callbar|system","contact":id | "initials":text | "photo":path}   ->
-    //   {"picture":...}
-    //   {"do":"info"}        bundle identifier, injected libraries, screen                             -> {...}
-    //   {"do":"quit"}                                                                                  -> {}
+    // Sends one command and waits for its answer, which never holds "error". Throws HostError. Commands are
+    // {"do": name} with these names and further values; where no answer is told it is empty.
+    //
+    //   show       "screen": recents, missed, favorites, contacts or search; "text" of the search; "editing";
+    //              "nameViews": whether rows of Contacts have a view of their own for the name (true at first)
+    //   settle     "timeout" in seconds: waits until no queued work is left
+    //   layout     lays out every visible view
+    //   reload     has the shown list fetch its rows again
+    //   scroll     "row", counted through the whole list, or "offset" in points; answers "offset"
+    //   rows       answers "rows", the visible rows (see row_report.h)
+    //   favorites  answers "buttons", the favourites strip's (see row_report.h)
+    //   shot       "out", absolute: writes the window as PNG at the screen's scale; answers "width", "height" in pixels
+    //   toggle     "list": favorites, recents or contacts: taps its button; answers "selected", the buttons that are
+    //   monogram   "generator": callbar or system, and "contact": ID, "initials": text or "photo": path on the phone;
+    //              answers "picture" (see row_report.h) and "isPersonImage"
+    //   info       answers "bundleIdentifier", the injected "libraries", "windows" (how many), "pendingWork"
+    //   quit
     nlohmann::json call(const nlohmann::json& command, double timeoutSeconds = 60);
 
     // Asks the host to quit and waits for its end; its exit status. Throws HostError when it does not end in time.

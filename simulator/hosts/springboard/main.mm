@@ -9,7 +9,6 @@
 @implementation SpringBoard
 
 - (void)applicationDidFinishLaunching:(UIApplication*)application {
-    (void)application;
     CallBarWindow();
 }
 

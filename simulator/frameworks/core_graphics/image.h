@@ -19,16 +19,15 @@ enum CGImageAlphaInfo : uint32_t {
     kCGImageAlphaOnly,
 };
 typedef uint32_t CGBitmapInfo;
-enum : uint32_t {
-    kCGBitmapAlphaInfoMask = 0x1F,
-    kCGBitmapFloatComponents = 1 << 8,
-    kCGBitmapByteOrderMask = 0x7000,
-    kCGBitmapByteOrderDefault = 0 << 12,
-    kCGBitmapByteOrder16Little = 1 << 12,
-    kCGBitmapByteOrder32Little = 2 << 12,
-    kCGBitmapByteOrder16Big = 3 << 12,
-    kCGBitmapByteOrder32Big = 4 << 12,
-};
+// Numbers, not an enumeration: they are combined with a CGImageAlphaInfo.
+inline constexpr CGBitmapInfo kCGBitmapAlphaInfoMask = 0x1F;
+inline constexpr CGBitmapInfo kCGBitmapFloatComponents = 1 << 8;
+inline constexpr CGBitmapInfo kCGBitmapByteOrderMask = 0x7000;
+inline constexpr CGBitmapInfo kCGBitmapByteOrderDefault = 0 << 12;
+inline constexpr CGBitmapInfo kCGBitmapByteOrder16Little = 1 << 12;
+inline constexpr CGBitmapInfo kCGBitmapByteOrder32Little = 2 << 12;
+inline constexpr CGBitmapInfo kCGBitmapByteOrder16Big = 3 << 12;
+inline constexpr CGBitmapInfo kCGBitmapByteOrder32Big = 4 << 12;
 
 extern "C" {
 /// +1: the part of the image inside `rect` (pixels from the top-left corner, made integral); NULL when they do not

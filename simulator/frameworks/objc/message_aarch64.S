@@ -53,5 +53,6 @@ objc_msgSend_stret:
     .cfi_endproc
     .size objc_msgSend, .-objc_msgSend
 
-    .section .note.GNU-stack, "", %progbits
 #endif
+
+    .section .note.GNU-stack, "", %progbits

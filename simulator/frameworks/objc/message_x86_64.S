@@ -93,5 +93,6 @@ objc_msgSend_stret:
     .cfi_endproc
     .size objc_msgSend_stret, .-objc_msgSend_stret
 
-    .section .note.GNU-stack, "", @progbits
 #endif
+
+    .section .note.GNU-stack, "", %progbits

@@ -137,8 +137,8 @@ TEST_F(AssociatedObjects, NewObjectAtAnOldAddressHasNone) {
 
 TEST_F(AssociatedObjects, FoundationsOwnClassesRelease) {
     @autoreleasepool {
-        for (id object : {[[NSMutableArray alloc] init], [[NSMutableString alloc] init], [[NSMutableData alloc] init],
-                          [[NSMutableDictionary alloc] init]}) {
+        for (Class cls in @[ [NSMutableArray class], [NSMutableString class], [NSMutableData class] ]) {
+            id object = [[cls alloc] init];
             id value = [[Counted alloc] init];
             objc_setAssociatedObject(object, &keyA, value, OBJC_ASSOCIATION_RETAIN_NONATOMIC);
             [value release];

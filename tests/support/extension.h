@@ -23,7 +23,7 @@ class ExtensionTest : public testing::Test {
     std::string log() const { return root.read("/tmp/ZelkaCB.log"); }
     // How many lines of the log end in the text.
     int loggedLines(const std::string& ending) const;
-    ZLKCBSettings* settings() const { return [Settings sharedSettings]; }
+    ZLKCBSettings* settings() const { return [objc_getClass("ZLKCBSettings") sharedSettings]; }
 
     TempRoot root;
 

@@ -9,7 +9,6 @@
 #include "simulator/frameworks/uikit/uikit.h"
 
 #define Utils ((Class<ZelkaCBUtils>)objc_getClass("ZelkaCBUtils"))
-#define Settings ((Class<ZLKCBSettings>)objc_getClass("ZLKCBSettings"))
 #define Hardware ((Class<ZLKCBUIDeviceHardware>)objc_getClass("ZLKCBUIDeviceHardware"))
 
 @class ZLKCBSettings;
@@ -17,12 +16,12 @@
 @protocol ZLKCBSettings <NSObject>
 + (ZLKCBSettings*)sharedSettings;
 + (NSDictionary*)settingsDictionary:(NSString*)path;
-@property(nonatomic) BOOL isZelkaCBEnabled;
-@property(nonatomic) BOOL isRoundedPicsEnabled;
-@property(nonatomic) BOOL isMonogramEnabled;
-@property(nonatomic) BOOL isShowPicturesOnFavorites;
-@property(nonatomic) BOOL isShowPicturesOnRecents;
-@property(nonatomic) BOOL isShowPicturesOnContacts;
+@property (nonatomic) BOOL isZelkaCBEnabled;
+@property (nonatomic) BOOL isRoundedPicsEnabled;
+@property (nonatomic) BOOL isMonogramEnabled;
+@property (nonatomic) BOOL isShowPicturesOnFavorites;
+@property (nonatomic) BOOL isShowPicturesOnRecents;
+@property (nonatomic) BOOL isShowPicturesOnContacts;
 - (void)loadSettings;
 @end
 
@@ -151,7 +150,7 @@
 @end
 
 @protocol ZelkaCBObjects
-@property(nonatomic) NSInteger ZelkaCB_contactID;
+@property (nonatomic) NSInteger ZelkaCB_contactID;
 @end
 
 @interface NSObject (ZelkaCB1) <ZelkaCBObjects>

@@ -1,0 +1,14 @@
+// How often this process has called SQLite's functions, whoever calls them.
+#pragma once
+
+#include <atomic>
+
+namespace test {
+
+struct SqliteCalls {
+    std::atomic<int> opened{0}, prepared{0}, stepped{0};
+};
+
+SqliteCalls& sqliteCalls();
+
+}  // namespace test

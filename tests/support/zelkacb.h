@@ -9,6 +9,7 @@
 #include "simulator/frameworks/uikit/uikit.h"
 
 #define Utils ((Class<ZelkaCBUtils>)objc_getClass("ZelkaCBUtils"))
+#define SettingsClass ((Class<ZLKCBSettings>)objc_getClass("ZLKCBSettings"))
 #define Hardware ((Class<ZLKCBUIDeviceHardware>)objc_getClass("ZLKCBUIDeviceHardware"))
 
 @class ZLKCBSettings;

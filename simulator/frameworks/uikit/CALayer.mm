@@ -217,6 +217,7 @@ void addRounded(CGContextRef context, CGRect rect, CGFloat radius) {
 
 - (void)removeFromSuperlayer {
     [self _requireThread:_cmd];
+    if (!_superlayer) return;
     CALayer* superlayer = _superlayer;
     _superlayer = nil;
     [superlayer->_sublayers removeObjectIdenticalTo:self];

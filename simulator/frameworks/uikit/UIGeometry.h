@@ -15,6 +15,10 @@ inline UIEdgeInsets UIEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom, 
     return UIEdgeInsets{top, left, bottom, right};
 }
 
+inline BOOL UIEdgeInsetsEqualToEdgeInsets(UIEdgeInsets a, UIEdgeInsets b) {
+    return a.top == b.top && a.left == b.left && a.bottom == b.bottom && a.right == b.right;
+}
+
 inline CGRect UIEdgeInsetsInsetRect(CGRect rect, UIEdgeInsets insets) {
     return CGRectMake(rect.origin.x + insets.left, rect.origin.y + insets.top,
                       rect.size.width - insets.left - insets.right, rect.size.height - insets.top - insets.bottom);

@@ -79,6 +79,7 @@
     const BOOL separated = _separatorStyle != UITableViewCellSeparatorStyleNone;
     [cell setFrame:[self rectForRowAtIndexPath:indexPath]];
     [cell _setSeparatorColor:separated ? _separatorColor : nil];
+    [cell _setTableSeparatorInset:_separatorInset];
     [cell _setIndexWidth:_index ? [(UIView*)_index frame].size.width : 0];
 }
 

@@ -57,6 +57,7 @@ typedef NS_ENUM(NSInteger, UITableViewCellSelectionStyle) {
     UITableViewCellSelectionStyle _selectionStyle;
     UIEdgeInsets _separatorInset;
     CGFloat _indexWidth;
+    BOOL _hasOwnSeparatorInset;
     BOOL _editing;
     BOOL _selected;
     BOOL _highlighted;

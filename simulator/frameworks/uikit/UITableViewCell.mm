@@ -181,6 +181,12 @@ LabelLook lookOf(UITableViewCellStyle style) {
 
 - (void)setSeparatorInset:(UIEdgeInsets)inset {
     [self _requireThread:_cmd];
+    _hasOwnSeparatorInset = YES;
+    [self _showSeparatorInset:inset];
+}
+
+- (void)_showSeparatorInset:(UIEdgeInsets)inset {
+    if (UIEdgeInsetsEqualToEdgeInsets(_separatorInset, inset)) return;
     _separatorInset = inset;
     [self setNeedsLayout];
 }
@@ -248,6 +254,7 @@ LabelLook lookOf(UITableViewCellStyle style) {
 }
 
 - (void)_setSeparatorColor:(UIColor*)color {
+    if (color == [_separatorView backgroundColor]) return;
     if (color && !_separatorView) {
         _separatorView = [[UIView alloc] initWithFrame:CGRectZero];
         [[self _container] addSubview:_separatorView];
@@ -257,8 +264,14 @@ LabelLook lookOf(UITableViewCellStyle style) {
     [self setNeedsLayout];
 }
 
+- (void)_setTableSeparatorInset:(UIEdgeInsets)inset {
+    if (!_hasOwnSeparatorInset) [self _showSeparatorInset:inset];
+}
+
 - (void)_setIndexWidth:(CGFloat)width {
+    if (width == _indexWidth) return;
     _indexWidth = width;
+    [self setNeedsLayout];
 }
 
 @end

@@ -126,7 +126,8 @@
     if (child->_parentViewController == self) return;
     [child retain];
     [child willMoveToParentViewController:self];
-    [child->_parentViewController->_childViewControllers removeObjectIdenticalTo:child];
+    UIViewController* oldParent = child->_parentViewController;
+    if (oldParent) [oldParent->_childViewControllers removeObjectIdenticalTo:child];
     [_childViewControllers addObject:child];
     child->_parentViewController = self;
     [child release];

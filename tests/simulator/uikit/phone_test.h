@@ -1,0 +1,50 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string_view>
+
+#include "simulator/frameworks/uikit/graphics/pixels.h"
+#include "simulator/frameworks/uikit/uikit.h"
+#include "simulator/runtime/process.h"
+#include "tests/support/temp_root.h"
+
+// A test that plays one phone; start() comes first. Each test runs in a process of its own.
+class PhoneTest : public testing::Test {
+  protected:
+    void start(std::string_view profile, bool rightToLeft = false) {
+        root_ = std::make_unique<test::TempRoot>(profile);
+        root_->setDevice(profile, rightToLeft);
+        phone::boot(root_->path(), "test.uikit");
+        pool_ = [[NSAutoreleasePool alloc] init];
+    }
+
+    ~PhoneTest() override { [pool_ drain]; }
+
+    // The pixel of a picture at a point.
+    static phone::Pixel at(UIImage* image, double x, double y) {
+        const double scale = [image scale];
+        return phone::pixelAt([image CGImage], static_cast<size_t>(x * scale), static_cast<size_t>(y * scale))
+            .value_or(phone::Pixel{1, 2, 3, 4});
+    }
+
+  private:
+    std::unique_ptr<test::TempRoot> root_;
+    NSAutoreleasePool* pool_ = nil;
+};
+
+// Whether a call raises a platform exception.
+template <class Call>
+bool raises(Call call) {
+    @try {
+        call();
+    } @catch (NSException*) {
+        return true;
+    }
+    return false;
+}
+
+inline bool operator==(const CGRect& a, const CGRect& b) { return CGRectEqualToRect(a, b); }
+inline void PrintTo(const CGRect& rect, std::ostream* out) { *out << [NSStringFromCGRect(rect) UTF8String]; }

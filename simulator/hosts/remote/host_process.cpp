@@ -19,14 +19,26 @@
 extern char** environ;
 
 namespace hosts {
+
+// The end of a wait, kept with its length for the message.
+class HostProcess::Deadline {
+  public:
+    explicit Deadline(double seconds)
+        : seconds_(seconds),
+          end_(Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds))) {}
+
+    double seconds() const { return seconds_; }
+    double secondsLeft() const { return std::chrono::duration<double>(end_ - Clock::now()).count(); }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+    double seconds_;
+    Clock::time_point end_;
+};
+
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using Json = nlohmann::json;
-
-Clock::time_point deadlineAfter(double seconds) {
-    return Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
-}
 
 std::string secondsText(double seconds) {
     char text[32];
@@ -115,7 +127,7 @@ std::filesystem::path programPath(HostKind kind) {
 HostProcess::HostProcess(HostKind kind, const HostOptions& options) : name_(programName(kind)) {
     try {
         spawn(kind, options);
-        const std::string line = readLine(options.startTimeoutSeconds, "start");
+        const std::string line = readLine(Deadline(options.startTimeoutSeconds), "start");
         if (line != R"({"ready": true})") fail("said \"" + line + "\" instead of being ready");
     } catch (...) {
         release();
@@ -176,10 +188,9 @@ nlohmann::json HostProcess::call(const nlohmann::json& command, double timeoutSe
     ::sigaction(SIGPIPE, &before, nullptr);
     if (written < line.size()) fail("cannot be asked to " + what + ": " + (running() ? "its pipe failed" : "it ended"));
 
-    const auto deadline = deadlineAfter(timeoutSeconds);
+    const Deadline deadline(timeoutSeconds);
     for (;;) {
-        const double left = std::chrono::duration<double>(deadline - Clock::now()).count();
-        Json answer = Json::parse(readLine(left > 0 ? left : 0, what), nullptr, false);
+        Json answer = Json::parse(readLine(deadline, what), nullptr, false);
         if (answer.is_discarded() || !answer.is_object()) fail("answered " + what + " with something that is not JSON");
         // An answer to a command given up earlier may still arrive.
         if (answer.value("id", -1L) != id) continue;
@@ -189,21 +200,20 @@ nlohmann::json HostProcess::call(const nlohmann::json& command, double timeoutSe
     }
 }
 
-std::string HostProcess::readLine(double timeoutSeconds, const std::string& waitingFor) {
-    const auto deadline = deadlineAfter(timeoutSeconds);
+std::string HostProcess::readLine(const Deadline& deadline, const std::string& waitingFor) {
     for (;;) {
         if (const auto end = unread_.find('\n'); end != std::string::npos) {
             std::string line = unread_.substr(0, end);
             unread_.erase(0, end + 1);
             return line;
         }
-        const double left = std::chrono::duration<double>(deadline - Clock::now()).count();
+        const double left = deadline.secondsLeft();
         struct pollfd wait {
             answers_, POLLIN, 0
         };
         const int ready = left > 0 ? ::poll(&wait, 1, static_cast<int>(std::ceil(left * 1000))) : 0;
         if (ready < 0 && errno == EINTR) continue;
-        if (ready <= 0) fail("did not " + waitingFor + " within " + secondsText(timeoutSeconds));
+        if (ready <= 0) fail("did not " + waitingFor + " within " + secondsText(deadline.seconds()));
         char buffer[65536];
         const ssize_t count = ::read(answers_, buffer, sizeof buffer);
         if (count < 0 && errno == EINTR) continue;
@@ -225,9 +235,9 @@ std::string HostProcess::readLine(double timeoutSeconds, const std::string& wait
 int HostProcess::quit(double timeoutSeconds) {
     if (running()) {
         call({{"do", "quit"}}, timeoutSeconds);
-        const auto deadline = deadlineAfter(timeoutSeconds);
+        const Deadline deadline(timeoutSeconds);
         while (running()) {
-            if (Clock::now() > deadline) fail("did not end within " + secondsText(timeoutSeconds));
+            if (deadline.secondsLeft() <= 0) fail("did not end within " + secondsText(timeoutSeconds));
             ::usleep(2000);
         }
     }

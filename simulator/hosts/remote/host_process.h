@@ -81,7 +81,8 @@ class HostProcess {
 
   private:
     void spawn(HostKind kind, const HostOptions& options);
-    std::string readLine(double timeoutSeconds, const std::string& waitingFor);
+    class Deadline;
+    std::string readLine(const Deadline& deadline, const std::string& waitingFor);
     void release();
     [[noreturn]] void fail(const std::string& what) const;
 

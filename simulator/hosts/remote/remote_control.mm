@@ -77,29 +77,37 @@ id wellFormedJson(id value) {
 }
 
 - (void)readLines {
-    NSMutableData* unread = [NSMutableData data];
-    char buffer[65536];
-    for (;;) {
-        const ssize_t count = ::read(_input, buffer, sizeof buffer);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) break;
-        [unread appendBytes:buffer length:(NSUInteger)count];
-        [self takeLinesOf:unread];
+    @autoreleasepool {
+        NSMutableData* unread = [NSMutableData data];
+        while ([self readInto:unread]) [self takeLinesOf:unread];
+        [self performSelectorOnMainThread:@selector(inputEnded) withObject:nil waitUntilDone:NO];
     }
-    [self performSelectorOnMainThread:@selector(inputEnded) withObject:nil waitUntilDone:NO];
+}
+
+// NO at the end of the input.
+- (BOOL)readInto:(NSMutableData*)unread {
+    char buffer[65536];
+    ssize_t count = 0;
+    do {
+        count = ::read(_input, buffer, sizeof buffer);
+    } while (count < 0 && errno == EINTR);
+    if (count > 0) [unread appendBytes:buffer length:(NSUInteger)count];
+    return count > 0;
 }
 
 - (void)takeLinesOf:(NSMutableData*)unread {
     @autoreleasepool {
+        const char* bytes = (const char*)[unread bytes];
+        NSUInteger taken = 0;
         for (;;) {
-            const char* bytes = (const char*)[unread bytes];
-            const void* end = [unread length] > 0 ? memchr(bytes, '\n', [unread length]) : nullptr;
-            if (end == nullptr) return;
-            const NSUInteger length = (NSUInteger)((const char*)end - bytes);
-            NSData* line = [NSData dataWithBytes:bytes length:length];
-            [unread replaceBytesInRange:NSMakeRange(0, length + 1) withBytes:nullptr length:0];
+            const void* end = memchr(bytes + taken, '\n', [unread length] - taken);
+            if (end == nullptr) break;
+            const NSUInteger length = (NSUInteger)((const char*)end - bytes) - taken;
+            NSData* line = [NSData dataWithBytes:bytes + taken length:length];
+            taken += length + 1;
             [self performSelectorOnMainThread:@selector(takeLine:) withObject:line waitUntilDone:NO];
         }
+        [unread replaceBytesInRange:NSMakeRange(0, taken) withBytes:nullptr length:0];
     }
 }
 

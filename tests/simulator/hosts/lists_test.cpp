@@ -40,7 +40,9 @@ TEST_F(HostTest, ContactsWithAndWithoutNameViewsDrawTheNameInsideTheRow) {
     for (const bool nameViews : {true, false}) {
         for (const bool editing : {false, true}) {
             host.call({{"do", "show"}, {"screen", "contacts"}, {"editing", editing}, {"nameViews", nameViews}});
-            for (const Json& row : host.call({{"do", "rows"}}).at("rows")) {
+            const Json rows = host.call({{"do", "rows"}}).at("rows");
+            ASSERT_EQ(rows.size(), 6u);
+            for (const Json& row : rows) {
                 const Frame name(row.at("frames").at("name"));
                 EXPECT_GE(name.x, nameViews && editing ? 38 : 0);
                 EXPECT_LE(name.right(), 375);

@@ -71,7 +71,9 @@ TEST_F(HostTest, WithoutTheLibraryNoRowHasAPictureView) {
     makePhone();
     HostProcess host(HostKind::callBarViewService, options());
     for (const char* screen : {"recents", "contacts"}) {
-        for (const Json& row : rowsOf(host, screen)) {
+        const Json rows = rowsOf(host, screen);
+        ASSERT_FALSE(rows.empty());
+        for (const Json& row : rows) {
             EXPECT_EQ(row.at("hasPictureView"), false);
             EXPECT_TRUE(row.at("picture").is_null());
         }

@@ -30,8 +30,17 @@ std::string upper(std::string_view text) {
 }
 
 bool isLine(std::string_view line, std::string_view expected) {
-    while (!line.empty() && (line.back() == '\r' || line.back() == ' ' || line.back() == '\t')) line.remove_suffix(1);
+    while (!line.empty() && (line.back() == ' ' || line.back() == '\t')) line.remove_suffix(1);
     return upper(line) == expected;
+}
+
+// The parser does not always see that a quoted-printable line goes on, so it gets such a line whole.
+void appendLine(std::string& card, std::string_view line) {
+    std::size_t lastLine = card.empty() ? 0 : card.rfind('\n', card.size() - 2) + 1;
+    bool goesOn = card.size() >= 2 && card.substr(card.size() - 2) == "=\n" &&
+                  upper(std::string_view(card).substr(lastLine)).find("QUOTED-PRINTABLE") != std::string::npos;
+    if (goesOn) card.resize(card.size() - 2);
+    card.append(line).append("\n");
 }
 
 struct Card {
@@ -47,6 +56,7 @@ Result<std::vector<Card>> splitCards(const std::string& content, const std::stri
         std::size_t end = std::min(content.find('\n', start), content.size());
         std::string_view line(content.data() + start, end - start);
         start = end + 1;
+        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
         if (++number == 1 && line.substr(0, 3) == "\xEF\xBB\xBF") line.remove_prefix(3);
         if (isLine(line, "BEGIN:VCARD")) {
             if (inside) break;
@@ -54,7 +64,7 @@ Result<std::vector<Card>> splitCards(const std::string& content, const std::stri
             cards.push_back({std::string(), number});
         }
         if (!inside) continue;
-        cards.back().text.append(line).append("\n");
+        appendLine(cards.back().text, line);
         if (isLine(line, "END:VCARD")) inside = false;
     }
     if (inside) {

@@ -66,8 +66,8 @@ UIView* makeButtonWithChevron() {
               : [UIColor colorWithRed:0.298 green:0.851 blue:0.392 alpha:1]) set];
     [[UIBezierPath bezierPathWithOvalInRect:CGRectMake(left, top, kEditCircle, kEditCircle)] fill];
     [[UIColor whiteColor] set];
-    UIRectFill(CGRectMake(left + 5.5, top + 10.25, 11, 1.5));
-    if (!deletes) UIRectFill(CGRectMake(left + 10.25, top + 5.5, 1.5, 11));
+    UIRectFill(CGRectMake(left + 5.5, top + 10, 11, 2));
+    if (!deletes) UIRectFill(CGRectMake(left + 10, top + 5.5, 2, 11));
 }
 
 @end
@@ -133,7 +133,7 @@ UIView* UITableViewMakeAccessory(UITableViewCellAccessoryType type) {
             [_textLabel setTextColor:[UIColor colorWithRed:0.427 green:0.427 blue:0.447 alpha:1]];
         } else {
             [_textLabel setFont:[UIFont boldSystemFontOfSize:15]];
-            [self setBackgroundColor:[UIColor colorWithWhite:0.969 alpha:1]];
+            [self setBackgroundColor:[UIColor colorWithWhite:247 / 255.0 alpha:1]];
         }
         [self addSubview:_textLabel];
     }

@@ -5,7 +5,8 @@
 
 @interface UIView (UIViewPrivate)
 
-// See UIRequireThread; `method` is the caller's own selector.
+// Ends the process with a message that names the class and `method`, the caller's own selector, unless the view may be
+// changed on this thread (UIView.h).
 - (void)_requireThread:(SEL)method;
 
 // The controller whose view this is; unowned.

@@ -2,7 +2,9 @@
 
 #import <objc/runtime.h>
 
-#include "simulator/frameworks/uikit/UIThreads.h"
+#include <stdio.h>
+#include <stdlib.h>
+
 #include "simulator/frameworks/uikit/UIView+Private.h"
 #include "simulator/frameworks/uikit/UIViewController.h"
 #include "simulator/frameworks/uikit/UIWindow.h"
@@ -76,10 +78,7 @@ NSString* gravityOf(UIViewContentMode mode) {
 }
 
 - (void)dealloc {
-    for (UIView* view in _subviews) {
-        view->_superview = nil;
-        [view->_layer removeFromSuperlayer];
-    }
+    for (UIView* view in _subviews) view->_superview = nil;
     [_subviews release];
     [_layer setDelegate:nil];
     [_layer release];
@@ -209,7 +208,11 @@ NSString* gravityOf(UIViewContentMode mode) {
 @implementation UIView (UIViewPrivate)
 
 - (void)_requireThread:(SEL)method {
-    UIRequireThread(self, method, _madeOffMainThread, [self window] != nil);
+    if ([NSThread isMainThread] || (_madeOffMainThread && ![self window])) return;
+    // An exception would be swallowed by the operation queue whose thread this most likely is.
+    fprintf(stderr, "UIKit: -[%s %s] must be used from the main thread only\n",
+            [NSStringFromClass([self class]) UTF8String], [NSStringFromSelector(method) UTF8String]);
+    abort();
 }
 
 - (UIViewController*)_viewController {

@@ -46,6 +46,10 @@ TEST_F(CellTest, DateLabelsAreTheirOwnClass) {
     UIDateLabel* label = [[[UIDateLabel alloc] initWithFrame:CGRectZero] autorelease];
     EXPECT_TRUE([NSStringFromClass([label class]) isEqual:@"UIDateLabel"]);
     EXPECT_TRUE([label isKindOfClass:[UILabel class]]);
+    [label setDate:[NSDate date]];
+    EXPECT_THAT([[label text] UTF8String], testing::ContainsRegex("^[0-9]+:[0-9][0-9] [AP]M$"));
+    [label setDate:[NSDate dateWithTimeIntervalSince1970:86400 * 365]];
+    EXPECT_THAT([[label text] UTF8String], testing::ContainsRegex("^[0-9]+/[0-9]+/7[01]$"));
     [label setDate:[NSDate dateWithTimeIntervalSinceNow:-86400]];
     EXPECT_TRUE([[label text] isEqual:@"Yesterday"]);
     [label setDate:nil];

@@ -25,6 +25,25 @@ TEST_F(DeviceTest, ThePlusShowsThreePixelsAPointOnASmallerPanel) {
     EXPECT_TRUE(raises([&] { [screen displayLinkWithTarget:screen selector:@selector(scale)]; }));
 }
 
+phone::Device inLandscape(const char* profile) {
+    phone::Device device = phone::deviceFromProfile(profile).value();
+    device.orientation = UIInterfaceOrientationLandscapeLeft;
+    return device;
+}
+
+TEST_F(DeviceTest, Before8TheBoundsStayUpright) {
+    start(inLandscape("iphone5s-7.1"));
+    EXPECT_EQ([[UIScreen mainScreen] bounds], CGRectMake(0, 0, 320, 568));
+}
+
+TEST_F(DeviceTest, From8OnTheBoundsFollowTheInterface) {
+    start(inLandscape("iphone6-8.4"));
+    EXPECT_EQ([[UIScreen mainScreen] bounds], CGRectMake(0, 0, 667, 375));
+    EXPECT_EQ([[UIScreen mainScreen] nativeBounds], CGRectMake(0, 0, 750, 1334));
+    UIApplication* application = UIApplicationStart(nil, nil);
+    EXPECT_EQ([application statusBarOrientation], UIInterfaceOrientationLandscapeLeft);
+}
+
 TEST_F(DeviceTest, TheDeviceNamesItselfAndItsSystem) {
     start("ipad2-6.1");
     UIDevice* device = [UIDevice currentDevice];

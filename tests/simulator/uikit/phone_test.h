@@ -8,6 +8,7 @@
 
 #include "simulator/frameworks/uikit/graphics/pixels.h"
 #include "simulator/frameworks/uikit/uikit.h"
+#include "simulator/runtime/device_profiles.h"
 #include "simulator/runtime/process.h"
 #include "tests/support/temp_root.h"
 
@@ -15,8 +16,14 @@
 class PhoneTest : public testing::Test {
   protected:
     void start(std::string_view profile, bool rightToLeft = false) {
-        root_ = std::make_unique<test::TempRoot>(profile);
-        root_->setDevice(profile, rightToLeft);
+        phone::Device device = phone::deviceFromProfile(profile).value();
+        device.rightToLeft = rightToLeft;
+        start(device);
+    }
+
+    void start(const phone::Device& device) {
+        root_ = std::make_unique<test::TempRoot>();
+        ASSERT_EQ(phone::writeDevice(root_->path(), device), "");
         phone::boot(root_->path(), "test.uikit");
         pool_ = [[NSAutoreleasePool alloc] init];
     }

@@ -66,7 +66,7 @@ TEST_F(PictureTest, ARecentsListAtThreePixelsAPoint) {
     [table setRowHeight:52];
     UIImage* image = pictureOf(table, "recents-3x.png");
     EXPECT_EQ(CGImageGetWidth([image CGImage]), 1242u);
-    const Pixel ring = at(image, 388, 15.5);
+    const Pixel ring = at(image, 388, 14.5);
     EXPECT_GT(ring.b, ring.r) << "the detail button is blue";
 }
 

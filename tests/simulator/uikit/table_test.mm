@@ -61,6 +61,34 @@ TEST_F(TableTest, AReloadReusesTheCellsAndAsksAgain) {
     EXPECT_EQ([[table visibleCells] count], 2u);
 }
 
+TEST_F(TableTest, SingleRowsCanBeAskedForAgain) {
+    start("iphone6-8.4");
+    NameSource* source = sourceOf([numbered(3) mutableCopy]);
+    UITableView* table = makeTable(source, kFrame);
+    [table layoutIfNeeded];
+    UITableViewCell* kept = [[table visibleCells] objectAtIndex:0];
+    [[source->sections objectAtIndex:0] setArray:@[ @"New 0", @"New 1", @"New 2" ]];
+    [table reloadRowsAtIndexPaths:@[ [NSIndexPath indexPathForRow:1 inSection:0] ]
+                 withRowAnimation:UITableViewRowAnimationNone];
+    [table layoutIfNeeded];
+    EXPECT_TRUE([textOf(table, 0) isEqual:@"Name 0"]);
+    EXPECT_TRUE([textOf(table, 1) isEqual:@"New 1"]);
+    EXPECT_EQ([[table visibleCells] objectAtIndex:0], kept);
+}
+
+TEST_F(TableTest, ATableControllerIsItsTablesSource) {
+    start("iphone6-8.4");
+    UITableViewController* controller =
+        [[[UITableViewController alloc] initWithStyle:UITableViewStylePlain] autorelease];
+    UITableView* table = [controller tableView];
+    EXPECT_EQ((id)[table dataSource], controller);
+    EXPECT_EQ((id)[table delegate], controller);
+    EXPECT_EQ([controller view], table);
+    EXPECT_EQ([table numberOfRowsInSection:0], 0);
+    [controller setEditing:YES animated:NO];
+    EXPECT_TRUE([table isEditing]);
+}
+
 TEST_F(TableTest, EveryPassOfTheTableLaysItsCellsOutOnce) {
     start("iphone6-8.4");
     UITableView* table = makeTable(sourceOf(numbered(2)), kFrame);

@@ -153,6 +153,44 @@ TEST_F(ViewTest, AViewOfTheMainThreadMustNotBeChangedElsewhere) {
     EXPECT_DEATH(changeElsewhere(picture), "UIImageView setNeedsLayout\\] must be used from the main thread only");
 }
 
+// What a queue's task kept alive may go away on the queue's thread.
+TEST_F(ViewTest, AnyThreadMayDropTheLastReference) {
+    start("iphone6-8.4");
+    UIView* top = [[UIView alloc] initWithFrame:CGRectZero];
+    UIView* child = view(1, top);
+    NSMutableArray* task = [NSMutableArray arrayWithObject:top];
+    [top release];
+    NSThread* thread = [[NSThread alloc] initWithTarget:task selector:@selector(removeAllObjects) object:nil];
+    [thread start];
+    while (![thread isFinished]) usleep(1000);
+    [thread release];
+    EXPECT_EQ([child superview], nil);
+    UIView* other = view(2, nil);
+    [other addSubview:child];
+    EXPECT_EQ([[child layer] superlayer], [other layer]);
+}
+
+TEST_F(ViewTest, ALabelCentresItsLineVertically) {
+    start("iphone6-8.4");
+    UILabel* label = [[[UILabel alloc] initWithFrame:CGRectMake(0, 0, 40, 100)] autorelease];
+    [label setText:@"HH"];
+    [label setTextAlignment:NSTextAlignmentRight];
+    UIImage* image = UISnapshotOfView(label);
+    int top = 200, bottom = 0, left = 80, right = 0;
+    for (int y = 0; y < 200; ++y) {
+        for (int x = 0; x < 80; ++x) {
+            if (phone::pixelAt([image CGImage], x, y)->r > 128) continue;
+            top = std::min(top, y);
+            bottom = std::max(bottom, y);
+            left = std::min(left, x);
+            right = std::max(right, x);
+        }
+    }
+    EXPECT_NEAR((top + bottom) / 2, 100, 4);
+    EXPECT_GT(left, 20);
+    EXPECT_GT(right, 74);
+}
+
 TEST_F(ViewTest, LabelsTakeTheSizeOfTheirText) {
     start("iphone6-8.4");
     UILabel* label = [[[UILabel alloc] initWithFrame:CGRectMake(7, 9, 5, 5)] autorelease];

@@ -21,6 +21,8 @@ class DeviceQueries : public test::ExtensionTest {
         device.orientation = orientation;
         write(device);
         boot();
+        // The one that the host would have made.
+        [[UIApplication alloc] init];
     }
 
     void bootProfile(const char* profile) {

@@ -36,8 +36,7 @@ bool readNumber(id value, Range range, double& number) {
 }
 
 Field real(NSString* key, double Device::*member, Range range) {
-    return {key,
-            [member, range](id value, Device& device) { return readNumber(value, range, device.*member); },
+    return {key, [member, range](id value, Device& device) { return readNumber(value, range, device.*member); },
             [member](const Device& device) -> id { return [NSNumber numberWithDouble:device.*member]; }};
 }
 
@@ -90,7 +89,8 @@ std::string readFields(NSDictionary* values, const std::string& path, Device& de
     for (const Field& field : fields()) {
         id value = [values objectForKey:field.key];
         if (value != nil && !field.read(value, result)) {
-            return path + ": the value of " + [field.key UTF8String] + " is unusable: " + [[value description] UTF8String];
+            return path + ": the value of " + [field.key UTF8String] +
+                   " is unusable: " + [[value description] UTF8String];
         }
     }
     device = result;

@@ -14,7 +14,8 @@ const std::vector<DeviceProfile>& deviceProfiles() {
         {"iphone6-8.4", "iPhone 6, iOS 8.4", "iPhone", "iPhone7,2", "8.4", 375, 667, 2, 2, 0},
         {"iphone6plus-8.4", "iPhone 6 Plus, iOS 8.4", "iPhone", "iPhone7,1", "8.4", 414, 736, 3, 2.608695652173913, 0},
         {"iphone6-9.3", "iPhone 6, iOS 9.3.3", "iPhone", "iPhone7,2", "9.3.3", 375, 667, 2, 2, 0},
-        {"iphone6plus-9.3", "iPhone 6 Plus, iOS 9.3.3", "iPhone", "iPhone7,1", "9.3.3", 414, 736, 3, 2.608695652173913, 0},
+        {"iphone6plus-9.3", "iPhone 6 Plus, iOS 9.3.3", "iPhone", "iPhone7,1", "9.3.3", 414, 736, 3, 2.608695652173913,
+         0},
     };
     return profiles;
 }

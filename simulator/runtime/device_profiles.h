@@ -12,7 +12,7 @@
 namespace phone {
 
 struct DeviceProfile {
-    std::string_view id;  // "iphone6-8.4"
+    std::string_view id;     // "iphone6-8.4"
     std::string_view title;  // "iPhone 6, iOS 8.4"
     std::string_view model, machine, systemVersion;
     double width, height;  // portrait, points

@@ -53,7 +53,8 @@ bool asksForThisProcess(NSString* path) {
     return [bundles containsObject:[NSString stringWithUTF8String:bundleIdentifier().c_str()]];
 }
 
-// The library that a filter file belongs to: the phone's own kind first, then this machine's. Nil when there is neither.
+// The library that a filter file belongs to: the phone's own kind first, then this machine's. Nil when there is
+// neither.
 NSString* libraryFor(NSString* filterPath) {
     NSString* stem = [filterPath stringByDeletingPathExtension];
     for (NSString* extension in @[ @"dylib", @"so" ]) {

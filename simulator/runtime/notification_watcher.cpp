@@ -23,7 +23,8 @@ std::string readFrom(int file, long position) {
     std::string bytes(static_cast<size_t>(std::max(0L, sizeOf(file) - position)), '\0');
     size_t filled = 0;
     while (filled < bytes.size()) {
-        const ssize_t count = pread(file, bytes.data() + filled, bytes.size() - filled, position + static_cast<long>(filled));
+        const ssize_t count =
+            pread(file, bytes.data() + filled, bytes.size() - filled, position + static_cast<long>(filled));
         if (count < 0 && errno == EINTR) continue;
         if (count <= 0) break;
         filled += static_cast<size_t>(count);

@@ -1,7 +1,7 @@
 #pragma once
 
-// How much queued work the process still has to do. The frameworks that queue work (main queue, operation queues) each say
-// how to count theirs; settle() (process.h) waits for none.
+// How much queued work the process still has to do. The frameworks that queue work (main queue, operation queues) each
+// say how to count theirs; settle() (process.h) waits for none.
 
 namespace phone {
 

@@ -11,8 +11,8 @@
 #include "simulator/runtime/process_state.h"
 #include "simulator/runtime/sqlite_vfs.h"
 
-// The runtime's method tables, Foundation's singletons and the text libraries' caches live as long as the process; telling
-// them as leaks would hide every other message.
+// The runtime's method tables, Foundation's singletons and the text libraries' caches live as long as the process;
+// telling them as leaks would hide every other message.
 extern "C" const char* __asan_default_options() { return "detect_leaks=0"; }
 
 namespace phone {

@@ -13,7 +13,8 @@ namespace {
 constinit sqlite3_vfs* machine = nullptr;
 constinit sqlite3_vfs vfs{};
 
-// SQLite makes every other name (the journal, the write-ahead log) from what this answers, so it is the one place to map.
+// SQLite makes every other name (the journal, the write-ahead log) from what this answers, so it is the one place to
+// map.
 int fullPathname(sqlite3_vfs*, const char* name, int size, char* result) {
     const int code = machine->xFullPathname(machine, hostPath(name).c_str(), size, result);
     if (code != SQLITE_OK && code != SQLITE_OK_SYMLINK) return code;

@@ -10,7 +10,8 @@ namespace test {
 
 class TempRoot {
   public:
-    // A root with the phone's directories and the named device profile's device.plist (simulator/runtime/device_profiles.h).
+    // A root with the phone's directories and the named device profile's device.plist
+    // (simulator/runtime/device_profiles.h).
     explicit TempRoot(std::string_view profile = "iphone6-8.4");
     ~TempRoot();
     TempRoot(const TempRoot&) = delete;

@@ -15,8 +15,8 @@ typedef void* dispatch_block_t;
 extern struct dispatch_queue_s _dispatch_main_q;
 static inline dispatch_queue_t dispatch_get_main_queue(void) { return &_dispatch_main_q; }
 
-// Runs the work once in the process's life; callers who come while it runs wait. The token reads ~0 once it is done, which
-// callers' inlined fast paths rely on.
+// Runs the work once in the process's life; callers who come while it runs wait. The token reads ~0 once it is done,
+// which callers' inlined fast paths rely on.
 void dispatch_once(dispatch_once_t* token, dispatch_block_t block);
 void dispatch_once_f(dispatch_once_t* token, void* context, dispatch_function_t work);
 

@@ -12,7 +12,8 @@ extern "C" {
 
 // Ahead of the C library's by definition order: an absolute path is the phone's. A null path changes the stream's mode.
 FILE* freopen(const char* path, const char* mode, FILE* stream) {
-    static const auto before = reinterpret_cast<FILE* (*)(const char*, const char*, FILE*)>(dlsym(RTLD_NEXT, "freopen"));
+    static const auto before =
+        reinterpret_cast<FILE* (*)(const char*, const char*, FILE*)>(dlsym(RTLD_NEXT, "freopen"));
     if (path == nullptr) return before(path, mode, stream);
     return before(phone::hostPath(path).c_str(), mode, stream);
 }

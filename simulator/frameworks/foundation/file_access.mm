@@ -8,15 +8,15 @@
 #include <algorithm>
 #include <string_view>
 
-// Foundation reads every file through -fileSystemRepresentationWithPath:, so the phone's root goes in there; atomic writes
-// pass it by and get theirs in the method that writes.
+// Foundation reads every file through -fileSystemRepresentationWithPath:, so the phone's root goes in there; atomic
+// writes pass it by and get theirs in the method that writes.
 
 namespace {
 
 // What Foundation itself needs of the machine it runs on: its own resources, time zones, devices.
-constexpr std::string_view machinePlaces[] = {"/usr/share/GNUstep", "/usr/lib/GNUstep", "/etc/GNUstep",
-                                              "/usr/share/zoneinfo", "/etc/localtime",  "/etc/timezone",
-                                              "/dev",                "/proc"};
+constexpr std::string_view machinePlaces[] = {
+    "/usr/share/GNUstep", "/usr/lib/GNUstep", "/etc/GNUstep", "/usr/share/zoneinfo",
+    "/etc/localtime",     "/etc/timezone",    "/dev",         "/proc"};
 
 bool belongsToMachine(std::string_view path) {
     return std::any_of(std::begin(machinePlaces), std::end(machinePlaces), [path](std::string_view place) {
@@ -55,9 +55,11 @@ NSString* currentDirectory(id self, SEL selector) {
 @end
 @implementation PhoneFileAccess
 + (void)load {
-    representationBefore = phone::replaceMethod([NSFileManager class], "fileSystemRepresentationWithPath:", representation);
-    writeBefore = phone::replaceMethod([NSData class], "writeToFile:options:error:", writeFile);
-    currentDirectoryBefore = phone::replaceMethod([NSFileManager class], "currentDirectoryPath", currentDirectory);
+    representationBefore =
+        phone::replaceMethod(objc_getClass("NSFileManager"), "fileSystemRepresentationWithPath:", representation);
+    writeBefore = phone::replaceMethod(objc_getClass("NSData"), "writeToFile:options:error:", writeFile);
+    currentDirectoryBefore =
+        phone::replaceMethod(objc_getClass("NSFileManager"), "currentDirectoryPath", currentDirectory);
 }
 @end
 

@@ -21,6 +21,6 @@ NSString* identifier(id self, SEL selector) {
 @end
 @implementation PhoneMainBundle
 + (void)load {
-    identifierBefore = phone::replaceMethod([NSBundle class], "bundleIdentifier", identifier);
+    identifierBefore = phone::replaceMethod(objc_getClass("NSBundle"), "bundleIdentifier", identifier);
 }
 @end

@@ -55,8 +55,8 @@ long countOperations() {
 @end
 @implementation PhoneOperationQueues
 + (void)load {
-    initBefore = phone::replaceMethod([NSOperationQueue class], "init", init);
-    deallocBefore = phone::replaceMethod([NSOperationQueue class], "dealloc", dealloc);
+    initBefore = phone::replaceMethod(objc_getClass("NSOperationQueue"), "init", init);
+    deallocBefore = phone::replaceMethod(objc_getClass("NSOperationQueue"), "dealloc", dealloc);
     phone::addWorkSource(countOperations);
 }
 @end

@@ -1,14 +1,16 @@
 #pragma once
 
-// Foundation here is another system's; where it differs from a phone's, its methods are replaced while the program loads.
+// Foundation here is another system's; where it differs from a phone's, its methods are replaced while the program
+// loads. At that time no message may be sent: the selectors of files that load later do not exist yet. Hence classes by
+// name.
 
 #include <objc/runtime.h>
 
 namespace phone {
 
 // Replaces a method that the class itself implements, and answers the previous implementation cast to the replacement's
-// type. A class method: give the class's class. Ends the process with a message when the class has no such method of its
-// own: it would mean a Foundation that this simulator does not know.
+// type. A class method: give the class's class. Ends the process with a message when the class has no such method of
+// its own: it would mean a Foundation that this simulator does not know.
 IMP replaceMethod(Class cls, const char* selector, IMP replacement);
 
 template <typename Function>

@@ -2,6 +2,8 @@
 
 #include "simulator/frameworks/foundation/replace_method.h"
 
+#include "simulator/frameworks/objc/set_implementation.h"
+
 #include <stdio.h>
 #include <stdlib.h>
 
@@ -13,13 +15,6 @@ namespace {
 bool isKindOf(Class cls, Class base) {
     while (cls != Nil && cls != base) cls = class_getSuperclass(cls);
     return cls != Nil;
-}
-
-// Null when the class inherits the method or has none.
-Method ownMethod(Class cls, SEL selector) {
-    Method method = cls == Nil ? nullptr : class_getInstanceMethod(cls, selector);
-    const Class parent = cls == Nil ? Nil : class_getSuperclass(cls);
-    return parent != Nil && class_getInstanceMethod(parent, selector) == method ? nullptr : method;
 }
 
 std::vector<Class> allClasses() {
@@ -37,7 +32,7 @@ IMP replaceMethod(Class cls, const char* selector, IMP replacement) {
                 cls == Nil ? "class" : class_getName(cls), selector);
         abort();
     }
-    return method_setImplementation(method, replacement);
+    return setImplementation(cls, method, replacement);
 }
 
 void replaceMethodEverywhere(Class base, const char* selector, IMP replacement) {
@@ -45,7 +40,7 @@ void replaceMethodEverywhere(Class base, const char* selector, IMP replacement) 
     const SEL sel = sel_registerName(selector);
     for (Class cls : allClasses()) {
         if (cls == base || !isKindOf(cls, base)) continue;
-        if (Method own = ownMethod(cls, sel)) method_setImplementation(own, replacement);
+        if (Method own = ownMethod(cls, sel)) setImplementation(cls, own, replacement);
     }
 }
 

@@ -89,13 +89,13 @@ NSRange immutableRange(id self, SEL selector, NSString* wanted, NSUInteger optio
 @implementation PhoneStrings
 + (void)load {
     using phone::replaceMethod;
-    replaceMethod(object_getClass([NSCharacterSet class]), "alphanumericCharacterSet", alphanumerics);
-    replaceMethod(object_getClass([NSMutableCharacterSet class]), "alphanumericCharacterSet", mutableAlphanumerics);
-    phone::replaceMethodEverywhere([NSString class], "uppercaseString", reinterpret_cast<IMP>(uppercase));
-    phone::replaceMethodEverywhere([NSString class], "lowercaseString", reinterpret_cast<IMP>(lowercase));
-    replaceMethod([NSString class], "componentsSeparatedByCharactersInSet:", componentsByCharacters);
-    rangeBefore = replaceMethod([NSString class], "rangeOfString:options:range:", range);
+    replaceMethod(objc_getMetaClass("NSCharacterSet"), "alphanumericCharacterSet", alphanumerics);
+    replaceMethod(objc_getMetaClass("NSMutableCharacterSet"), "alphanumericCharacterSet", mutableAlphanumerics);
+    phone::replaceMethodEverywhere(objc_getClass("NSString"), "uppercaseString", reinterpret_cast<IMP>(uppercase));
+    phone::replaceMethodEverywhere(objc_getClass("NSString"), "lowercaseString", reinterpret_cast<IMP>(lowercase));
+    replaceMethod(objc_getClass("NSString"), "componentsSeparatedByCharactersInSet:", componentsByCharacters);
+    rangeBefore = replaceMethod(objc_getClass("NSString"), "rangeOfString:options:range:", range);
     immutableRangeBefore =
-        replaceMethod(NSClassFromString(@"GSImmutableString"), "rangeOfString:options:range:", immutableRange);
+        replaceMethod(objc_getClass("GSImmutableString"), "rangeOfString:options:range:", immutableRange);
 }
 @end

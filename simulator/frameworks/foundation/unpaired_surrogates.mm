@@ -5,8 +5,8 @@
 
 #include <stdlib.h>
 
-// A phone's strings are sequences of UTF-16 code units, whatever they are; this Foundation refuses to make one with half a
-// surrogate pair, which is what the first code unit of many a name is.
+// A phone's strings are sequences of UTF-16 code units, whatever they are; this Foundation refuses to make one with
+// half a surrogate pair, which is what the first code unit of many a name is.
 
 namespace {
 
@@ -15,31 +15,45 @@ using Init = id (*)(id, SEL, const unichar*, NSUInteger);
 using Utf8 = const char* (*)(id, SEL);
 
 InitNoCopy initNoCopyBefore;
+InitNoCopy mutableInitNoCopyBefore;
 Init initBefore;
 
 bool isOrdinary(const unichar* units, NSUInteger count) {
     return units == nullptr || phone::isWellFormed(reinterpret_cast<const char16_t*>(units), count);
 }
 
-// Formatting takes any code unit, which is the way around the refusal.
-NSString* makeUnchecked(const unichar* units, NSUInteger count) {
-    NSMutableString* text = [[NSMutableString alloc] initWithCapacity:count];
-    for (NSUInteger i = 0; i < count; ++i) [text appendFormat:@"%C", units[i]];
+// Formatting takes any code unit, which is the way around the refusal. `self` is fresh from +alloc: a mutable string,
+// or the one object that stands for every immutable string not made yet.
+id initUnchecked(id self, const unichar* units, NSUInteger count) {
+    if ([self isKindOfClass:[NSMutableString class]]) {
+        NSMutableString* text = [self initWithCapacity:count];
+        for (NSUInteger i = 0; i < count; ++i) [text appendFormat:@"%C", units[i]];
+        return text;
+    }
+    NSMutableString* text = initUnchecked([NSMutableString alloc], units, count);
     NSString* result = [text copy];
     [text release];
     return result;
 }
 
-id initWithCharactersNoCopy(id self, SEL selector, unichar* units, NSUInteger count, BOOL freeWhenDone) {
-    if (isOrdinary(units, count)) return initNoCopyBefore(self, selector, units, count, freeWhenDone);
-    NSString* text = makeUnchecked(units, count);
+id initNoCopyUnchecked(id self, unichar* units, NSUInteger count, BOOL freeWhenDone) {
+    NSString* text = initUnchecked(self, units, count);
     if (freeWhenDone) free(units);
     return text;
 }
 
-id initWithCharacters(id self, SEL selector, const unichar* units, NSUInteger count) {
-    if (isOrdinary(units, count)) return initBefore(self, selector, units, count);
-    return makeUnchecked(units, count);
+id initNoCopy(id self, SEL selector, unichar* units, NSUInteger count, BOOL freeWhenDone) {
+    if (isOrdinary(units, count)) return initNoCopyBefore(self, selector, units, count, freeWhenDone);
+    return initNoCopyUnchecked(self, units, count, freeWhenDone);
+}
+
+id mutableInitNoCopy(id self, SEL selector, unichar* units, NSUInteger count, BOOL freeWhenDone) {
+    if (isOrdinary(units, count)) return mutableInitNoCopyBefore(self, selector, units, count, freeWhenDone);
+    return initNoCopyUnchecked(self, units, count, freeWhenDone);
+}
+
+id initCopy(id self, SEL selector, const unichar* units, NSUInteger count) {
+    return isOrdinary(units, count) ? initBefore(self, selector, units, count) : initUnchecked(self, units, count);
 }
 
 // NULL for a text that UTF-8 cannot hold, where Foundation raises. One replacement for each class that has its own.
@@ -54,9 +68,7 @@ struct Utf8OfClass {
             @throw;
         }
     }
-    static void install(NSString* name) {
-        before = phone::replaceMethod(NSClassFromString(name), "UTF8String", call);
-    }
+    static void install(const char* name) { before = phone::replaceMethod(objc_getClass(name), "UTF8String", call); }
 };
 
 }  // namespace
@@ -65,13 +77,14 @@ struct Utf8OfClass {
 @end
 @implementation PhoneUnpairedSurrogates
 + (void)load {
-    Class placeholder = NSClassFromString(@"GSPlaceholderString");
-    initNoCopyBefore =
-        phone::replaceMethod(placeholder, "initWithCharactersNoCopy:length:freeWhenDone:", initWithCharactersNoCopy);
-    initBefore = phone::replaceMethod(placeholder, "initWithCharacters:length:", initWithCharacters);
-    Utf8OfClass<0>::install(@"NSString");
-    Utf8OfClass<1>::install(@"GSCString");
-    Utf8OfClass<2>::install(@"GSUnicodeString");
-    Utf8OfClass<3>::install(@"GSMutableString");
+    Class strings = objc_getClass("NSString");
+    constexpr const char* noCopy = "initWithCharactersNoCopy:length:freeWhenDone:";
+    initNoCopyBefore = phone::replaceMethod(strings, noCopy, initNoCopy);
+    mutableInitNoCopyBefore = phone::replaceMethod(objc_getClass("GSMutableString"), noCopy, mutableInitNoCopy);
+    initBefore = phone::replaceMethod(strings, "initWithCharacters:length:", initCopy);
+    Utf8OfClass<0>::install("NSString");
+    Utf8OfClass<1>::install("GSCString");
+    Utf8OfClass<2>::install("GSUnicodeString");
+    Utf8OfClass<3>::install("GSMutableString");
 }
 @end

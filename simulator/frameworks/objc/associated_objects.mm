@@ -1,9 +1,6 @@
 #import <Foundation/Foundation.h>
 
 #include "simulator/frameworks/objc/runtime.h"
-#include "simulator/frameworks/objc/weak_references.h"
-
-#include <dlfcn.h>
 
 #include <array>
 #include <atomic>
@@ -39,7 +36,9 @@ constinit std::atomic<long> carriers{0};
 Shard& shardOf(const void* object) { return shards()[(reinterpret_cast<uintptr_t>(object) >> 4) % 64]; }
 
 bool owns(objc_AssociationPolicy policy) { return (policy & 3) != 0; }
-bool isAtomic(objc_AssociationPolicy policy) { return policy == OBJC_ASSOCIATION_RETAIN || policy == OBJC_ASSOCIATION_COPY; }
+bool isAtomic(objc_AssociationPolicy policy) {
+    return policy == OBJC_ASSOCIATION_RETAIN || policy == OBJC_ASSOCIATION_COPY;
+}
 
 id acquire(id value, objc_AssociationPolicy policy) {
     switch (policy) {
@@ -94,8 +93,7 @@ Associations takeAll(id object) {
 void objc_setAssociatedObject(id object, const void* key, id value, objc_AssociationPolicy policy) {
     if (object == nil) return;
     // Values are taken and released outside the lock: their methods may come back here.
-    const Association old =
-        value == nil ? take(object, key) : exchange(object, key, {acquire(value, policy), policy});
+    const Association old = value == nil ? take(object, key) : exchange(object, key, {acquire(value, policy), policy});
     if (owns(old.policy)) [old.value release];
 }
 
@@ -120,12 +118,4 @@ void objc_removeAssociatedObjects(id object) {
     for (const auto& [key, association] : takeAll(object)) {
         if (owns(association.policy)) [association.value release];
     }
-}
-
-// Foundation ends every object's life here; taking its name by definition order puts this ahead of it.
-void NSDeallocateObject(id object) {
-    static const auto deallocate = reinterpret_cast<void (*)(id)>(dlsym(RTLD_NEXT, "NSDeallocateObject"));
-    zeroWeakReferences(object);
-    objc_removeAssociatedObjects(object);
-    deallocate(object);
 }

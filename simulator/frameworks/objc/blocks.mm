@@ -82,8 +82,8 @@ void _Block_release(const void* block) {
     free(owned);
 }
 
-// The classes behind the isa symbols. Blocks keep their own count and memory, so everything that Foundation would do to an
-// object's is the block's own here.
+// The classes behind the isa symbols. Blocks keep their own count and memory, so everything that Foundation would do to
+// an object's is the block's own here.
 @interface PhoneBlock : NSObject
 @end
 

@@ -8,10 +8,11 @@
 
 extern "C" {
 
-// Sends a message. Call it cast to the method's exact type. A message to nil answers zero, in every kind of result register.
+// Sends a message. Call it cast to the method's exact type. A message to nil answers zero, in every kind of result
+// register.
 void objc_msgSend(void);
-// The same for methods that return a structure in memory, where the calling convention passes its address first (x86-64).
-// On arm64 it is objc_msgSend. A message to nil leaves the structure untouched.
+// The same for methods that return a structure in memory, where the calling convention passes its address first
+// (x86-64). On arm64 it is objc_msgSend. A message to nil leaves the structure untouched.
 void objc_msgSend_stret(void);
 id objc_retain(id object);
 void objc_release(id object);
@@ -33,7 +34,8 @@ void objc_setAssociatedObject(id object, const void* key, id value, objc_Associa
 id objc_getAssociatedObject(id object, const void* key);
 void objc_removeAssociatedObjects(id object);
 
-// Weak references: slots that become nil when their object goes. What is loaded is owned by the caller (+1). Any thread.
+// Weak references: slots that become nil when their object goes. What is loaded is owned by the caller (+1). Any
+// thread.
 id objc_initWeak(id* slot, id object);
 id objc_loadWeakRetained(id* slot);
 void objc_moveWeak(id* to, id* from);

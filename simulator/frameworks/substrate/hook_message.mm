@@ -2,6 +2,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 
+#include "simulator/frameworks/objc/set_implementation.h"
 #include "simulator/frameworks/substrate/substrate.h"
 
 namespace {
@@ -46,18 +47,22 @@ IMP makeSuperThunk(Class cls, SEL selector) {
 
 void MSHookMessageEx(Class cls, SEL selector, IMP replacement, IMP* original) {
     if (cls == Nil) return;
+    if (class_isMetaClass(cls)) {
+        // The GNU runtime does not tell a metaclass's parent, so the override could reach too far.
+        fprintf(stderr, "MSHookMessageEx: class methods cannot be hooked in this simulator: %s\n", class_getName(cls));
+        abort();
+    }
     Method method = class_getInstanceMethod(cls, selector);
     if (method == nullptr) {
         fprintf(stderr, "MSHookMessageEx: no message -[%s %s]\n", class_getName(cls), sel_getName(selector));
         return;
     }
-    const Class parent = class_getSuperclass(cls);
-    const bool isInherited = parent != Nil && class_getInstanceMethod(parent, selector) == method;
+    Method own = phone::ownMethod(cls, selector);
     // The original first: another thread may call the replacement as soon as it is in place.
-    if (original != nullptr) *original = isInherited ? makeSuperThunk(cls, selector) : method_getImplementation(method);
-    if (isInherited) {
+    if (original != nullptr) *original = own == nullptr ? makeSuperThunk(cls, selector) : method_getImplementation(own);
+    if (own == nullptr) {
         class_addMethod(cls, selector, replacement, method_getTypeEncoding(method));
     } else {
-        method_setImplementation(method, replacement);
+        phone::setImplementation(cls, own, replacement);
     }
 }

@@ -40,7 +40,11 @@ constexpr int hasCopyDispose = 1 << 25, needsFree = 1 << 24, isGlobal = 1 << 28;
 
 id heapBlock(std::function<void()> callable) {
     auto* block = static_cast<Block*>(malloc(sizeof(Block)));
-    *block = {_NSConcreteMallocBlock, needsFree | hasCopyDispose | 2, 0, invokeBlock, &descriptor,
+    *block = {_NSConcreteMallocBlock,
+              needsFree | hasCopyDispose | 2,
+              0,
+              invokeBlock,
+              &descriptor,
               new std::function<void()>(std::move(callable))};
     return reinterpret_cast<id>(block);
 }

@@ -33,12 +33,12 @@ struct Small {
                  x:(double)x
                  y:(double)y
                  z:(float)z
-                 x2:(double)x2
-                 y2:(double)y2
-                 z2:(double)z2
-                 x3:(double)x3
-                 y3:(double)y3
-                 last:(double)last {
+                x2:(double)x2
+                y2:(double)y2
+                z2:(double)z2
+                x3:(double)x3
+                y3:(double)y3
+              last:(double)last {
     return a + 10.0 * b + 100.0 * c + 1000.0 * d + 10000.0 * e + 100000.0 * f + x / 2 + y / 4 + z / 8 + x2 / 16 +
            y2 / 32 + z2 / 64 + x3 / 128 + y3 / 256 + last / 512;
 }

@@ -20,18 +20,8 @@ struct Box {
 - (Box)box:(double)x with:(int)n {
     return {x, x + n, x + 2 * n, x + 3 * n};
 }
-- (double)mix:(int)a
-             b:(int)b
-             c:(int)c
-             d:(int)d
-             e:(int)e
-             f:(int)f
-             x:(double)x
-             y:(float)y {
+- (double)mix:(int)a b:(int)b c:(int)c d:(int)d e:(int)e f:(int)f x:(double)x y:(float)y {
     return a + b + c + d + e + f + x + y;
-}
-+ (int)classNumber {
-    return 10;
 }
 @end
 @interface Child : Parent
@@ -50,13 +40,32 @@ struct Box {
 @implementation Sibling
 @end
 
+static bool sleeperWoke = false;
+@interface Sleeper : NSObject
+@end
+@implementation Sleeper
++ (void)initialize {
+    sleeperWoke = true;
+}
+- (int)number {
+    return 8;
+}
+@end
+@interface OtherSleeper : NSObject
+@end
+@implementation OtherSleeper
+- (int)number {
+    return 9;
+}
+@end
+
 namespace {
 
 using Number = int (*)(id, SEL);
 using MakeBox = Box (*)(id, SEL, double, int);
 using Mix = double (*)(id, SEL, int, int, int, int, int, int, double, float);
 
-Number childOriginal, secondOriginal, parentOriginal, ownOriginal, classOriginal;
+Number childOriginal, secondOriginal, parentOriginal, ownOriginal;
 MakeBox boxOriginal;
 Mix mixOriginal;
 
@@ -64,7 +73,6 @@ int childNumber(id self, SEL selector) { return childOriginal(self, selector) + 
 int secondNumber(id self, SEL selector) { return secondOriginal(self, selector) * 2; }
 int parentNumber(id self, SEL selector) { return parentOriginal(self, selector) + 1000; }
 int ownNumber(id self, SEL selector) { return ownOriginal(self, selector) + 1; }
-int classNumber(id self, SEL selector) { return classOriginal(self, selector) + 1; }
 Box childBox(id self, SEL selector, double x, int n) {
     Box box = boxOriginal(self, selector, x, n);
     box.a = -box.a;
@@ -145,10 +153,11 @@ TEST_F(HookMessage, KeepsTheMethodsTypes) {
     EXPECT_STREQ(method_getTypeEncoding(overridden), method_getTypeEncoding(inherited));
 }
 
-TEST_F(HookMessage, ClassMethodsAreTheMetaclassesMethods) {
-    hook(object_getClass([Child class]), "classNumber", classNumber, &classOriginal);
-    EXPECT_EQ([Child classNumber], 11);
-    EXPECT_EQ([Parent classNumber], 10);
+using HookMessageDeathTest = HookMessage;
+
+TEST_F(HookMessageDeathTest, ClassMethodsAreRefused) {
+    EXPECT_DEATH(hook(object_getClass([Child class]), "description", ownNumber, &ownOriginal),
+                 "class methods cannot be hooked");
 }
 
 TEST_F(HookMessage, NilClassDoesNothing) {
@@ -169,6 +178,14 @@ TEST_F(HookMessage, MissingMessageIsToldAndLeftAlone) {
     EXPECT_NE(told.find("-[Child nobodyHasThis]"), std::string::npos) << told;
     EXPECT_EQ(original, before);
     EXPECT_FALSE([Child instancesRespondToSelector:sel_registerName("nobodyHasThis")]);
+}
+
+TEST_F(HookMessage, ClassThatWasNeverMessagedIsHookedAloneAndNotWoken) {
+    hook(objc_getClass("Sleeper"), "number", secondNumber, &secondOriginal);
+    EXPECT_FALSE(sleeperWoke);
+    EXPECT_EQ([make(objc_getClass("OtherSleeper")) number], 9);
+    EXPECT_EQ([make(objc_getClass("Sleeper")) number], 16);
+    EXPECT_TRUE(sleeperWoke);
 }
 
 TEST_F(HookMessage, OriginalMayBeUnwanted) {

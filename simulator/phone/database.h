@@ -41,6 +41,7 @@ class Statement {
     Status run();
     Status status() const;
 
+    int columns() const { return sqlite3_column_count(statement_); }
     int integer(int column) const { return sqlite3_column_int(statement_, column); }
     std::string text(int column) const;
 

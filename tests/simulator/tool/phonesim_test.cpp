@@ -1,0 +1,266 @@
+// The command line as a user meets it: the program is run, its output and exit status are looked at.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "simulator/phone/database.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+    int status = -1;
+    std::string out, err;
+};
+
+class PhoneSim : public testing::Test {
+  protected:
+    PhoneSim() {
+        std::string pattern = (fs::temp_directory_path() / "phonesim-XXXXXX").string();
+        path_ = fs::canonical(mkdtemp(pattern.data()));
+    }
+    ~PhoneSim() override {
+        std::error_code error;
+        fs::remove_all(path_, error);
+    }
+
+    std::string read(const std::string& name) const {
+        std::ifstream stream(path_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+    void write(const std::string& name, std::string_view contents) const {
+        fs::create_directories((path_ / name).parent_path());
+        std::ofstream(path_ / name, std::ios::binary) << contents;
+    }
+    // Runs phonesim in the temporary directory with arguments in shell syntax.
+    Outcome run(const std::string& arguments) const {
+        std::string command = "cd '" + path_.string() + "' && '" PHONESIM "' " + arguments + " >.out 2>.err </dev/null";
+        int status = system(command.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read(".out"), read(".err")};
+    }
+    void makePhone() const {
+        write("c.vcf", "BEGIN:VCARD\nN:Lee;Ann;;;\nTEL:(212) 555-0142\nEND:VCARD\nBEGIN:VCARD\nN:;Bo;;;\nEND:VCARD\n");
+        ASSERT_EQ(run("new phone --contacts c.vcf").status, 0);
+    }
+    // A query's rows as lines, columns parted by "|".
+    std::string sql(const std::string& database, const char* statement) const {
+        fs::path file = path_ / "phone/private/var/mobile/Library/AddressBook" / database;
+        phone::Database opened = phone::Database::openToRead(file).value();
+        phone::Statement rows = opened.prepare(statement);
+        std::string result;
+        while (rows.step()) {
+            for (int column = 0; column < rows.columns(); ++column) result += (column ? "|" : "") + rows.text(column);
+            result += "\n";
+        }
+        EXPECT_EQ(rows.status().text(), "");
+        return result;
+    }
+    std::string posted() const { return read("phone/private/var/run/notifications"); }
+    std::string settings() const {
+        return read("phone/private/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist");
+    }
+
+    fs::path path_;
+};
+
+TEST_F(PhoneSim, EveryVerbHasHelpWithExamples) {
+    for (const char* verb : {"new", "shot", "log", "set", "notify", "edit"}) {
+        Outcome help = run(std::string(verb) + " --help");
+        EXPECT_EQ(help.status, 0);
+        EXPECT_THAT(help.out, AllOf(HasSubstr("Example"), HasSubstr(std::string("phonesim ") + verb))) << verb;
+        EXPECT_EQ(help.err, "");
+    }
+    EXPECT_THAT(run("--help").out, HasSubstr("Exit status"));
+}
+
+TEST_F(PhoneSim, MisuseIsToldAndExitsWithTwo) {
+    for (const char* arguments :
+         {"", "dance", "new", "new phone --dance", "new phone --contacts-count 0", "new phone --contacts-count many",
+          "new phone --contacts a --contacts-count 3", "new phone --images a", "shot phone",
+          "shot phone wallpaper --out a", "shot phone recents --process clock", "set phone ZelkaCBEnabled maybe",
+          "edit phone 1 --photo a --no-photo", "edit phone 1 --delete --first A", "log"}) {
+        Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_NE(outcome.err, "") << arguments;
+    }
+    EXPECT_FALSE(fs::exists(path_ / "phone"));
+}
+
+TEST_F(PhoneSim, NewMakesAPhoneAndSaysWhatIsOnIt) {
+    write("c.vcf", "BEGIN:VCARD\nN:Lee;Ann;;;\nTEL:1\nPHOTO;VALUE=uri:file:gone.jpg\nEND:VCARD\n");
+    write("calls.csv", "-1h, 1, missed\n");
+    Outcome made = run("new phone --contacts c.vcf --calls calls.csv");
+    EXPECT_EQ(made.status, 0);
+    EXPECT_EQ(made.out, "phone: 1 contacts, 0 with a picture, 1 calls\n");
+    EXPECT_THAT(made.err, HasSubstr("Ann Lee goes without photo"));
+    EXPECT_TRUE(fs::exists(path_ / "phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.so"));
+    EXPECT_TRUE(fs::is_symlink(path_ / "phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.so"));
+    EXPECT_THAT(read("phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.plist"),
+                HasSubstr("net.vantrel.callbarviewservice"));
+    for (const char* file : {"recent.png", "recent@2x.png", "recent@3x.png"}) {
+        EXPECT_TRUE(fs::exists(path_ / "phone/System/Library/PreferenceBundles/ZelkaCBSettings.bundle" / file)) << file;
+    }
+}
+
+TEST_F(PhoneSim, NewTellsHowFarLongWorkIs) {
+    Outcome made = run("new phone --contacts-count 10000");
+    EXPECT_EQ(made.status, 0);
+    EXPECT_EQ(made.err, "contacts: 10000 of 10000\n");
+}
+
+TEST_F(PhoneSim, NewThatFailsExitsWithOneAndLeavesThePhone) {
+    makePhone();
+    write("phone/tmp/mine", "mine");
+    for (const char* arguments :
+         {"new phone", "new phone --force --contacts gone.vcf", "new phone --force --address-book c.vcf",
+          "new phone --force --device nokia", "new phone --force --region Texas"}) {
+        Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 1) << arguments;
+        EXPECT_THAT(outcome.err, testing::StartsWith("phonesim: ")) << arguments;
+    }
+    EXPECT_EQ(read("phone/tmp/mine"), "mine");
+}
+
+TEST_F(PhoneSim, LogSaysWhenNothingIsLoggedYetAndPrintsTheLog) {
+    EXPECT_THAT(run("log phone").err, HasSubstr("is not a phone root"));
+    makePhone();
+    Outcome none = run("log phone");
+    EXPECT_EQ(none.status, 1);
+    EXPECT_THAT(none.err, HasSubstr("nothing is logged yet"));
+    write("phone/tmp/ZelkaCB.log", "one\ntwo\n");
+    Outcome log = run("log phone");
+    EXPECT_EQ(log.status, 0);
+    EXPECT_EQ(log.out, "one\ntwo\n");
+}
+
+TEST_F(PhoneSim, SetWritesTheSwitchKeepsOtherKeysAndPosts) {
+    makePhone();
+    write("phone/private/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist",
+          "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict><key>Other</key>"
+          "<string>kept</string></dict></plist>");
+    ASSERT_EQ(run("set phone ZelkaCBEnabledRoundedPictures on").err, "");
+    ASSERT_EQ(run("set phone ZelkaCBEnabledRecents off").err, "");
+    std::string flat = settings();
+    flat.erase(std::remove_if(flat.begin(), flat.end(), [](unsigned char c) { return std::isspace(c); }), flat.end());
+    EXPECT_THAT(flat, AllOf(HasSubstr("<key>Other</key><string>kept</string>"),
+                            HasSubstr("<key>ZelkaCBEnabledRoundedPictures</key><true/>"),
+                            HasSubstr("<key>ZelkaCBEnabledRecents</key><false/>")));
+    EXPECT_THAT(posted(), AllOf(HasSubstr("com.norvex.ZelkaCBRoundedPicturesEnabledNotification"),
+                                HasSubstr("com.norvex.ZelkaCBRecentsEnabledNotification")));
+}
+
+TEST_F(PhoneSim, SetMakesTheSettingsFileWhenThereIsNone) {
+    makePhone();
+    EXPECT_EQ(run("set phone ZelkaCBEnabled off").status, 0);
+    EXPECT_THAT(settings(), HasSubstr("<key>ZelkaCBEnabled</key>"));
+}
+
+TEST_F(PhoneSim, SetRefusesUnknownKeysListingTheSix) {
+    makePhone();
+    Outcome outcome = run("set phone ZelkaCBEnabledWallpaper on");
+    EXPECT_EQ(outcome.status, 1);
+    for (const char* key : {"ZelkaCBEnabled\n", "ZelkaCBEnabledRoundedPictures\n", "ZelkaCBEnabledMonogramPictures\n",
+                            "ZelkaCBEnabledFavorites\n", "ZelkaCBEnabledRecents\n", "ZelkaCBEnabledContacts\n"}) {
+        EXPECT_THAT(outcome.err, HasSubstr(key));
+    }
+    EXPECT_EQ(posted(), "");
+}
+
+TEST_F(PhoneSim, SetLeavesASettingsFileThatItCannotRead) {
+    makePhone();
+    for (const char* garbage : {"garbage \x01\x02", "", "<plist><array/></plist>"}) {
+        write("phone/private/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist", garbage);
+        Outcome outcome = run("set phone ZelkaCBEnabled on");
+        EXPECT_EQ(outcome.status, 1) << garbage;
+        EXPECT_THAT(outcome.err, HasSubstr("is no property list with settings"));
+        EXPECT_EQ(settings(), garbage);
+    }
+    EXPECT_EQ(posted(), "");
+}
+
+TEST_F(PhoneSim, NotifyPostsAnyName) {
+    makePhone();
+    EXPECT_EQ(run("notify phone some.name").status, 0);
+    EXPECT_THAT(posted(), HasSubstr("some.name"));
+    EXPECT_EQ(run("notify phone ''").status, 1);
+}
+
+TEST_F(PhoneSim, EditRenamesAndMakesTheContactTheLatestModified) {
+    makePhone();
+    ASSERT_EQ(run("edit phone 'Ann Lee' --first Anne").err, "");
+    EXPECT_EQ(sql("AddressBook.sqlitedb", "SELECT First, Last FROM ABPerson WHERE ROWID = 1"), "Anne|Lee\n");
+    ASSERT_EQ(run("edit phone 2 --last Berg").err, "");
+    EXPECT_EQ(sql("AddressBook.sqlitedb", "SELECT First, Last FROM ABPerson WHERE ROWID = 2"), "Bo|Berg\n");
+    EXPECT_EQ(sql("AddressBook.sqlitedb",
+                  "SELECT ROWID FROM ABPerson WHERE ModificationDate = (SELECT max(ModificationDate) FROM ABPerson)"),
+              "2\n");
+    EXPECT_THAT(posted(), HasSubstr("__ABDataBaseChangedByOtherProcessNotification"));
+}
+
+TEST_F(PhoneSim, EditGivesAndTakesPhotos) {
+    makePhone();
+    fs::copy_file(path_ / "phone/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/recent.png",
+                  path_ / "face.png");
+    ASSERT_EQ(run("edit phone 1 --photo face.png").err, "");
+    EXPECT_EQ(sql("AddressBookImages.sqlitedb", "SELECT record_id, format FROM ABThumbnailImage"), "1|0\n");
+    Outcome broken = run("edit phone 1 --photo c.vcf");
+    EXPECT_EQ(broken.status, 1);
+    EXPECT_THAT(broken.err, HasSubstr("c.vcf: not a picture"));
+    EXPECT_EQ(sql("AddressBookImages.sqlitedb", "SELECT count(*) FROM ABThumbnailImage"), "1\n");
+    ASSERT_EQ(run("edit phone 1 --no-photo").err, "");
+    EXPECT_EQ(sql("AddressBookImages.sqlitedb", "SELECT count(*) FROM ABThumbnailImage"), "0\n");
+}
+
+TEST_F(PhoneSim, EditRemovesContacts) {
+    makePhone();
+    ASSERT_EQ(run("edit phone 1 --delete").err, "");
+    EXPECT_EQ(sql("AddressBook.sqlitedb", "SELECT ROWID FROM ABPerson"), "2\n");
+}
+
+TEST_F(PhoneSim, EditSaysWhomItCannotFind) {
+    makePhone();
+    EXPECT_THAT(run("edit phone 9 --no-photo").err, HasSubstr("there is no contact \"9\""));
+    EXPECT_THAT(run("edit phone 1").err, HasSubstr("nothing to change"));
+    ASSERT_EQ(run("edit phone 1 --first Bo --last ''").err, "");
+    EXPECT_THAT(run("edit phone Bo --no-photo").err, HasSubstr("several contacts are \"Bo\": give one of the IDs 1 2"));
+    EXPECT_EQ(run("edit phone Bo --no-photo").status, 1);
+}
+
+TEST_F(PhoneSim, ShotSaysWhatItNeeds) {
+    EXPECT_THAT(run("shot phone recents --out a.png").err, HasSubstr("is not a phone root"));
+    makePhone();
+    EXPECT_THAT(run("shot phone recents").err, HasSubstr("give --out"));
+    EXPECT_THAT(run("shot phone search --out a.png").err, HasSubstr("needs a TEXT"));
+    EXPECT_THAT(run("shot phone recents Ann --out a.png").err, HasSubstr("the others take none"));
+    EXPECT_THAT(run("shot phone recents --out no/such/a.png").err, HasSubstr("there is no such folder"));
+}
+
+TEST_F(PhoneSim, ShotDrawsAScreenAndPrintsItsRows) {
+    makePhone();
+    for (const char* process : {"callbar", "springboard"}) {
+        Outcome shot = run(std::string("shot phone recents --out a.png --row-details --process ") + process);
+        ASSERT_EQ(shot.status, 0) << shot.err;
+        EXPECT_EQ(read("a.png").substr(1, 3), "PNG");
+        EXPECT_EQ(shot.out.front(), '[');
+        fs::remove(path_ / "a.png");
+    }
+    EXPECT_EQ(run("shot phone missed --out b.png --without-extension").status, 0);
+    EXPECT_TRUE(fs::exists(path_ / "b.png"));
+    for (const auto& entry : fs::directory_iterator(path_)) {
+        EXPECT_THAT(entry.path().string(), testing::Not(HasSubstr(".part")));
+    }
+}
+
+}  // namespace

@@ -27,11 +27,11 @@ struct BlockLayout {
     void* isa;
     std::int32_t flags;
     std::int32_t reserved;
-    void (*invoke)(BlockLayout*);
+    void (*invoke)(void* block);
     const BlockDescriptor* descriptor;
     Callable* callable;
 
-    static void run(BlockLayout* block) { (*block->callable)(); }
+    static void run(void* block) { (*static_cast<BlockLayout*>(block)->callable)(); }
 
     // A heap block is never copied again: copying it adds a reference.
     static void copy(void*, const void*) {}

@@ -131,7 +131,10 @@ constexpr bool CGRectContainsPoint(CGRect r, CGPoint p) {
            p.y < CGRectGetMaxY(r);
 }
 constexpr bool CGRectContainsRect(CGRect outer, CGRect inner) {
-    return CGRectEqualToRect(CGRectUnion(outer, inner), outer);
+    return CGRectIsNull(inner) ||
+           (!CGRectIsNull(outer) && CGRectGetMinX(outer) <= CGRectGetMinX(inner) &&
+            CGRectGetMinY(outer) <= CGRectGetMinY(inner) && CGRectGetMaxX(outer) >= CGRectGetMaxX(inner) &&
+            CGRectGetMaxY(outer) >= CGRectGetMaxY(inner));
 }
 
 constexpr CGAffineTransform CGAffineTransformMake(CGFloat a, CGFloat b, CGFloat c, CGFloat d, CGFloat tx, CGFloat ty) {

@@ -10,6 +10,7 @@
 #include "simulator/phone/call_file.h"
 #include "simulator/phone/call_history.h"
 #include "simulator/phone/database.h"
+#include "simulator/phone/favorites.h"
 #include "simulator/phone/generated_book.h"
 #include "simulator/phone/install.h"
 #include "simulator/phone/schema.h"
@@ -197,6 +198,7 @@ struct Making {
         if (status) status = builder->finish();
         if (status) status = addCalls(*builder);
         if (status) status = builder->finish();
+        if (status) status = writeFavorites(root);
         return status ? count() : status;
     }
 };

@@ -122,7 +122,7 @@ ABRecordRef personOfRow(const callbar::CallRow& row, NSString* address) {
 @end
 
 @implementation CallBarUidCall
-- (int)uid {
+- (NSInteger)uid {
     return [self contactIdentifier];
 }
 @end

@@ -9,6 +9,11 @@ namespace {
 
 constexpr const char* kCalls = "/private/var/wireless/Library/CallHistory/call_history.db";
 constexpr const char* kAddressBook = "/private/var/mobile/Library/AddressBook/AddressBook.sqlitedb";
+constexpr const char* kCallsWithNames =
+    "SELECT ROWID, address, date, duration, flags, id, name FROM call ORDER BY date DESC, ROWID DESC";
+// The history of older phones keeps no names.
+constexpr const char* kCallsWithoutNames =
+    "SELECT ROWID, address, date, duration, flags, id, NULL FROM call ORDER BY date DESC, ROWID DESC";
 // Numbers of one contact are told apart by their last digits, however they are spelt.
 constexpr std::size_t kTellingDigits = 7;
 
@@ -71,10 +76,10 @@ std::string spokenLabel(std::string label) {
 bool readCallHistory(std::vector<CallRow>& calls, std::string& error) {
     const Database database = open(kCalls, error);
     if (!database) return false;
-    const Statement statement = prepare(
-        database.get(), kCalls,
-        "SELECT ROWID, address, date, duration, flags, id, name FROM call ORDER BY date DESC, ROWID DESC", error);
+    Statement statement = prepare(database.get(), kCalls, kCallsWithNames, error);
+    if (!statement) statement = prepare(database.get(), kCalls, kCallsWithoutNames, error);
     if (!statement) return false;
+    error.clear();
     for (;;) {
         const int step = sqlite3_step(statement.get());
         if (step == SQLITE_DONE) return true;

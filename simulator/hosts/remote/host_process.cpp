@@ -8,11 +8,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
 
@@ -65,6 +67,23 @@ std::vector<char*> pointers(std::vector<std::string>& texts) {
     for (auto& text : texts) result.push_back(text.data());
     result.push_back(nullptr);
     return result;
+}
+
+// The last lines of the logs that processes of the phone write: what a host says in the end may stand there.
+std::string logEnds(const std::filesystem::path& root) {
+    constexpr std::streamoff kLength = 600;
+    std::string text;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(root / "tmp", error)) {
+        std::ifstream log(entry.path(), std::ios::binary | std::ios::ate);
+        if (entry.path().extension() != ".log" || !log) continue;
+        const std::streamoff size = log.tellg();
+        std::string end(static_cast<std::size_t>(std::min(size, kLength)), '\0');
+        log.seekg(size - static_cast<std::streamoff>(end.size()));
+        log.read(end.data(), static_cast<std::streamsize>(end.size()));
+        text += "\nThe end of " + entry.path().string() + ":\n" + end;
+    }
+    return text;
 }
 
 struct Pipe {
@@ -124,7 +143,8 @@ std::filesystem::path programPath(HostKind kind) {
                     "\": build it, or name its folder in PHONESIM_HOSTS. Looked at:" + looked);
 }
 
-HostProcess::HostProcess(HostKind kind, const HostOptions& options) : name_(programName(kind)) {
+HostProcess::HostProcess(HostKind kind, const HostOptions& options)
+    : root_(std::filesystem::absolute(options.root)), name_(programName(kind)) {
     try {
         spawn(kind, options);
         const std::string line = readLine(Deadline(options.startTimeoutSeconds), "start");
@@ -139,7 +159,7 @@ HostProcess::~HostProcess() { release(); }
 
 void HostProcess::spawn(HostKind kind, const HostOptions& options) {
     const std::string program = programPath(kind).string();
-    std::vector<std::string> arguments{program, "--root", std::filesystem::absolute(options.root).string()};
+    std::vector<std::string> arguments{program, "--root", root_.string()};
     if (options.withoutExtension) arguments.emplace_back("--without-extension");
     if (!options.bundleIdentifier.empty()) {
         arguments.emplace_back("--bundle-identifier");
@@ -282,6 +302,7 @@ void HostProcess::release() {
 void HostProcess::fail(const std::string& what) const {
     std::string text = name_ + ": " + what;
     if (const std::string errors = standardError(); !errors.empty()) text += "\n" + errors;
+    if (ended_) text += logEnds(root_);
     throw HostError(text);
 }
 

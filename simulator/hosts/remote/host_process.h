@@ -24,7 +24,8 @@ const char* bundleIdentifier(HostKind kind);
 std::filesystem::path programPath(HostKind kind);
 
 // What went wrong: the host did not start, answered {"error": text}, did not answer in time, or has ended. The text
-// is complete and ends with what the host wrote to standard error, if anything.
+// is complete; after it comes what the host wrote to standard error, and of one that has ended the end of its phone's
+// logs.
 class HostError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
@@ -86,6 +87,7 @@ class HostProcess {
     void release();
     [[noreturn]] void fail(const std::string& what) const;
 
+    std::filesystem::path root_;
     pid_t pid_ = -1;
     int commands_ = -1;
     int answers_ = -1;

@@ -28,10 +28,13 @@ NSIndexPath* pathOf(const UITableViewRowMap::Row& row) {
         _needsReload = NO;
         [self _loadRows];
         [self _loadIndex];
-        const CGFloat footer = _tableFooterView ? [_tableFooterView frame].size.height : 0;
-        [self setContentSize:CGSizeMake([self bounds].size.width, _rows->bottom() + footer)];
     }
     return *_rows;
+}
+
+- (CGSize)contentSize {
+    const CGFloat footer = _tableFooterView ? [_tableFooterView frame].size.height : 0;
+    return CGSizeMake([self bounds].size.width, [self _rowMap].bottom() + footer);
 }
 
 - (void)_loadRows {

@@ -25,6 +25,8 @@ TEST_F(TableTest, OnlyRowsInSightHaveCells) {
     EXPECT_EQ([[table visibleCells] count], 5u);
     EXPECT_EQ(source->made, 5);
     EXPECT_EQ([table contentSize].height, 4400);
+    [table setFrame:CGRectMake(0, 0, 480, 220)];
+    EXPECT_EQ([table contentSize].width, 480);
     EXPECT_TRUE([textOf(table, 4) isEqual:@"Name 4"]);
     EXPECT_EQ([table cellForRowAtIndexPath:[NSIndexPath indexPathForRow:5 inSection:0]], nil);
 }

@@ -217,7 +217,7 @@ TEST_F(Images, AreDecodedAndDrawnOnManyThreadsAtOnce) {
                             alignment:NSTextAlignmentCenter];
                 });
                 const phone::Pixel p = phone::pixelAt([result CGImage], 4, 4).value_or(clear);
-                right += p.r > 250 && p.g < 5 && p.a == 255 && coverage(result) > 6000 ? 1 : 0;
+                right += p.r > 250 && p.g < 5 && p.a == 255 && coverage(result) > 5400 ? 1 : 0;
                 [pool drain];
             }
             GSUnregisterCurrentThread();

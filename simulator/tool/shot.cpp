@@ -50,8 +50,11 @@ void run(const Shot& shot) {
     hosts::HostProcess host(shot.process, options);
     nlohmann::json show = {{"do", "show"}, {"screen", shot.screen}, {"editing", shot.editing}};
     if (!shot.text.empty()) show["text"] = shot.text;
+    const nlohmann::json settle = {{"do", "settle"}, {"timeout", shot.timeout}};
+    // A late picture of the list that the host starts with would land in a reused cell of the next.
+    host.call(settle, shot.timeout + 10);
     host.call(show, shot.timeout);
-    host.call({{"do", "settle"}, {"timeout", shot.timeout}}, shot.timeout + 10);
+    host.call(settle, shot.timeout + 10);
     host.call({{"do", "layout"}}, shot.timeout);
     if (shot.rowDetails) {
         std::printf("%s\n", host.call({{"do", "rows"}}, shot.timeout).at("rows").dump(2).c_str());

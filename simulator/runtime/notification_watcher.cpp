@@ -2,6 +2,8 @@
 
 #include <errno.h>
 #include <fcntl.h>
+#include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
@@ -68,7 +70,10 @@ std::vector<std::string> NotificationWatcher::next() {
         if (!names.empty()) return names;
         // What was written since the read above has its event waiting already.
         alignas(inotify_event) char events[4096];
-        if (read(changes_, events, sizeof events) < 0 && errno != EINTR) return {};
+        if (read(changes_, events, sizeof events) < 0 && errno != EINTR) {
+            fprintf(stderr, "notification log: cannot be followed any longer: %s\n", strerror(errno));
+            abort();
+        }
     }
 }
 

@@ -1,6 +1,7 @@
 #import <Foundation/Foundation.h>
 
 #include "simulator/frameworks/dispatch/dispatch.h"
+#include "simulator/frameworks/dispatch/invoke_block.h"
 #include "simulator/frameworks/objc/runtime.h"
 #include "simulator/runtime/pending_work.h"
 
@@ -38,14 +39,8 @@ constinit std::atomic<long> unfinished{0};
 
 long countUnfinished() { return unfinished; }
 
-struct BlockHead {
-    void* isa;
-    int flags, reserved;
-    void (*invoke)(void* block);
-};
-
 void invokeAndRelease(void* block) {
-    static_cast<BlockHead*>(block)->invoke(block);
+    invokeBlock(block);
     _Block_release(block);
 }
 

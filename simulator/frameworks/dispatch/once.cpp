@@ -1,20 +1,13 @@
 #include <atomic>
 
 #include "simulator/frameworks/dispatch/dispatch.h"
+#include "simulator/frameworks/dispatch/invoke_block.h"
 
 namespace {
 
 constexpr dispatch_once_t fresh = 0;
 constexpr dispatch_once_t running = 1;
 constexpr dispatch_once_t done = ~static_cast<dispatch_once_t>(0);
-
-struct BlockHead {
-    void* isa;
-    int flags, reserved;
-    void (*invoke)(void* block);
-};
-
-void invokeBlock(void* block) { static_cast<BlockHead*>(block)->invoke(block); }
 
 }  // namespace
 

@@ -117,9 +117,11 @@ UIImage ZelkaCBUtils::resizeImage(UIImage picture, std::int32_t width, std::int3
         return static_cast<double>(static_cast<std::int32_t>(static_cast<std::uint32_t>(length) << 1U));
     };
     CGSize size = picture.size();
-    auto ratio = static_cast<CGFloat>(std::min(static_cast<float>(doubled(width) / static_cast<double>(size.width)),
-                                               static_cast<float>(doubled(height) / static_cast<double>(size.height))));
-    CGSize newSize{ratio * size.width, ratio * size.height};
+    float ratio = std::min(static_cast<float>(doubled(width) / static_cast<double>(size.width)),
+                           static_cast<float>(doubled(height) / static_cast<double>(size.height)));
+    // In single precision like the ratio, whose rounding would else add a row of pixels.
+    auto scaled = [ratio](CGFloat length) { return static_cast<CGFloat>(ratio * static_cast<float>(length)); };
+    CGSize newSize{scaled(size.width), scaled(size.height)};
     ImageContext context(newSize, kMainScreenScale);
     picture.drawInRect(boundsOf(newSize));
     return context.picture();

@@ -14,7 +14,7 @@ ExtensionTest::~ExtensionTest() { [pool_ drain]; }
 void ExtensionTest::boot(const char* bundleIdentifier) {
     std::error_code error;
     std::filesystem::copy(ZELKA_BUNDLE, root.host("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle"),
-                          std::filesystem::copy_options::overwrite_existing, error);
+                          std::filesystem::copy_options::recursive, error);
     ASSERT_FALSE(error) << error.message();
     if (__sanitizer_set_report_fd != nullptr)
         __sanitizer_set_report_fd(reinterpret_cast<void*>(static_cast<intptr_t>(dup(STDERR_FILENO))));

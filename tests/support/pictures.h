@@ -34,5 +34,7 @@ size_t pixelsHigh(UIImage* picture);
 // Whether the two colours differ by no more than `tolerance` in each component.
 bool near(phone::Pixel a, phone::Pixel b, int tolerance = 2);
 bool isTransparent(UIImage* picture);
+// Whether the two pictures have the same pixels, give or take one step in a component.
+bool samePixels(UIImage* a, UIImage* b);
 
 }  // namespace test

@@ -37,7 +37,8 @@ std::string bmpHeader(int width, int height) {
     append(bytes, stride * static_cast<unsigned>(height), 4);
     append(bytes, 2835, 4);
     append(bytes, 2835, 4);
-    append(bytes, 0, 8);
+    append(bytes, 0, 4);
+    append(bytes, 0, 4);
     return bytes;
 }
 
@@ -102,6 +103,14 @@ bool isTransparent(UIImage* picture) {
     for (size_t y = 0; y < pixelsHigh(picture); ++y)
         for (size_t x = 0; x < pixelsWide(picture); ++x)
             if (!(pixel(picture, static_cast<int>(x), static_cast<int>(y)) == phone::Pixel{})) return false;
+    return true;
+}
+
+bool samePixels(UIImage* a, UIImage* b) {
+    if (test::pixelsWide(a) != test::pixelsWide(b) || test::pixelsHigh(a) != test::pixelsHigh(b)) return false;
+    for (int y = 0; y < static_cast<int>(test::pixelsHigh(a)); ++y)
+        for (int x = 0; x < static_cast<int>(test::pixelsWide(a)); ++x)
+            if (!near(pixel(a, x, y), pixel(b, x, y), 1)) return false;
     return true;
 }
 

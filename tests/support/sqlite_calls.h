@@ -1,4 +1,4 @@
-// How often this process has called SQLite's functions, whoever calls them.
+// How often this process has called SQLite's functions, whoever calls them but SQLite itself.
 #pragma once
 
 #include <atomic>

@@ -1,0 +1,52 @@
+// A phone with an address book of the test's own, and the library loaded.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "simulator/phone/address_book_builder.h"
+#include "tests/support/extension.h"
+#include "tests/support/pictures.h"
+#include "tests/support/sqlite_calls.h"
+
+namespace test {
+
+constexpr std::string_view kAddressBook = "/private/var/mobile/Library/AddressBook/AddressBook.sqlitedb";
+constexpr std::string_view kImages = "/private/var/mobile/Library/AddressBook/AddressBookImages.sqlitedb";
+
+class ContactsTest : public ExtensionTest {
+  protected:
+    using ExtensionTest::ExtensionTest;
+
+    // Adds a contact and answers its ID; the databases have it at once.
+    int add(const phone::Person& person);
+    int addNamed(std::optional<std::string> first, std::optional<std::string> last);
+    void setThumbnail(int contact, const std::string& bytes);
+    void removePhoto(int contact);
+    // Links the contacts and their names stay as they are.
+    void link(const std::vector<int>& contacts);
+
+    // Puts something else in the place of a database; restore() brings the database back.
+    void replaceByGarbage(std::string_view database);
+    void replaceByDirectory(std::string_view database);
+    void restore(std::string_view database);
+
+    // Runs `restore(database)` on another thread after so many seconds; the destructor of the result waits for it.
+    class Restoring {
+      public:
+        Restoring(ContactsTest& test, std::string_view database, double seconds);
+        ~Restoring();
+
+      private:
+        struct State;
+        State* state_;
+    };
+
+  private:
+    phone::AddressBookBuilder builder();
+};
+
+// Seconds since some fixed moment.
+double now();
+
+}  // namespace test

@@ -1,0 +1,87 @@
+#include "tests/unit/contacts/contacts_test.h"
+
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
+namespace test {
+
+namespace fs = std::filesystem;
+
+double now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
+
+phone::AddressBookBuilder ContactsTest::builder() { return phone::AddressBookBuilder::open(root.path()).value(); }
+
+int ContactsTest::add(const phone::Person& person) {
+    phone::AddressBookBuilder book = builder();
+    const int contact = book.addPerson(person).value();
+    EXPECT_EQ(book.finish().text(), "");
+    return contact;
+}
+
+int ContactsTest::addNamed(std::optional<std::string> first, std::optional<std::string> last) {
+    phone::Person person;
+    person.first = std::move(first);
+    person.last = std::move(last);
+    return add(person);
+}
+
+void ContactsTest::setThumbnail(int contact, const std::string& bytes) {
+    phone::AddressBookBuilder book = builder();
+    EXPECT_EQ(book.setThumbnail(contact, bytes).text(), "");
+    EXPECT_EQ(book.finish().text(), "");
+}
+
+void ContactsTest::removePhoto(int contact) {
+    phone::AddressBookBuilder book = builder();
+    EXPECT_EQ(book.removePhoto(contact).text(), "");
+    EXPECT_EQ(book.finish().text(), "");
+}
+
+void ContactsTest::link(const std::vector<int>& contacts) {
+    phone::AddressBookBuilder book = builder();
+    EXPECT_EQ(book.link(contacts).text(), "");
+    EXPECT_EQ(book.finish().text(), "");
+}
+
+void ContactsTest::replaceByGarbage(std::string_view database) {
+    const fs::path path = root.host(database);
+    std::error_code error;
+    fs::rename(path, path.string() + ".aside", error);
+    EXPECT_FALSE(error) << error.message();
+    root.write(database, std::string(4096, 'x'));
+}
+
+void ContactsTest::replaceByDirectory(std::string_view database) {
+    const fs::path path = root.host(database);
+    std::error_code error;
+    fs::rename(path, path.string() + ".aside", error);
+    EXPECT_FALSE(error) << error.message();
+    fs::create_directory(path, error);
+    EXPECT_FALSE(error) << error.message();
+}
+
+void ContactsTest::restore(std::string_view database) {
+    const fs::path path = root.host(database);
+    std::error_code error;
+    if (fs::is_directory(path, error)) fs::remove(path, error);
+    fs::rename(path.string() + ".aside", path, error);
+    EXPECT_FALSE(error) << error.message();
+}
+
+struct ContactsTest::Restoring::State {
+    std::thread thread;
+};
+
+ContactsTest::Restoring::Restoring(ContactsTest& test, std::string_view database, double seconds)
+    : state_(new State{std::thread([&test, database, seconds] {
+          std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+          test.restore(database);
+      })}) {}
+
+ContactsTest::Restoring::~Restoring() {
+    state_->thread.join();
+    delete state_;
+}
+
+}  // namespace test

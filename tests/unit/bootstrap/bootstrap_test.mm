@@ -1,0 +1,219 @@
+#include <gmock/gmock.h>
+#include "simulator/frameworks/core_foundation/darwin_notifications.h"
+
+#include "tests/support/extension.h"
+#include "tests/support/property_list.h"
+
+#include <dlfcn.h>
+
+namespace {
+
+using test::kSettingsPath;
+using test::propertyList;
+
+constexpr const char* kLogPath = "/tmp/ZelkaCB.log";
+constexpr const char* kExists = "com.norvex.ZelkaCB => Info: Settings file exists, checking version..";
+
+std::string updating(int count) {
+    return "com.norvex.ZelkaCB => Info: Old settings file found, updating it with latest one. [settings count] => " +
+           std::to_string(count);
+}
+
+class Bootstrap : public test::ExtensionTest {
+  protected:
+    NSDictionary* settingsFile() const {
+        return [NSDictionary dictionaryWithContentsOfFile:[NSString stringWithUTF8String:kSettingsPath]];
+    }
+
+    // The six values as they stand in the file, "1" for true, "-" for a missing one.
+    std::string seeded() const {
+        NSDictionary* file = settingsFile();
+        std::string text;
+        for (const char* key : test::kSettingsKeys) {
+            id value = [file objectForKey:[NSString stringWithUTF8String:key]];
+            text += value == nil ? '-' : [value boolValue] ? '1' : '0';
+        }
+        return text;
+    }
+
+    // The names observed, in the order of their registration.
+    std::vector<std::string> observed() const {
+        std::vector<std::string> names;
+        for (const phone::DarwinObserver& each : phone::darwinObservers()) names.emplace_back([each.name UTF8String]);
+        return names;
+    }
+};
+
+const std::vector<std::string> kObserved = {
+    "__ABDataBaseChangedByOtherProcessNotification",        "com.norvex.ZelkaCBEnabledNotification",
+    "com.norvex.ZelkaCBRoundedPicturesEnabledNotification", "com.norvex.ZelkaCBMonogramPicturesEnabledNotification",
+    "com.norvex.ZelkaCBFavoritesEnabledNotification",       "com.norvex.ZelkaCBRecentsEnabledNotification",
+    "com.norvex.ZelkaCBContactsEnabledNotification"};
+
+TEST_F(Bootstrap, WithoutSettingsFileOneWithExactlyTheSixKeysOnIsMade) {
+    boot();
+    EXPECT_EQ(seeded(), "111111");
+    EXPECT_EQ([settingsFile() count], 6u);
+    for (id value in [settingsFile() allValues]) EXPECT_TRUE([value isKindOfClass:[NSNumber class]]);
+    EXPECT_EQ(loggedLines(kExists), 0);
+}
+
+TEST_F(Bootstrap, ServesTheViewServiceToo) {
+    boot("net.vantrel.callbarviewservice");
+    EXPECT_EQ(seeded(), "111111");
+    EXPECT_TRUE(root.exists(kLogPath));
+}
+
+TEST_F(Bootstrap, AValueThatIsThereIsNotChangedAndMissingOnesAreAdded) {
+    root.write(kSettingsPath, propertyList({{"ZelkaCBEnabledRecents", false}}));
+    boot();
+    EXPECT_EQ(seeded(), "111101");
+    EXPECT_EQ(loggedLines(kExists), 1);
+    EXPECT_EQ(loggedLines(updating(1)), 1);
+    EXPECT_LT(log().find(kExists), log().find(updating(1)));
+}
+
+TEST_F(Bootstrap, ACompleteFileKeepsItsValues) {
+    root.write(kSettingsPath, propertyList({{"ZelkaCBEnabled", true},
+                                            {"ZelkaCBEnabledRoundedPictures", false},
+                                            {"ZelkaCBEnabledMonogramPictures", true},
+                                            {"ZelkaCBEnabledFavorites", false},
+                                            {"ZelkaCBEnabledRecents", true},
+                                            {"ZelkaCBEnabledContacts", false}}));
+    boot();
+    EXPECT_EQ(seeded(), "101010");
+    EXPECT_EQ(loggedLines(updating(6)), 1);
+}
+
+TEST_F(Bootstrap, OtherKeysAndValuesOfOtherTypesAreKept) {
+    root.write(kSettingsPath,
+               "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>theme</key><string>dark</string>"
+               "<key>ZelkaCBEnabled</key><string>perhaps</string><key>ZelkaCBEnabledContacts</key><integer>0</integer>"
+               "</dict></plist>");
+    boot();
+    EXPECT_TRUE([[settingsFile() objectForKey:@"theme"] isEqual:@"dark"]);
+    EXPECT_TRUE([[settingsFile() objectForKey:@"ZelkaCBEnabled"] isEqual:@"perhaps"]);
+    EXPECT_EQ(seeded(), "011110");
+    EXPECT_EQ([settingsFile() count], 7u);
+    EXPECT_EQ(loggedLines(updating(3)), 1);
+}
+
+TEST_F(Bootstrap, AFileThatIsNoPropertyListIsReplaced) {
+    root.write(kSettingsPath, "this { is no ( property list \x01\x02");
+    boot();
+    EXPECT_EQ(seeded(), "111111");
+    EXPECT_EQ([settingsFile() count], 6u);
+    EXPECT_EQ(loggedLines(kExists), 1);
+    EXPECT_EQ(loggedLines(updating(0)), 1);
+}
+
+TEST_F(Bootstrap, AnEmptyFileIsReplaced) {
+    root.write(kSettingsPath, "");
+    boot();
+    EXPECT_EQ(seeded(), "111111");
+    EXPECT_EQ(loggedLines(updating(0)), 1);
+}
+
+TEST_F(Bootstrap, AListIsReplaced) {
+    root.write(kSettingsPath, "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><true/></array></plist>");
+    boot();
+    EXPECT_EQ(seeded(), "111111");
+    EXPECT_EQ(loggedLines(updating(0)), 1);
+}
+
+TEST_F(Bootstrap, ADirectoryInTheFilesPlaceCountsAsAFile) {
+    std::filesystem::create_directories(root.host(kSettingsPath) + "/inside");
+    boot();
+    EXPECT_EQ(loggedLines(kExists), 1);
+    EXPECT_EQ(loggedLines(updating(0)), 1);
+    EXPECT_EQ(observed(), kObserved);
+}
+
+TEST_F(Bootstrap, StartsAllTheSameWhenTheFileCannotBeWritten) {
+    std::filesystem::remove_all(root.host("/var/mobile/Library/Preferences"));
+    root.write("/var/mobile/Library/Preferences", "a file in the folder's place");
+    boot();
+    EXPECT_EQ(observed(), kObserved);
+    EXPECT_FALSE([Utils isZelkaCBOnlyOn]);
+}
+
+TEST_F(Bootstrap, StartsAllTheSameWhenTheLogCannotBeOpened) {
+    std::filesystem::create_directories(root.host(kLogPath));
+    boot();
+    EXPECT_EQ(seeded(), "111111");
+    EXPECT_EQ(observed(), kObserved);
+}
+
+TEST_F(Bootstrap, SeedsInTheHomeDirectory) {
+    // Where the settings are read from later is another path, which leads elsewhere here.
+    std::filesystem::remove(root.path() / "User");
+    boot();
+    EXPECT_EQ(seeded(), "111111");
+    EXPECT_FALSE(root.exists("/User/Library/Preferences/com.norvex.ZelkaCB.plist"));
+}
+
+TEST_F(Bootstrap, AppendsToTheLogFile) {
+    root.write(kLogPath, "an earlier line\n");
+    root.write(kSettingsPath, propertyList({}));
+    boot();
+    NSLog(@"a line of the host's");
+    EXPECT_EQ(log().find("an earlier line\n"), 0u);
+    EXPECT_EQ(loggedLines(kExists), 1);
+    EXPECT_EQ(loggedLines("a line of the host's"), 1);
+}
+
+TEST_F(Bootstrap, ObservesSevenNotificationsInOrder) {
+    boot();
+    EXPECT_EQ(observed(), kObserved);
+    const auto observers = phone::darwinObservers();
+    for (const phone::DarwinObserver& each : observers) {
+        EXPECT_EQ(each.observer, nullptr);
+        EXPECT_EQ(each.behaviour, CFNotificationSuspensionBehaviorDeliverImmediately);
+        EXPECT_EQ(each.callback == observers[0].callback, &each == &observers[0]);
+        EXPECT_TRUE(&each == &observers[0] || each.callback == observers[1].callback);
+    }
+}
+
+TEST_F(Bootstrap, AProcessThatIsNotServedIsObservedForAndLeftAlone) {
+    boot("com.apple.mobilephone");
+    EXPECT_EQ(observed(), kObserved);
+    EXPECT_FALSE(root.exists(kLogPath));
+    EXPECT_FALSE(root.exists(kSettingsPath));
+}
+
+TEST_F(Bootstrap, TheIdentifiersLetterCaseCounts) {
+    boot("com.apple.SpringBoard");
+    EXPECT_EQ(observed(), kObserved);
+    EXPECT_FALSE(root.exists(kLogPath));
+    EXPECT_FALSE(root.exists(kSettingsPath));
+}
+
+TEST_F(Bootstrap, AnIdentifierThatOnlyBeginsLikeAServedOneIsNotServed) {
+    boot("com.apple.springboard.helper");
+    EXPECT_FALSE(root.exists(kLogPath));
+}
+
+TEST_F(Bootstrap, NothingHappensInAProcessWithoutIdentifier) {
+    boot("");
+    EXPECT_TRUE(observed().empty());
+    EXPECT_FALSE(root.exists(kLogPath));
+    EXPECT_FALSE(root.exists(kSettingsPath));
+}
+
+TEST_F(Bootstrap, DoesNotMakeTheSettings) {
+    boot();
+    EXPECT_EQ(loggedLines("Initiallizing settings for first time.."), 0);
+}
+
+TEST_F(Bootstrap, WithoutCallBarsClassesTheSystemClassesAreHookedAll) {
+    boot("com.apple.mobilephone");
+    ASSERT_EQ(objc_getClass("CallBarABViewController"), Nil);
+    Dl_info own;
+    ASSERT_NE(dladdr(reinterpret_cast<void*>(class_getMethodImplementation(
+                         objc_getClass("ABMonogrammer"), sel_registerName("_copyMonogramWithInitials:"))),
+                     &own),
+              0);
+    EXPECT_THAT(own.dli_fname, testing::EndsWith("ZelkaCB.so"));
+}
+
+}  // namespace

@@ -33,7 +33,7 @@ struct AddressBookBuilder::Databases {
 namespace {
 
 // Runs the statements' results in order: the first failure is the answer.
-Status both(Status first, Status second) { return first ? second : first; }
+Status both(const Status& first, const Status& second) { return first ? second : first; }
 
 Result<Database> openDatabase(const std::filesystem::path& root, const DatabaseShape& shape) {
     std::filesystem::path file = root / shape.path;

@@ -193,6 +193,11 @@ std::vector<LabelledValue> readValues(const std::vector<Line>& lines, std::strin
     return values;
 }
 
+std::string madeValid(const std::string& text) {
+    Text valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+    return valid.get();
+}
+
 bool startsWith(const std::string& text, std::string_view prefix) {
     return g_ascii_strncasecmp(text.c_str(), prefix.data(), prefix.size()) == 0;
 }
@@ -244,8 +249,7 @@ Result<ImportedContacts> importVCards(const std::filesystem::path& file) {
     if (!content) return content.failure();
     ImportedContacts imported;
     if (!g_utf8_validate(content->data(), static_cast<gssize>(content->size()), nullptr)) {
-        Text valid(g_utf8_make_valid(content->data(), static_cast<gssize>(content->size())));
-        *content = valid.get();
+        content = madeValid(*content);
         imported.warnings.push_back(file.string() + ": not all of it is UTF-8; the rest became U+FFFD");
     }
     Result<std::vector<Card>> cards = splitCards(*content, file.string());

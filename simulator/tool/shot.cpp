@@ -40,7 +40,7 @@ void run(const Shot& shot) {
     if ((shot.screen == "search") == shot.text.empty()) {
         throw Problem("the screen search needs a TEXT to search for, the others take none");
     }
-    fs::path out = fs::absolute(shot.out);
+    fs::path out = shot.out.empty() ? fs::path() : fs::absolute(shot.out);
     if (!shot.out.empty() && !fs::is_directory(out.parent_path())) {
         throw Problem(out.parent_path().string() + ": there is no such folder");
     }

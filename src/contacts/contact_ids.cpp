@@ -13,7 +13,7 @@ constexpr ABRecordID kNobody = 0;
 constexpr ABRecordID kUnknownAddress = -1;
 
 ABRecordID contactOfPhoneNumber(NSString number) {
-    ABRecordRef person = ABCFindPersonMatchingPhoneNumber(ZelkaCBUtils::getAddressBook(), number.object, 0, 0);
+    ABRecordRef person = findPersonMatchingPhoneNumber(ZelkaCBUtils::getAddressBook(), number.object);
     return person != nullptr ? ABRecordGetRecordID(person) : kNobody;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "src/platform/foundation.h"
+#include "src/platform/system.h"
 
 using ABAddressBookRef = const void*;
 using ABRecordRef = const void*;
@@ -24,8 +25,13 @@ id ABRecordCopyValue(ABRecordRef record, ABPropertyID property);
 BOOL ABPersonHasImageData(ABRecordRef person);
 id ABPersonCopyImageData(ABRecordRef person);
 id ABPersonCopyImageDataWithFormat(ABRecordRef person, std::int32_t format);
-// The person whose phone number matches (+0), or nothing. The last two arguments are a country and an identifier to
-// fill in; 0 asks for neither.
-ABRecordRef ABCFindPersonMatchingPhoneNumber(ABAddressBookRef book, id phoneNumber, std::uintptr_t country,
-                                             std::uintptr_t identifier);
+}
+
+// The person whose phone number matches (+0), or nothing; nobody's number matches on a system that lacks the private
+// function.
+inline ABRecordRef findPersonMatchingPhoneNumber(ABAddressBookRef book, id phoneNumber) {
+    // The last two arguments are a country and an identifier to fill in; 0 asks for neither.
+    using Find = ABRecordRef(ABAddressBookRef, id, std::uintptr_t country, std::uintptr_t identifier);
+    auto* find = platform::systemFunction<Find>("ABCFindPersonMatchingPhoneNumber");
+    return find != nullptr ? find(book, phoneNumber, 0, 0) : nullptr;
 }

@@ -1,6 +1,8 @@
 // C functions of the system that are not ISO C.
 #pragma once
 
+#include <dlfcn.h>
+
 #include <cstddef>
 
 extern "C" {
@@ -8,3 +10,14 @@ extern "C" {
 // arguments would set the value.
 int sysctlbyname(const char* name, void* value, std::size_t* size, void* newValue, std::size_t newSize);
 }
+
+namespace platform {
+
+// The system's C function of that name and type, or nullptr on a system that has none: the way to call what not every
+// phone offers, because a library that is linked to a missing function is not loaded at all. Any thread.
+template <class Function>
+Function* systemFunction(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, name));
+}
+
+}  // namespace platform

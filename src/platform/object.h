@@ -17,7 +17,7 @@ struct NSObject {
 };
 
 template <class T>
-concept ObjectHandle = std::derived_from<T, NSObject> && sizeof(T) == sizeof(id);
+concept ObjectHandle = std::derived_from<T, NSObject> && sizeof(T) == sizeof(NSObject);
 
 // The handle under another class's name, as a cast of object pointers would give it; nothing is checked.
 template <ObjectHandle T>

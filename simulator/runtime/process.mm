@@ -32,10 +32,8 @@ void raisedUncaught(NSException* exception) {
 
 void setUpFoundation() {
     NSSetUncaughtExceptionHandler(raisedUncaught);
-    // Property lists are written as XML, as a phone writes them.
-    [[NSUserDefaults standardUserDefaults]
-        registerDefaults:[NSDictionary dictionaryWithObject:[NSNumber numberWithBool:NO]
-                                                     forKey:@"NSWriteOldStylePropertyLists"]];
+    // A phone's Foundation says nothing about a file that is no property list.
+    [[[NSProcessInfo processInfo] debugSet] addObject:@"NoWarn"];
     // The main run loop belongs to the thread that boots; a thread that queues work for it must find it made.
     [NSRunLoop currentRunLoop];
 }

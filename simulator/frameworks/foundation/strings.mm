@@ -67,19 +67,20 @@ NSArray* componentsByCharacters(NSString* self, SEL, NSCharacterSet* separators)
     return pieces;
 }
 
-using RangeInRange = NSRange (*)(id, SEL, NSString*, NSUInteger, NSRange);
-RangeInRange rangeBefore;
-RangeInRange immutableRangeBefore;
+NSRange (*rangeBefore)(id, SEL, NSString*, NSUInteger, NSRange);
+NSRange (*localeRangeBefore)(id, SEL, NSString*, NSUInteger, NSRange, id);
+
+bool isEmptyText(NSString* text) { return text != nil && [text length] == 0; }
 
 // An empty text is found nowhere.
 NSRange range(id self, SEL selector, NSString* wanted, NSUInteger options, NSRange within) {
-    if (wanted != nil && [wanted length] == 0) return NSMakeRange(NSNotFound, 0);
+    if (isEmptyText(wanted)) return NSMakeRange(NSNotFound, 0);
     return rangeBefore(self, selector, wanted, options, within);
 }
 
-NSRange immutableRange(id self, SEL selector, NSString* wanted, NSUInteger options, NSRange within) {
-    if (wanted != nil && [wanted length] == 0) return NSMakeRange(NSNotFound, 0);
-    return immutableRangeBefore(self, selector, wanted, options, within);
+NSRange localeRange(id self, SEL selector, NSString* wanted, NSUInteger options, NSRange within, id locale) {
+    if (isEmptyText(wanted)) return NSMakeRange(NSNotFound, 0);
+    return localeRangeBefore(self, selector, wanted, options, within, locale);
 }
 
 }  // namespace
@@ -95,7 +96,6 @@ NSRange immutableRange(id self, SEL selector, NSString* wanted, NSUInteger optio
     phone::replaceMethodEverywhere(objc_getClass("NSString"), "lowercaseString", reinterpret_cast<IMP>(lowercase));
     replaceMethod(objc_getClass("NSString"), "componentsSeparatedByCharactersInSet:", componentsByCharacters);
     rangeBefore = replaceMethod(objc_getClass("NSString"), "rangeOfString:options:range:", range);
-    immutableRangeBefore =
-        replaceMethod(objc_getClass("GSImmutableString"), "rangeOfString:options:range:", immutableRange);
+    localeRangeBefore = replaceMethod(objc_getClass("NSString"), "rangeOfString:options:range:locale:", localeRange);
 }
 @end

@@ -11,11 +11,13 @@
 namespace {
 
 using InitNoCopy = id (*)(id, SEL, unichar*, NSUInteger, BOOL);
+using InitBytes = id (*)(id, SEL, const void*, NSUInteger, NSStringEncoding);
 using Init = id (*)(id, SEL, const unichar*, NSUInteger);
 using Utf8 = const char* (*)(id, SEL);
 
 InitNoCopy initNoCopyBefore;
 InitNoCopy mutableInitNoCopyBefore;
+InitBytes mutableInitBytesBefore;
 Init initBefore;
 
 bool isOrdinary(const unichar* units, NSUInteger count) {
@@ -56,6 +58,16 @@ id initCopy(id self, SEL selector, const unichar* units, NSUInteger count) {
     return isOrdinary(units, count) ? initBefore(self, selector, units, count) : initUnchecked(self, units, count);
 }
 
+// How one string becomes a mutable copy of another.
+id mutableInitBytes(id self, SEL selector, const void* bytes, NSUInteger length, NSStringEncoding encoding) {
+    const auto* units = static_cast<const unichar*>(bytes);
+    const NSUInteger count = length / sizeof(unichar);
+    if (encoding != NSUnicodeStringEncoding || isOrdinary(units, count)) {
+        return mutableInitBytesBefore(self, selector, bytes, length, encoding);
+    }
+    return initUnchecked(self, units, count);
+}
+
 // NULL for a text that UTF-8 cannot hold, where Foundation raises. One replacement for each class that has its own.
 template <int which>
 struct Utf8OfClass {
@@ -81,6 +93,8 @@ struct Utf8OfClass {
     constexpr const char* noCopy = "initWithCharactersNoCopy:length:freeWhenDone:";
     initNoCopyBefore = phone::replaceMethod(strings, noCopy, initNoCopy);
     mutableInitNoCopyBefore = phone::replaceMethod(objc_getClass("GSMutableString"), noCopy, mutableInitNoCopy);
+    mutableInitBytesBefore =
+        phone::replaceMethod(objc_getClass("GSMutableString"), "initWithBytes:length:encoding:", mutableInitBytes);
     initBefore = phone::replaceMethod(strings, "initWithCharacters:length:", initCopy);
     Utf8OfClass<0>::install("NSString");
     Utf8OfClass<1>::install("GSCString");

@@ -4,9 +4,9 @@
 
 namespace phone {
 
-// Replaces the implementation of `method`, which `cls` itself has, and answers the previous one; for this process, like
-// method_setImplementation. That function must not be used on a class that has not been messaged yet: the GNU runtime
-// gives all such classes one common dispatch table and would write into it. This one initialises nothing, either.
+// Replaces the implementation of `method`, which `cls` itself has, and answers the previous one. What a phone's
+// method_setImplementation does; the GNU runtime's forgets subclasses that were messaged before, and on a class that was not
+// it writes into a dispatch table that all such classes share. Wakes no class. Any thread.
 IMP setImplementation(Class cls, Method method, IMP implementation);
 
 // The method if `cls` itself has it; null when it is inherited or missing.

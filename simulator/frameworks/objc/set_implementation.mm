@@ -2,41 +2,25 @@
 
 #include "simulator/frameworks/objc/set_implementation.h"
 
-extern "C" void* __objc_uninstalled_dtable;
+// The runtime's own refresh after it added methods: the class and all its subclasses take their methods anew.
+extern "C" void __objc_update_dispatch_table_for_class(Class cls);
 
 namespace phone {
 namespace {
 
-// The beginning of a class and a method as compilers lay them out for the GNU runtime (module ABI 8).
-struct ClassLayout {
-    Class isa, parent;
-    const char* name;
-    long version;
-    unsigned long info;
-    long instanceSize;
-    void* variables;
-    void* methods;
-    void* dispatchTable;
-};
-
+// A method as compilers lay it out for the GNU runtime (module ABI 8).
 struct MethodLayout {
     SEL name;
     const char* types;
     IMP implementation;
 };
 
-bool hasDispatchTable(Class cls) {
-    return reinterpret_cast<ClassLayout*>(cls)->dispatchTable != __objc_uninstalled_dtable;
-}
-
 }  // namespace
 
 IMP setImplementation(Class cls, Method method, IMP implementation) {
-    if (hasDispatchTable(cls)) return method_setImplementation(method, implementation);
-    // The table will be made from the methods as they are then.
-    auto* layout = reinterpret_cast<MethodLayout*>(method);
-    const IMP before = layout->implementation;
-    layout->implementation = implementation;
+    IMP* slot = &reinterpret_cast<MethodLayout*>(method)->implementation;
+    const IMP before = __atomic_exchange_n(slot, implementation, __ATOMIC_SEQ_CST);
+    __objc_update_dispatch_table_for_class(cls);
     return before;
 }
 

@@ -55,6 +55,14 @@ TEST_F(FileAccess, AtomicAndPlainWritesLandInTheRootAndReadBack) {
     EXPECT_EQ(fs::is_empty(in("private/var/mobile/Library/Preferences")), true);
 }
 
+TEST_F(FileAccess, WhatNoPropertyListHoldsIsNotWritten) {
+    EXPECT_FALSE([[NSDictionary dictionaryWithObject:[[[NSObject alloc] init] autorelease]
+                                              forKey:@"k"] writeToFile:settings atomically:YES]);
+    EXPECT_FALSE(root_.exists([settings UTF8String]));
+    EXPECT_TRUE([@[ @"a" ] writeToFile:settings atomically:YES]);
+    EXPECT_TRUE([[NSArray arrayWithContentsOfFile:settings] isEqual:@[ @"a" ]]);
+}
+
 TEST_F(FileAccess, FileManagerSeesThePhone) {
     NSFileManager* files = [NSFileManager defaultManager];
     BOOL isDirectory = NO;

@@ -103,6 +103,18 @@ TEST_F(HookMessage, ReplacesAnOwnMethodAndSavesIt) {
     EXPECT_EQ([make([Grandchild class]) own], 6);
 }
 
+TEST_F(HookMessage, ReachesSubclassesThatAreInUse) {
+    id grandchild = make([Grandchild class]);
+    EXPECT_EQ([grandchild own], 5);
+    EXPECT_EQ([grandchild number], 1);
+    hook([Child class], "own", ownNumber, &ownOriginal);
+    EXPECT_EQ([grandchild own], 6);
+    hook([Parent class], "number", parentNumber, &parentOriginal);
+    EXPECT_EQ([grandchild number], 1001);
+    hook([Child class], "number", childNumber, &childOriginal);
+    EXPECT_EQ([grandchild number], 1101);
+}
+
 TEST_F(HookMessage, OverridesAnInheritedMethodInTheNamedClassOnly) {
     id child = make([Child class]);
     EXPECT_EQ([child number], 1);

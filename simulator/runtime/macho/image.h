@@ -1,0 +1,61 @@
+// What a Mach-O library's file says: a pure reading of its bytes, without touching memory or the process.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace phone::macho {
+
+// Addresses are those of the file, before the image is given a place in memory.
+struct Segment {
+    std::string name;
+    std::uint64_t address = 0, size = 0;
+    std::span<const std::uint8_t> contents;  // into the file's bytes; the rest of the segment is zero
+    bool writable = false, executable = false;
+
+    bool contains(std::uint64_t begin, std::uint64_t length) const {
+        return begin >= address && begin - address <= size && length <= size - (begin - address);
+    }
+};
+
+struct Range {
+    std::uint64_t address = 0, size = 0;
+};
+
+// A pointer that gets a symbol's address.
+struct Bind {
+    std::uint64_t address = 0;
+    std::string symbol;  // with the format's leading underscore
+    std::int64_t addend = 0;
+    bool optional = false;  // a missing symbol leaves null; for a coalesced one, what is there
+    bool coalesced = false;
+};
+
+struct Export {
+    std::string symbol;
+    std::uint64_t address = 0;
+};
+
+struct Image {
+    std::vector<Segment> segments;       // in order of address, page-aligned, without overlap
+    std::vector<std::uint64_t> rebases;  // addresses of pointers that move with the image
+    std::vector<Bind> binds;
+    std::vector<Range> initialisers;  // arrays of function pointers
+    Range unwindInfo;                 // empty when there is none
+    std::vector<Export> exports;
+
+    // The segment that holds the whole range, or nullptr.
+    const Segment* segmentOf(std::uint64_t address, std::uint64_t size) const;
+};
+
+// The granularity at which segments are placed.
+constexpr std::uint64_t kPage = 4096;
+
+// Reads a library for this machine's processor, thin or fat. The image refers to the bytes. Answers an empty string, or
+// what is wrong with the file; then the image is unspecified. Every offset, size and count is checked: any bytes may be
+// given.
+std::string readImage(std::span<const std::uint8_t> file, Image& image);
+
+}  // namespace phone::macho

@@ -7,6 +7,7 @@ namespace {
 constexpr CGFloat kFontSize = 18;
 constexpr CGFloat kTextInset = 10;  // in a name view, which stands a little inside the row
 constexpr CGFloat kNameViewX = 5;
+constexpr CGFloat kOldMargin = 40;  // more at the names' leading side before system 7
 constexpr CGFloat kNameViewTrailing = 15;
 constexpr CGFloat kTextReserve = 45;       // kept free at the end of the name
 constexpr CGFloat kBareTextInset = 15;     // in the content view
@@ -16,6 +17,8 @@ bool rightToLeft() {
     return
         [[UIApplication sharedApplication] userInterfaceLayoutDirection] == UIUserInterfaceLayoutDirectionRightToLeft;
 }
+
+CGFloat extraMargin() { return [[[UIDevice currentDevice] systemVersion] intValue] < 7 ? kOldMargin : 0; }
 
 }  // namespace
 
@@ -111,7 +114,7 @@ bool rightToLeft() {
 }
 
 - (CGFloat)textInset {
-    return [self isEditing] ? kBareEditingInset : kBareTextInset;
+    return [self isEditing] ? kBareEditingInset : kBareTextInset + extraMargin();
 }
 
 - (void)drawNameInBounds:(CGRect)bounds {
@@ -119,11 +122,12 @@ bool rightToLeft() {
     const CGFloat inset = [self textInset];
     const CGFloat y = (bounds.size.height - [font lineHeight]) / 2;
     const CGFloat width = std::max(0.0, bounds.size.width - inset - kTextReserve);
+    const CGFloat x = rightToLeft() ? kTextReserve : inset;
     [self _drawText:_name
             withColor:[UIColor blackColor]
           shadowColor:nil
          shadowOffset:CGSizeMake(0, 0)
-              atPoint:CGPointMake(inset, y)
+              atPoint:CGPointMake(x, y)
              forWidth:static_cast<float>(width)
              withFont:font
         lineBreakMode:NSLineBreakByTruncatingTail];
@@ -173,8 +177,8 @@ bool rightToLeft() {
 
 - (void)layOutName {
     const CGSize size = [[self contentView] bounds].size;
-    [_contactNameView
-        setFrame:CGRectMake(kNameViewX, 0, std::max(0.0, size.width - kNameViewX - kNameViewTrailing), size.height)];
+    const CGFloat x = kNameViewX + ([self isEditing] ? 0 : extraMargin());
+    [_contactNameView setFrame:CGRectMake(x, 0, std::max(0.0, size.width - x - kNameViewTrailing), size.height)];
 }
 
 - (CGFloat)textInset {

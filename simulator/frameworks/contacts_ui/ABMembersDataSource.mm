@@ -66,6 +66,15 @@ ABMemberCell* cellForMember(UITableView* table, ABMember* member, bool withNameV
     return [[[_sections objectAtIndex:(NSUInteger)section] lastObject] sectionTitle];
 }
 
+// An index of Latin letters is of no use to those who read from the right.
+- (NSArray*)sectionIndexTitlesForTableView:(UITableView*)tableView {
+    if ([[UIApplication sharedApplication] userInterfaceLayoutDirection] == UIUserInterfaceLayoutDirectionRightToLeft)
+        return nil;
+    NSMutableArray* titles = [NSMutableArray array];
+    for (NSArray* section in _sections) [titles addObject:[[section lastObject] sectionTitle]];
+    return titles;
+}
+
 - (UITableViewCell*)tableView:(UITableView*)tableView cellForRowAtIndexPath:(NSIndexPath*)indexPath {
     return cellForMember(tableView, [self memberAtIndexPath:indexPath], _givesNameViews);
 }

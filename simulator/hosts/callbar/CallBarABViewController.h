@@ -10,7 +10,7 @@
     NSArray* _allEntries;
 }
 
-// Shows missed calls only, or all, and reloads the table.
+// Shows missed calls only, or all; a change reloads the table.
 - (void)setOnlyMissed:(BOOL)missed;
 - (BOOL)onlyMissed;
 

@@ -46,6 +46,7 @@ NSString* kindText(NSArray* calls) {
 }
 
 - (void)setOnlyMissed:(BOOL)missed {
+    if (missed == onlyMissed) return;
     onlyMissed = missed;
     [[self tableView] reloadData];
 }

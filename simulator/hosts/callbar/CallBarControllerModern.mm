@@ -177,6 +177,7 @@ UILabel* makeLabel(CGFloat size, bool bold) {
                       : [_recentsController onlyMissed]        ? @"Missed"
                                                                : @"Recents";
     [_titleLabel setText:title];
+    [_favoritesStrip setEditing:[_favoritesController isEditing]];
     [_editLabel setText:[_shownController isEditing] ? @"Done" : @"Edit"];
     [[self view] setNeedsLayout];
 }

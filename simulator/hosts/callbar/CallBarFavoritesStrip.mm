@@ -1,11 +1,14 @@
 #import "simulator/hosts/callbar/CallBarFavoritesStrip.h"
 
+#import "simulator/hosts/callbar/CallBarDrawing.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr CGFloat kPictureSide = 60;
+constexpr CGFloat kDeleteSide = 20;
 constexpr CGFloat kNameGap = 5;
 constexpr CGFloat kNameHeight = 16;
 constexpr CGFloat kButtonHeight = kPictureSide + kNameGap + kNameHeight;
@@ -28,8 +31,22 @@ constexpr CGFloat kRowGap = 14;
     return button;
 }
 
+- (void)dealloc {
+    [_deleteControl release];
+    [super dealloc];
+}
+
 - (int)contactIdentifier {
     return _contact;
+}
+
+- (void)setEditing:(BOOL)editing {
+    if (editing && _deleteControl == nil) {
+        _deleteControl = [[CallBarDeleteControl alloc]
+            initWithFrame:CGRectMake((kColumnWidth - kPictureSide) / 2 - 4, 0, kDeleteSide, kDeleteSide)];
+        [self insertSubview:_deleteControl aboveSubview:[self imageView]];
+    }
+    [_deleteControl setHidden:!editing];
 }
 
 - (void)layoutSubviews {
@@ -55,8 +72,14 @@ constexpr CGFloat kRowGap = 14;
 - (void)addButton:(CallBarFavoriteButton*)button {
     if (_buttons == nil) _buttons = [[NSMutableArray alloc] init];
     [_buttons addObject:button];
+    [button setEditing:_editing];
     [self addSubview:button];
     [self setNeedsLayout];
+}
+
+- (void)setEditing:(BOOL)editing {
+    _editing = editing;
+    for (CallBarFavoriteButton* button in _buttons) [button setEditing:editing];
 }
 
 - (void)removeAllButtons {

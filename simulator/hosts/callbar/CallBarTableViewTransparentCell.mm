@@ -3,6 +3,7 @@
 #import "simulator/hosts/callbar/CallBarDrawing.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -15,6 +16,7 @@ constexpr CGFloat kGap = 8;
 constexpr CGFloat kIconGap = 5;
 constexpr CGFloat kIconDrop = 4;
 constexpr CGFloat kEdge = 12;  // from the accessory or the delete control to the row's edge
+constexpr CGFloat kMirroredDeleteEdge = 4;
 constexpr CGFloat kDeleteSide = 22;
 constexpr CGFloat kMirroredMargin = 56;  // between the accessory and texts that read from the right
 constexpr CGFloat kMirroredEditingMargin = 78;
@@ -69,6 +71,7 @@ bool rightToLeft() {
     _dateLabel = [[UIDateLabel alloc] initWithFrame:CGRectZero];
     [_dateLabel setFont:[UIFont systemFontOfSize:14]];
     [_dateLabel setTextColor:CallBarSecondaryTextColor()];
+    [_dateLabel setTextAlignment:rightToLeft() ? NSTextAlignmentLeft : NSTextAlignmentRight];
     _typeIcon = [[UIImageView alloc] initWithImage:CallBarOutgoingIcon()];
     [_typeIcon setHidden:YES];
 }
@@ -136,7 +139,8 @@ bool rightToLeft() {
     }
     [_deleteControl setHidden:![self isEditing]];
     const CGSize room = [self bounds].size;
-    [_deleteControl setFrame:CGRectMake(room.width - kEdge - kDeleteSide, (room.height - kDeleteSide) / 2, kDeleteSide,
+    const CGFloat edge = rightToLeft() ? kMirroredDeleteEdge : kEdge;
+    [_deleteControl setFrame:CGRectMake(room.width - edge - kDeleteSide, (room.height - kDeleteSide) / 2, kDeleteSide,
                                         kDeleteSide)];
 }
 
@@ -146,9 +150,11 @@ bool rightToLeft() {
     const CGSize date = [_dateLabel bounds].size;
     const CGSize kind = [_kindLabel bounds].size;
     const CGSize icon = [_typeIcon bounds].size;
-    const CGFloat nameHeight = [[_nameLabel font] lineHeight];
-    [_dateLabel setFrame:CGRectMake(right - date.width, (kRowHeight - date.height) / 2, date.width, date.height)];
-    [_nameLabel setFrame:CGRectMake(left, kNameTop, std::max(0.0, right - date.width - kGap - left), nameHeight)];
+    const CGFloat nameHeight = std::ceil([[_nameLabel font] lineHeight]);
+    // The gap belongs to the date, so that it stays where a name is made to end at the date.
+    const CGFloat dateX = right - date.width - kGap;
+    [_dateLabel setFrame:CGRectMake(dateX, (kRowHeight - date.height) / 2, date.width + kGap, date.height)];
+    [_nameLabel setFrame:CGRectMake(left, kNameTop, std::max(0.0, dateX - left), nameHeight)];
     [_kindLabel setFrame:CGRectMake(left, kKindTop, kind.width, kind.height)];
     [_typeIcon setFrame:CGRectMake(left + kind.width + kIconGap, kKindTop + kIconDrop, icon.width, icon.height)];
 }
@@ -161,7 +167,7 @@ bool rightToLeft() {
     const CGSize kind = [_kindLabel bounds].size;
     const CGSize icon = [_typeIcon bounds].size;
     const CGFloat nameLeft = kMargin + date.width + kGap;
-    const CGFloat nameHeight = [[_nameLabel font] lineHeight];
+    const CGFloat nameHeight = std::ceil([[_nameLabel font] lineHeight]);
     [_dateLabel setFrame:CGRectMake(kMargin, (kRowHeight - date.height) / 2, date.width, date.height)];
     [_nameLabel setFrame:CGRectMake(nameLeft, kNameTop, std::max(0.0, right - nameLeft), nameHeight)];
     [_kindLabel setFrame:CGRectMake(right - kind.width, kKindTop, kind.width, kind.height)];

@@ -11,6 +11,9 @@
 namespace hosts {
 namespace {
 
+// How long a person looks at a list before going to the next, in seconds, if its pictures are still coming.
+constexpr double kPatience = 2;
+
 using Libraries = std::vector<std::string>;
 using Handler = CommandResult (*)(NSDictionary*, const Libraries&);
 
@@ -60,6 +63,8 @@ CommandResult show(NSDictionary* command, const Libraries&) {
     const bool searching = [screen isEqualToString:@"search"];
     if (searching && [text length] == 0) return failed(@"a search needs a \"text\"");
     CallBarControllerModern* controller = CallBarController();
+    // Whether it came to rest in that time makes no difference to what is shown next.
+    phone::settle(kPatience);
     if (NSNumber* nameViews = numberOf(command, @"nameViews"))
         [[controller membersController] setGivesNameViews:[nameViews boolValue]];
     if (!showScreen(screen, searching ? text : nil)) {

@@ -57,6 +57,7 @@ class HostProcess {
     // {"do": name} with these names and further values; where no answer is told it is empty.
     //
     //   show       "screen": recents, missed, favorites, contacts or search; "text" of the search; "editing";
+    //              waits up to 2 s for work queued for the screen before;
     //              "nameViews": whether rows of Contacts have a view of their own for the name (true at first)
     //   settle     "timeout" in seconds: waits until no queued work is left
     //   layout     lays out every visible view

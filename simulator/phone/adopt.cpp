@@ -51,12 +51,14 @@ Status requireShape(const Database& database, const std::string& name, const Dat
     Statement check = database.prepare("PRAGMA quick_check(1)");
     if (!check.step()) return Failure{name + ": is damaged: " + sqlite3_errmsg(database.get())};
     if (check.text(0) != "ok") return Failure{name + ": is damaged: " + check.text(0)};
+    const std::string refusal = name + ": is not " + shape.what + ": ";
     for (const auto& [table, needed] : shape.required) {
         std::set<std::string> columns = columnsOf(database, table);
-        if (columns.empty()) return Failure{name + ": is not " + shape.what + ": it has no table " + table};
+        if (columns.empty()) return Failure{std::string(refusal).append("it has no table ").append(table)};
         for (const std::string& column : needed) {
             if (columns.count(lower(column))) continue;
-            return Failure{name + ": is not " + shape.what + ": its table " + table + " has no column " + column};
+            return Failure{
+                std::string(refusal).append("its table ").append(table).append(" has no column ").append(column)};
         }
     }
     return Done{};

@@ -119,7 +119,7 @@ Result<long> addGeneratedCalls(AddressBookBuilder& builder, const std::filesyste
     std::mt19937 random(seed);
     double date = std::floor(now);
     for (int index = 0; index < kGeneratedCalls; ++index) {
-        date -= 60.0 + random() % (14 * 3600);
+        date -= 60 + static_cast<double>(random() % 50400);
         Call call;
         call.date = date;
         call.kind = kindOf(index);

@@ -88,6 +88,7 @@ Person makePerson(int index, std::mt19937& random) {
 Result<long> addGeneratedContacts(AddressBookBuilder& builder, int count, std::uint32_t seed, double modified,
                                   const Progress& progress) {
     std::vector<std::string> thumbnails;
+    thumbnails.reserve(kThumbnailColours.size());
     for (unsigned colour : kThumbnailColours) thumbnails.push_back(plainThumbnail(colour));
     std::mt19937 random(seed);
     long pictures = 0;

@@ -95,7 +95,7 @@ std::string plainThumbnail(unsigned colour) {
     for (int y = centre - radius; y < centre + radius; ++y) {
         for (int x = centre - radius; x < centre + radius; ++x) {
             if ((x - centre) * (x - centre) + (y - centre) * (y - centre) > radius * radius) continue;
-            guchar* pixel = pixels + y * stride + x * 3;
+            guchar* pixel = pixels + static_cast<std::ptrdiff_t>(y) * stride + static_cast<std::ptrdiff_t>(x) * 3;
             for (int channel = 0; channel < 3; ++channel) {
                 pixel[channel] = static_cast<guchar>(pixel[channel] + (255 - pixel[channel]) / 2);
             }

@@ -248,11 +248,11 @@ Result<ImportedContacts> importVCards(const std::filesystem::path& file) {
     Result<std::string> content = readFile(file);
     if (!content) return content.failure();
     ImportedContacts imported;
-    if (!g_utf8_validate(content->data(), static_cast<gssize>(content->size()), nullptr)) {
-        content = madeValid(*content);
+    std::string text = madeValid(*content);
+    if (text != *content) {
         imported.warnings.push_back(file.string() + ": not all of it is UTF-8; the rest became U+FFFD");
     }
-    Result<std::vector<Card>> cards = splitCards(*content, file.string());
+    Result<std::vector<Card>> cards = splitCards(text, file.string());
     if (!cards) return cards.failure();
     for (const Card& card : *cards) {
         std::vector<Line> lines = readLines(card.text);

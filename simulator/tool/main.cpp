@@ -19,9 +19,7 @@ namespace {
 constexpr int kFailure = 1;
 constexpr int kMisuse = 2;
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     CLI::App app{"A stand-in phone on the desk: make one, look at its screens, change things on it.", "phonesim"};
     app.require_subcommand(1);
     app.footer(
@@ -37,9 +35,17 @@ int main(int argc, char** argv) {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kMisuse;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "phonesim: %s\n", error.what());
         return kFailure;
     }
-    return 0;
 }

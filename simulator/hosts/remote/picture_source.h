@@ -16,6 +16,7 @@ struct PictureSource {
     // "default"          the preference bundle's "recent" picture
     // "silhouette"       the bundle's "user_monogram" or "user_monogram_round" picture, bare or on one colour
     // "monogram"         white letters on one colour
+    // "plain"            one colour and nothing on it: a monogram of blanks
     // "system monogram"  the system's grey disc, lighter at the top
     // "other"            nothing of these
     std::string kind;

@@ -88,17 +88,21 @@ std::string colourText(const Colour& colour) {
     return text;
 }
 
-// The colour seen through the transparent parts of `figure`; nothing when it has none or they differ.
+// The colour that must lie behind `figure` for `shown` to come out, by its more transparent parts; nothing when it has
+// none.
 std::optional<Colour> colourBehind(const Pixels& shown, const Pixels& figure) {
-    std::map<Colour, long> counts;
+    std::array<double, 3> sum{};
+    long count = 0;
     forInnerDisc(figure, [&](const uint8_t* pixel, size_t x, size_t y) {
-        const uint8_t* through = shown.at(x, y);
-        if (pixel[3] == 0 && through[3] >= 250) ++counts[{through[0], through[1], through[2]}];
+        if (pixel[3] > 128) return;
+        for (size_t c = 0; c < 3; ++c) sum[c] += (shown.at(x, y)[c] - pixel[c]) * 255.0 / (255 - pixel[3]);
+        ++count;
     });
-    if (counts.empty()) return std::nullopt;
-    return std::max_element(counts.begin(), counts.end(),
-                            [](const auto& a, const auto& b) { return a.second < b.second; })
-        ->first;
+    if (count == 0) return std::nullopt;
+    Colour colour{};
+    for (size_t c = 0; c < 3; ++c)
+        colour[c] = std::clamp(static_cast<int>(std::lround(sum[c] / static_cast<double>(count))), 0, 255);
+    return colour;
 }
 
 Pixels over(const Pixels& figure, const Colour& colour) {
@@ -149,8 +153,9 @@ std::optional<PictureSource> monogram(const Pixels& shown) {
         if (pixel[3] < 250 || !towardsWhite(pixel, *colour, share)) ++strange;
         if (share > 0.8) ++letters;
     });
-    if (strange > 0 || letters < kLetterShare * static_cast<double>(all)) return std::nullopt;
-    return PictureSource{"monogram", 0, colourText(*colour)};
+    if (strange > 0) return std::nullopt;
+    const bool written = letters >= kLetterShare * static_cast<double>(all);
+    return PictureSource{written ? "monogram" : "plain", 0, colourText(*colour)};
 }
 
 // The grey goes from lighter to darker down the middle of the disc's left part, where no letter stands.

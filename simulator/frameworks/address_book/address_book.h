@@ -52,10 +52,10 @@ CFDataRef ABPersonCopyImageData(ABRecordRef person);
 // The picture of just that format, encoded; NULL when there is none.
 CFDataRef ABPersonCopyImageDataWithFormat(ABRecordRef person, ABPersonImageFormat format);
 
-// Contacts UI's private search: the person one of whose phone numbers is this number, spelt nationally or
-// internationally, read in the device's region; owned by the book. NULL when there is none, or no book. The surest
-// match wins, then the lowest record ID. The last two arguments must be 0.
-ABRecordRef ABCFindPersonMatchingPhoneNumber(ABAddressBookRef book, CFStringRef number, int reserved1, int reserved2);
+// The private search: the person one of whose phone numbers is this text, spelt nationally or internationally, read in
+// the device's region; owned by the book. NULL when there is none, or no book. The surest match wins, then the lowest
+// record ID. It is found by name, so its type is its caller's: untyped text, and two words that must be 0.
+ABRecordRef ABCFindPersonMatchingPhoneNumber(ABAddressBookRef book, id number, uintptr_t country, uintptr_t identifier);
 
 #ifdef __cplusplus
 }

@@ -138,8 +138,9 @@ CFDataRef ABPersonCopyImageDataWithFormat(ABRecordRef person, ABPersonImageForma
     return newData(address_book::thumbnail(identifier, format));
 }
 
-ABRecordRef ABCFindPersonMatchingPhoneNumber(ABAddressBookRef book, CFStringRef number, int reserved1, int reserved2) {
-    if (reserved1 != 0 || reserved2 != 0) {
+ABRecordRef ABCFindPersonMatchingPhoneNumber(ABAddressBookRef book, id number, uintptr_t country,
+                                             uintptr_t identifier) {
+    if (country != 0 || identifier != 0) {
         [NSException raise:NSInvalidArgumentException
                     format:@"ABCFindPersonMatchingPhoneNumber: only 0 is known for the last two arguments"];
     }
@@ -148,12 +149,11 @@ ABRecordRef ABCFindPersonMatchingPhoneNumber(ABAddressBookRef book, CFStringRef 
     std::string wanted = utf8(number);
     phone_number::Match best = phone_number::Match::none;
     ABRecordID found = kABRecordInvalidID;
-    for (const auto& [identifier, candidate] :
-         address_book::phoneNumbersEndingIn(phone_number::lastFour(wanted, region))) {
+    for (const auto& [person, candidate] : address_book::phoneNumbersEndingIn(phone_number::lastFour(wanted, region))) {
         phone_number::Match match = phone_number::compare(wanted, candidate, region);
         if (match <= best) continue;
         best = match;
-        found = identifier;
+        found = person;
     }
     return best == phone_number::Match::none ? NULL : ABAddressBookGetPersonWithRecordID(book, found);
 }

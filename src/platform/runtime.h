@@ -46,8 +46,8 @@ constexpr std::uintptr_t kAssociationRetainNonatomic = 1;
 
 namespace platform {
 
-// The name of a class, kept for the class lookups below. Zero-initialised, so that no code runs at load time; two
-// threads that race here store the same value.
+// Selectors and classes once looked up, by name. Zero-initialised, so that no code runs at load time; two threads that
+// race here store the same value.
 template <FixedString name>
 inline constinit std::atomic<SEL> cachedSelector{nullptr};
 

@@ -3,8 +3,8 @@
 #include <dlfcn.h>
 
 #include <fstream>
-#include <utility>
-#include <vector>
+
+#include "simulator/runtime/macho/loader.h"
 
 namespace phone {
 namespace {
@@ -18,10 +18,26 @@ std::string loadElf(const std::string& path) {
     return problem != nullptr ? problem : "cannot be loaded";
 }
 
-std::vector<std::pair<std::string_view, LibraryFormat>>& formats() {
-    static std::vector<std::pair<std::string_view, LibraryFormat>> known = {{"\177ELF"sv, loadElf}};
-    return known;
+void* symbolOfElf(const std::string& path, const std::string& name) {
+    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NOLOAD);
+    if (library == nullptr) return nullptr;
+    void* symbol = dlsym(library, name.c_str());
+    dlclose(library);  // the reference that loading it took stays
+    return symbol;
 }
+
+// A binary format, told by a file's first bytes.
+struct Format {
+    std::string_view magic;
+    std::string (*load)(const std::string& path);
+    void* (*symbolOf)(const std::string& path, const std::string& name);
+};
+
+constexpr Format kFormats[] = {
+    {"\177ELF"sv, loadElf, symbolOfElf},
+    {"\xcf\xfa\xed\xfe"sv, macho::loadLibrary, macho::symbolOf},
+    {"\xca\xfe\xba\xbe"sv, macho::loadLibrary, macho::symbolOf},  // with parts for several processors
+};
 
 std::string firstBytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -31,16 +47,24 @@ std::string firstBytes(const std::string& path) {
     return bytes;
 }
 
+const Format* formatOf(const std::string& path) {
+    const std::string start = firstBytes(path);
+    for (const Format& format : kFormats) {
+        if (start.compare(0, format.magic.size(), format.magic) == 0) return &format;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
-void addLibraryFormat(std::string_view magic, LibraryFormat load) { formats().emplace_back(magic, load); }
-
 std::string loadLibrary(const std::string& path) {
-    const std::string start = firstBytes(path);
-    for (const auto& [magic, load] : formats()) {
-        if (start.compare(0, magic.size(), magic) == 0) return load(path);
-    }
-    return "not a library of a known format";
+    const Format* format = formatOf(path);
+    return format != nullptr ? format->load(path) : "not a library of a known format";
+}
+
+void* librarySymbol(const std::string& path, const std::string& name) {
+    const Format* format = formatOf(path);
+    return format != nullptr ? format->symbolOf(path, name) : nullptr;
 }
 
 }  // namespace phone

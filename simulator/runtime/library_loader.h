@@ -5,14 +5,11 @@
 
 namespace phone {
 
-// Loads one binary format: takes the library's path, answers an empty string or what is wrong.
-using LibraryFormat = std::string (*)(const std::string& path);
-
-// Adds a format, chosen by a file's first bytes. `magic` must live as long as the process. Before the first load.
-void addLibraryFormat(std::string_view magic, LibraryFormat load);
-
-// Loads the library at a path of this machine by the format its first bytes name, and runs its initialisers. Answers an
-// empty string, or a message telling why it could not be loaded. This machine's own format is known from the start.
+// Loads the library at a path of this machine, in this machine's binary format or the phone's, and runs its
+// initialisers. Answers an empty string, or a message telling why it could not be loaded.
 std::string loadLibrary(const std::string& path);
+
+// The address of what a loaded library exports under a C name; nullptr when it was not loaded or has no such export.
+void* librarySymbol(const std::string& path, const std::string& name);
 
 }  // namespace phone

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace phone::macho {
@@ -27,7 +28,7 @@ struct Range {
 // A pointer that gets a symbol's address.
 struct Bind {
     std::uint64_t address = 0;
-    std::string symbol;  // with the format's leading underscore
+    std::string_view symbol;  // into the file's bytes, with the format's leading underscore
     std::int64_t addend = 0;
     bool optional = false;  // a missing symbol leaves null; for a coalesced one, what is there
     bool coalesced = false;

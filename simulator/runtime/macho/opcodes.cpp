@@ -13,7 +13,8 @@ constexpr std::uint8_t kTypePointer = 1;
 class Place {
   public:
     explicit Place(const Image& image) : image_(image) {
-        for (const Segment& segment : image.segments) slots_ += segment.writable ? segment.size / kPointer : 0;
+        for (const Segment& segment : image.segments)
+            slots_ += segment.writable ? segment.contents.size() / kPointer : 0;
     }
 
     void set(std::uint64_t segment, std::uint64_t offset) {
@@ -27,9 +28,10 @@ class Place {
     // The address of the pointer to fix up, after which the place moves past it.
     std::uint64_t take() {
         if (segment_ == nullptr) throw Malformed("a fix-up comes before its segment is named");
-        if (!segment_->writable) throw Malformed("a fix-up lies in segment " + segment_->name + ", which is not writable");
-        if (offset_ > segment_->size || kPointer > segment_->size - offset_) {
-            throw Malformed("a fix-up lies outside segment " + segment_->name);
+        if (!segment_->writable)
+            throw Malformed("a fix-up lies in segment " + segment_->name + ", which is not writable");
+        if (offset_ > segment_->contents.size() || kPointer > segment_->contents.size() - offset_) {
+            throw Malformed("a fix-up lies outside the contents of segment " + segment_->name);
         }
         if (taken_++ == slots_) throw Malformed("there are more fix-ups than places for them");
         const std::uint64_t address = segment_->address + offset_;
@@ -81,18 +83,26 @@ class RebaseReader {
 
     void step(std::uint8_t operation, std::uint8_t immediate) {
         switch (operation) {
-            case kSetType: return requirePointer(immediate);
-            case kSetPlace: return place_.set(immediate, codes_.uleb());
-            case kMove: return place_.move(codes_.uleb());
-            case kMoveScaled: return place_.move(immediate * kPointer);
-            case kTimesImmediate: return rebase(immediate, 0);
-            case kTimes: return rebase(codes_.uleb(), 0);
-            case kOnceAndMove: return rebase(1, codes_.uleb());
+            case kSetType:
+                return requirePointer(immediate);
+            case kSetPlace:
+                return place_.set(immediate, codes_.uleb());
+            case kMove:
+                return place_.move(codes_.uleb());
+            case kMoveScaled:
+                return place_.move(immediate * kPointer);
+            case kTimesImmediate:
+                return rebase(immediate, 0);
+            case kTimes:
+                return rebase(codes_.uleb(), 0);
+            case kOnceAndMove:
+                return rebase(1, codes_.uleb());
             case kTimesSkipping: {
                 const std::uint64_t times = codes_.uleb();
                 return rebase(times, codes_.uleb());
             }
-            default: throw Malformed("the rebase codes hold an unknown one");
+            default:
+                throw Malformed("the rebase codes hold an unknown one");
         }
     }
 
@@ -150,24 +160,39 @@ class BindReader {
 
     void step(std::uint8_t operation, std::uint8_t immediate) {
         switch (operation) {
-            case kDone: addend_ = 0; return;
+            case kDone:
+                addend_ = 0;
+                return;
             // Which library offers the symbol does not matter: the process is asked.
             case kLibraryImmediate:
-            case kLibrarySpecial: return;
-            case kLibrary: codes_.uleb(); return;
-            case kSetSymbol: return setSymbol(immediate);
-            case kSetType: return requirePointer(immediate);
-            case kSetAddend: addend_ = codes_.sleb(); return;
-            case kSetPlace: return place_.set(immediate, codes_.uleb());
-            case kMove: return place_.move(codes_.uleb());
-            case kBind: return bind(1, 0);
-            case kBindAndMove: return bind(1, codes_.uleb());
-            case kBindAndMoveScaled: return bind(1, immediate * kPointer);
+            case kLibrarySpecial:
+                return;
+            case kLibrary:
+                codes_.uleb();
+                return;
+            case kSetSymbol:
+                return setSymbol(immediate);
+            case kSetType:
+                return requirePointer(immediate);
+            case kSetAddend:
+                addend_ = codes_.sleb();
+                return;
+            case kSetPlace:
+                return place_.set(immediate, codes_.uleb());
+            case kMove:
+                return place_.move(codes_.uleb());
+            case kBind:
+                return bind(1, 0);
+            case kBindAndMove:
+                return bind(1, codes_.uleb());
+            case kBindAndMoveScaled:
+                return bind(1, immediate * kPointer);
             case kTimesSkipping: {
                 const std::uint64_t times = codes_.uleb();
                 return bind(times, codes_.uleb());
             }
-            default: throw Malformed("the bind codes hold an unknown one");
+            default:
+                throw Malformed("the bind codes hold an unknown one");
         }
     }
 
@@ -175,7 +200,7 @@ class BindReader {
     BindKind kind_;
     Image& image_;
     Place place_;
-    std::string symbol_;
+    std::string_view symbol_;
     std::int64_t addend_ = 0;
     bool optional_ = false, symbolKnown_ = false;
 };
@@ -185,7 +210,8 @@ class ExportReader {
   public:
     ExportReader(Bytes trie, Image& image) : trie_(trie), image_(image), seen_(trie.size(), false) {}
 
-    void node(std::uint64_t offset, const std::string& name) {
+    void node(std::uint64_t offset, const std::string& name, unsigned depth) {
+        if (depth == kDeepest || name.size() > kLongest) throw Malformed("the exports have names without end");
         if (offset >= trie_.size()) throw Malformed("the list of exports points outside itself");
         // Nodes have one parent in a tree; this also ends cycles.
         if (seen_[offset]) throw Malformed("the list of exports is no tree");
@@ -193,11 +219,13 @@ class ExportReader {
         Cursor here(trie_, kWhat, offset);
         const std::uint64_t terminalSize = here.uleb();
         if (terminalSize != 0) terminal(here, name);
-        children(offset, terminalSize, name);
+        children(offset, terminalSize, name, depth);
     }
 
   private:
     static constexpr const char* kWhat = "the exports";
+    static constexpr unsigned kDeepest = 1000;
+    static constexpr std::size_t kLongest = 4096;
     static constexpr std::uint64_t kReexport = 0x8, kResolver = 0x10;
 
     void terminal(Cursor here, const std::string& name) {
@@ -206,7 +234,7 @@ class ExportReader {
         image_.exports.push_back({name, here.uleb()});
     }
 
-    void children(std::uint64_t offset, std::uint64_t terminalSize, const std::string& name) {
+    void children(std::uint64_t offset, std::uint64_t terminalSize, const std::string& name, unsigned depth) {
         Cursor skipSize(trie_, kWhat, offset);
         std::uint64_t lengthBytes = 0;
         while ((skipSize.byte() & 0x80) != 0) ++lengthBytes;
@@ -214,7 +242,7 @@ class ExportReader {
         Cursor here(trie_, kWhat, offset + lengthBytes + 1 + terminalSize);
         for (unsigned count = here.byte(); count > 0; --count) {
             std::string longer = name + std::string(here.text());
-            node(here.uleb(), longer);
+            node(here.uleb(), longer, depth + 1);
         }
     }
 
@@ -229,7 +257,7 @@ void readRebases(Bytes codes, Image& image) { RebaseReader(codes, image).run(); 
 void readBinds(Bytes codes, BindKind kind, Image& image) { BindReader(codes, kind, image).run(); }
 
 void readExports(Bytes trie, Image& image) {
-    if (!trie.empty()) ExportReader(trie, image).node(0, "");
+    if (!trie.empty()) ExportReader(trie, image).node(0, "", 0);
 }
 
 }  // namespace phone::macho

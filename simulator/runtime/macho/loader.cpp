@@ -1,0 +1,214 @@
+#include "simulator/runtime/macho/loader.h"
+
+#include <sys/mman.h>
+
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <utility>
+
+#include "simulator/runtime/macho/image.h"
+#include "simulator/runtime/macho/symbols.h"
+#include "simulator/runtime/macho/unwind.h"
+
+// Of libgcc's unwinder: takes an .eh_frame section for the process's life.
+extern "C" void __register_frame(void* frames);
+
+namespace phone::macho {
+namespace {
+
+// What stays of a loaded library.
+struct Library {
+    std::vector<std::uint8_t> unwindFrames;
+    std::map<std::string, void*> exports;
+};
+
+std::vector<LoadedImage>& images() {
+    static auto* all = new std::vector<LoadedImage>;
+    return *all;
+}
+
+// By path. Never destroyed: code of the libraries may run to the process's very end.
+std::map<std::string, Library>& libraries() {
+    static auto* all = new std::map<std::string, Library>;
+    return *all;
+}
+
+// Address space for an image, given back unless it is kept.
+class Memory {
+  public:
+    explicit Memory(std::size_t size) : size_(size) {
+        void* place = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        begin_ = place != MAP_FAILED ? static_cast<char*>(place) : nullptr;
+    }
+    Memory(const Memory&) = delete;
+    Memory& operator=(const Memory&) = delete;
+    ~Memory() {
+        if (begin_ != nullptr) munmap(begin_, size_);
+    }
+
+    char* begin() const { return begin_; }
+    char* keep() { return std::exchange(begin_, nullptr); }
+
+  private:
+    char* begin_ = nullptr;
+    std::size_t size_;
+};
+
+std::uint64_t firstAddress(const Image& image) { return image.segments.front().address; }
+
+std::size_t sizeOf(const Image& image) {
+    const Segment& last = image.segments.back();
+    return last.address + last.size - firstAddress(image);
+}
+
+// An image that has a place in memory.
+class Placed {
+  public:
+    Placed(const Image& image, char* begin)
+        : image_(image), base_(reinterpret_cast<std::uintptr_t>(begin) - firstAddress(image)) {}
+
+    std::uintptr_t base() const { return base_; }
+    char* at(std::uint64_t address) const { return reinterpret_cast<char*>(base_ + address); }
+
+    void copySegments() const {
+        for (const Segment& segment : image_.segments) {
+            if (!segment.contents.empty()) {
+                std::memcpy(at(segment.address), segment.contents.data(), segment.contents.size());
+            }
+        }
+    }
+
+    void rebase() const {
+        for (std::uint64_t address : image_.rebases) writePointer(address, readPointer(address) + base_);
+    }
+
+    // Answers which symbols are missing, or an empty string.
+    std::string bind() const {
+        std::string missing;
+        std::string_view before;
+        for (const Bind& place : image_.binds) {
+            void* symbol = findSymbol(place.symbol);
+            if (symbol != nullptr) {
+                writePointer(place.address,
+                             reinterpret_cast<std::uintptr_t>(symbol) + static_cast<std::uintptr_t>(place.addend));
+            } else if (!place.optional) {
+                if (place.symbol != before) missing += (missing.empty() ? "" : ", ") + std::string(place.symbol);
+                before = place.symbol;
+            } else if (!place.coalesced) {
+                writePointer(place.address, 0);
+            }
+        }
+        return missing.empty() ? "" : "this process does not offer " + missing;
+    }
+
+    std::string protect() const {
+        std::uint64_t end = firstAddress(image_);
+        for (const Segment& segment : image_.segments) {
+            int protection = PROT_READ;
+            if (segment.writable) protection |= PROT_WRITE;
+            if (segment.executable) protection |= PROT_EXEC;
+            if (mprotect(at(end), segment.address - end, PROT_NONE) != 0 ||
+                mprotect(at(segment.address), segment.size, protection) != 0) {
+                return "segment " + segment.name + ": " + std::strerror(errno);
+            }
+            end = segment.address + segment.size;
+        }
+#if defined(__aarch64__)
+        __builtin___clear_cache(at(firstAddress(image_)), at(end));
+#endif
+        return "";
+    }
+
+    // Fills the list with the functions to run, in order; answers what is wrong with them.
+    std::string initialisers(std::vector<std::uintptr_t>& functions) const {
+        for (const Range& range : image_.initialisers) {
+            for (std::uint64_t offset = 0; offset < range.size; offset += sizeof(void*)) {
+                const std::uintptr_t function = readPointer(range.address + offset);
+                const Segment* segment = image_.segmentOf(function - base_, 1);
+                if (segment == nullptr || !segment->executable) return "an initialiser lies outside the code";
+                functions.push_back(function);
+            }
+        }
+        return "";
+    }
+
+    std::map<std::string, void*> exports() const {
+        std::map<std::string, void*> found;
+        for (const Export& symbol : image_.exports) found[symbol.symbol] = at(symbol.address);
+        return found;
+    }
+
+  private:
+    std::uintptr_t readPointer(std::uint64_t address) const {
+        std::uintptr_t value;
+        std::memcpy(&value, at(address), sizeof value);
+        return value;
+    }
+    void writePointer(std::uint64_t address, std::uintptr_t value) const {
+        std::memcpy(at(address), &value, sizeof value);
+    }
+
+    const Image& image_;
+    std::uintptr_t base_;
+};
+
+void run(const std::vector<std::uintptr_t>& initialisers) {
+    // The arguments are the program's own on a phone; nothing here reads them.
+    using Initialiser = void (*)(int, const char**, const char**, const char**);
+    const char* none[] = {nullptr};
+    for (std::uintptr_t function : initialisers) reinterpret_cast<Initialiser>(function)(0, none, none, none);
+}
+
+// Everything up to running the initialisers.
+std::string prepare(const Placed& placed, const Image& image, Library& library,
+                    std::vector<std::uintptr_t>& functions) {
+    placed.copySegments();
+    placed.rebase();
+    std::string problem = placed.bind();
+    if (problem.empty()) problem = translateUnwindInfo(image, placed.base(), library.unwindFrames);
+    if (problem.empty()) problem = placed.initialisers(functions);
+    if (problem.empty()) problem = placed.protect();
+    library.exports = placed.exports();
+    return problem;
+}
+
+std::string loadBytes(const std::string& path, std::span<const std::uint8_t> file) {
+    Image image;
+    if (std::string problem = readImage(file, image); !problem.empty()) return problem;
+    Memory memory(sizeOf(image));
+    if (memory.begin() == nullptr) return std::string("no room in memory: ") + std::strerror(errno);
+    const Placed placed(image, memory.begin());
+    Library library;
+    std::vector<std::uintptr_t> initialisers;
+    if (std::string problem = prepare(placed, image, library, initialisers); !problem.empty()) return problem;
+    images().push_back({path, memory.keep(), sizeOf(image)});
+    Library& kept = libraries()[path] = std::move(library);
+    if (!kept.unwindFrames.empty()) __register_frame(kept.unwindFrames.data());
+    run(initialisers);
+    return "";
+}
+
+}  // namespace
+
+const std::vector<LoadedImage>& loadedImages() { return images(); }
+
+std::string loadLibrary(const std::string& path) {
+    if (libraries().count(path) != 0) return "";  // like a second dlopen
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return "cannot be opened";
+    const std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (file.bad()) return "cannot be read";
+    return loadBytes(path, bytes);
+}
+
+void* symbolOf(const std::string& path, const std::string& name) {
+    const auto library = libraries().find(path);
+    if (library == libraries().end()) return nullptr;
+    const auto found = library->second.exports.find("_" + name);
+    return found != library->second.exports.end() ? found->second : nullptr;
+}
+
+}  // namespace phone::macho

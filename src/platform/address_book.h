@@ -29,7 +29,9 @@ id ABPersonCopyImageDataWithFormat(ABRecordRef person, std::int32_t format);
 
 // The person whose phone number matches (+0), or nothing; nobody's number matches on a system that lacks the private
 // function.
-inline ABRecordRef findPersonMatchingPhoneNumber(ABAddressBookRef book, id phoneNumber) {
+// The function's own side may spell the pointers' types in its own way, at which the sanitizer would stumble.
+__attribute__((no_sanitize("function"))) inline ABRecordRef findPersonMatchingPhoneNumber(ABAddressBookRef book,
+                                                                                          id phoneNumber) {
     // The last two arguments are a country and an identifier to fill in; 0 asks for neither.
     using Find = ABRecordRef(ABAddressBookRef, id, std::uintptr_t country, std::uintptr_t identifier);
     auto* find = platform::systemFunction<Find>("ABCFindPersonMatchingPhoneNumber");

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdlib>
 
-#include "src/platform/log.h"
 #include "src/util/process.h"
 
 namespace {
@@ -22,7 +21,7 @@ static_assert(kFullPalette.size() == 30 && kDarkPalette.size() == 13);
 // The number that two hexadecimal digits of the text spell.
 NSInteger componentAt(NSString text, NSUInteger position) {
     unsigned value = 0;
-    NSScanner::with(joinText("0x", text.substringWithRange({position, 2}))).scanHex(value);
+    NSScanner::with(literal<"0x">().appending(text.substringWithRange({position, 2}))).scanHex(value);
     return static_cast<NSInteger>(value);
 }
 

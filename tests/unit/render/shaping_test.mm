@@ -1,8 +1,8 @@
-#include <dlfcn.h>
 #include <math.h>
 
 #include <string>
 
+#include "simulator/runtime/library_loader.h"
 #include "tests/support/extension.h"
 #include "tests/support/pictures.h"
 
@@ -284,14 +284,12 @@ void describe(void* info, const CGPathElement* element) {
 
 std::string outlineOf(CGRect rect, CGFloat radius) {
     using Create = CGMutablePathRef (*)(CGRect, CGFloat);
-    void* library = dlopen(ZELKA_LIBRARY, RTLD_NOW | RTLD_NOLOAD);
-    auto create = reinterpret_cast<Create>(dlsym(library, "createRoundedCornerPath"));
+    auto create = reinterpret_cast<Create>(phone::librarySymbol(test::libraryPath(), "createRoundedCornerPath"));
     if (create == nullptr) return "not exported";
     CGMutablePathRef path = create(rect, radius);
     Outline outline;
     CGPathApply(path, &outline, describe);
     CGPathRelease(path);
-    dlclose(library);
     return outline.elements;
 }
 

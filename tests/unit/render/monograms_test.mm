@@ -224,6 +224,19 @@ TEST_F(Monograms, WithoutTextAreTheSilhouetteOverAColour) {
     EXPECT_FALSE(samePixels(picture, silhouette));
 }
 
+TEST_F(Monograms, OfASilhouetteAreOverTheGivenColour) {
+    start(false);
+    UIImage* silhouette = [UIImage imageWithContentsOfFile:resource("user_monogram@2x.png")];
+    UIImage* picture = [Utils getMonogramImage:3 color:[UIColor blueColor]];
+    EXPECT_TRUE(samePixels(picture, [Utils getMonogramImage:0
+                                                     source:silhouette
+                                                       size:[silhouette size]
+                                                      color:[UIColor blueColor]]));
+    EXPECT_FALSE(samePixels(picture, [Utils getMonogramImage:0 color:[UIColor redColor]]));
+    EXPECT_EQ([Utils getContactImageInCache:3], picture);
+    EXPECT_EQ(([Utils getMonogramImage:3 color:[UIColor redColor]]), picture);
+}
+
 TEST_F(Monograms, WithoutTextAndSwitchedOffAreTheSilhouetteAsItIs) {
     start(true, false);
     UIImage* round = [UIImage imageWithContentsOfFile:resource("user_monogram_round@2x.png")];

@@ -3,7 +3,6 @@
 #include <charconv>
 #include <cmath>
 #include <ctime>
-#include <optional>
 #include <string_view>
 
 #include "simulator/phone/vcard_import.h"
@@ -45,15 +44,6 @@ std::optional<double> readAgo(std::string_view text) {
     return static_cast<double>(*count) * seconds[unit];
 }
 
-std::optional<double> readDate(const std::string& text) {
-    for (const char* format : {"%Y-%m-%d %H:%M:%S", "%Y-%m-%d %H:%M", "%Y-%m-%dT%H:%M:%S", "%Y-%m-%dT%H:%M"}) {
-        std::tm parts{};
-        const char* end = strptime(text.c_str(), format, &parts);
-        if (end && !*end) return static_cast<double>(timegm(&parts));
-    }
-    return std::nullopt;
-}
-
 std::optional<CallKind> readKind(std::string_view text) {
     if (text == "incoming") return CallKind::incoming;
     if (text == "outgoing") return CallKind::outgoing;
@@ -92,6 +82,15 @@ Result<WrittenCall> readCall(const std::vector<std::string>& fields, double now)
 }
 
 }  // namespace
+
+std::optional<double> readDate(const std::string& text) {
+    for (const char* format : {"%Y-%m-%d %H:%M:%S", "%Y-%m-%d %H:%M", "%Y-%m-%dT%H:%M:%S", "%Y-%m-%dT%H:%M"}) {
+        std::tm parts{};
+        const char* end = strptime(text.c_str(), format, &parts);
+        if (end && !*end) return static_cast<double>(timegm(&parts));
+    }
+    return std::nullopt;
+}
 
 bool isCallFile(const std::filesystem::path& file) { return file.extension() == ".csv" || file.extension() == ".txt"; }
 

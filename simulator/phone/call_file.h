@@ -14,6 +14,8 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "simulator/phone/contact.h"
@@ -25,6 +27,10 @@ struct WrittenCall {
     Call call;  // contact and name are not yet known
     bool unlinked = false;
 };
+
+// A written moment ("2015-06-01 09:41", with seconds if need be) in UTC, as seconds since 1970-01-01 UTC; nothing when
+// it is none.
+std::optional<double> readDate(const std::string& text);
 
 // Whether a file's name says that it is such a text (.csv, .txt) and not a phone's database.
 bool isCallFile(const std::filesystem::path& file);

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "simulator/phone/call_file.h"
 #include "simulator/phone/make_root.h"
 #include "simulator/runtime/device_profiles.h"
 #include "simulator/tool/verbs.h"
@@ -51,10 +52,20 @@ void addNew(CLI::App& app) {
     images->needs(book);
     verb->add_option("--calls", options->calls,
                      "Calls from a text file (.csv, .txt), or call_history.db of a real phone; made up if left out");
+    verb->add_option_function<std::string>(
+        "--now",
+        [options](const std::string& text) {
+            std::optional<double> moment = phone::readDate(text);
+            if (!moment) throw Problem("--now: \"" + text + "\" is no date and time such as \"2015-06-01 09:41\"");
+            options->now = *moment;
+        },
+        "The date and time (UTC) for which the calls are made; the present if left out");
     verb->add_flag("--no-calls", options->noCalls, "Leave the call history empty if --calls is left out");
     verb->add_option("--device", options->device, "Device profile, see below (default: iphone6-8.4)");
     verb->add_option("--region", options->region, "Country of numbers without country code (default: US)");
     verb->add_flag("--right-to-left,--rtl", options->rightToLeft, "Lay the interface out from right to left");
+    verb->add_option("--library", options->library,
+                     "The extension library to install, also one in the phone's own format (default: the built one)");
     verb->add_flag("--force", options->force, "Replace a phone that is already there");
     verb->footer(profileList() +
                  "\nCalls in a text file, one a line: when, number, incoming|outgoing|missed[, seconds[, unlinked]]\n"
@@ -67,7 +78,7 @@ void addNew(CLI::App& app) {
                  "      --calls call_history.db --device iphone6plus-9.3\n"
                  "  phonesim new phone --force --contacts-count 10000 --rtl");
     verb->callback([options] {
-        options->library = ZELKA_LIBRARY;
+        if (options->library.empty()) options->library = ZELKA_LIBRARY;
         options->filter = ZELKA_FILTER;
         options->settingsBundle = ZELKA_BUNDLE;
         run(*options);

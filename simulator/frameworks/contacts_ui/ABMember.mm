@@ -9,6 +9,12 @@ NSString* textOf(const std::string& text) {
     return result != nil ? result : @"";
 }
 
+// The last name, then the first; else what is shown.
+NSString* sortKeyOf(NSString* first, NSString* last, NSString* shown) {
+    if ([first length] > 0 && [last length] > 0) return [NSString stringWithFormat:@"%@ %@", last, first];
+    return shown;
+}
+
 NSString* sectionOfKey(NSString* key) {
     const unichar first = [key length] > 0 ? [key characterAtIndex:0] : 0;
     return first >= 'a' && first <= 'z' ? [[key substringToIndex:1] uppercaseString] : @"#";
@@ -31,8 +37,11 @@ NSComparisonResult compareMembers(ABMember* a, ABMember* b, void*) {
 - (instancetype)initWithMember:(const contacts_ui::Member&)member {
     if ((self = [super init]) != nil) {
         _recordID = member.id;
-        _name = [textOf(member.name) copy];
-        _sortKey = [ABUIFold(textOf(member.sortKey)) copy];
+        NSString* first = textOf(member.first);
+        NSString* last = textOf(member.last);
+        NSString* composite = ABUICompositeName(first, last);
+        _name = [(composite != nil ? composite : textOf(member.otherName)) copy];
+        _sortKey = [ABUIFold(sortKeyOf(first, last, _name)) copy];
         _sectionTitle = [sectionOfKey(_sortKey) copy];
     }
     return self;

@@ -11,6 +11,10 @@ ABAddressBookRef ABUISharedAddressBook(void);
 // The first letters of the first and the last word, in capitals; may be empty. +0.
 NSString* ABUIInitialsOfName(NSString* name);
 
+// The two parts of a name joined: "First Last", or family name first and no space when both are in Chinese, Japanese or
+// Korean letters; the other when one is nil or empty. +0; nil when both are.
+NSString* ABUICompositeName(NSString* first, NSString* last);
+
 @interface ABUIPerson : NSObject {
   @private
     ABRecordRef _record;
@@ -24,7 +28,7 @@ NSString* ABUIInitialsOfName(NSString* name);
 @property (nonatomic, readonly) ABRecordRef record;  // unowned
 - (ABRecordID)recordID;
 
-// First and last name, else organization, else nickname; nil when it has none of them. +0.
+// First and last name (see ABUICompositeName), else organization, else nickname; nil when it has none of them. +0.
 - (NSString*)compositeName;
 // Up to two letters, for a monogram; may be empty. +0.
 - (NSString*)initials;

@@ -13,7 +13,31 @@ NSString* firstLetter(NSString* name) {
     return [[name substringWithRange:[name rangeOfComposedCharacterSequenceAtIndex:0]] uppercaseString];
 }
 
+// Whether the UTF-16 unit is of a script in whose languages the family name comes first: kana, bopomofo, Han characters
+// (those outside the basic plane by their surrogates), hangul.
+bool isEastAsian(unichar unit) {
+    constexpr unichar ranges[][2] = {{0x1100, 0x11FF}, {0x3005, 0x3007}, {0x3040, 0x318F},
+                                     {0x3400, 0x4DBF}, {0x4E00, 0x9FFF}, {0xAC00, 0xD7AF},
+                                     {0xD840, 0xD88D}, {0xDC00, 0xDFFF}, {0xF900, 0xFAFF}};
+    for (const auto& range : ranges)
+        if (unit >= range[0] && unit <= range[1]) return true;
+    return false;
+}
+
+bool isEastAsianName(NSString* name) {
+    for (NSUInteger i = 0; i < [name length]; ++i)
+        if (!isEastAsian([name characterAtIndex:i])) return false;
+    return true;
+}
+
 }  // namespace
+
+NSString* ABUICompositeName(NSString* first, NSString* last) {
+    if ([first length] == 0 && [last length] == 0) return nil;
+    if ([first length] == 0 || [last length] == 0) return [first length] > 0 ? first : last;
+    if (isEastAsianName(first) && isEastAsianName(last)) return [last stringByAppendingString:first];
+    return [NSString stringWithFormat:@"%@ %@", first, last];
+}
 
 NSString* ABUIInitialsOfName(NSString* name) {
     NSMutableArray* words = [NSMutableArray array];
@@ -56,10 +80,9 @@ NSString* ABUIInitialsOfName(NSString* name) {
 }
 
 - (NSString*)compositeName {
-    NSString* first = [self nameOfProperty:kABPersonFirstNameProperty];
-    NSString* last = [self nameOfProperty:kABPersonLastNameProperty];
-    if (first != nil && last != nil) return [NSString stringWithFormat:@"%@ %@", first, last];
-    if (first != nil || last != nil) return first != nil ? first : last;
+    NSString* name = ABUICompositeName([self nameOfProperty:kABPersonFirstNameProperty],
+                                       [self nameOfProperty:kABPersonLastNameProperty]);
+    if (name != nil) return name;
     NSString* organization = [self nameOfProperty:kABPersonOrganizationProperty];
     return organization != nil ? organization : [self nameOfProperty:kABPersonNicknameProperty];
 }

@@ -23,15 +23,9 @@ std::string text(sqlite3_stmt* statement, int column) {
     return bytes == nullptr ? std::string() : reinterpret_cast<const char*>(bytes);
 }
 
-std::string joined(const std::string& a, const std::string& b) { return a.empty() || b.empty() ? a + b : a + " " + b; }
-
 Member memberOfRow(sqlite3_stmt* statement) {
-    const std::string first = text(statement, 1);
-    const std::string last = text(statement, 2);
-    Member member{sqlite3_column_int(statement, 0), joined(first, last), joined(last, first)};
-    if (member.name.empty()) member.name = text(statement, 3);
-    if (member.name.empty()) member.name = text(statement, 4);
-    if (member.sortKey.empty()) member.sortKey = member.name;
+    Member member{sqlite3_column_int(statement, 0), text(statement, 1), text(statement, 2), text(statement, 3)};
+    if (member.otherName.empty()) member.otherName = text(statement, 4);
     return member;
 }
 

@@ -8,8 +8,8 @@ namespace contacts_ui {
 
 struct Member {
     int id = 0;
-    std::string name;     // as shown: first and last name, else organization, else nickname; may be empty
-    std::string sortKey;  // last name, then first; else what is shown
+    std::string first, last;  // each may be empty
+    std::string otherName;    // organization, else nickname; may be empty
 };
 
 // One member for each contact, but one only for all that are linked into one person (the preferred one, else the lowest

@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <fstream>
+#include <string_view>
 
 #include "simulator/runtime/macho/loader.h"
 
@@ -65,6 +66,14 @@ std::string loadLibrary(const std::string& path) {
 void* librarySymbol(const std::string& path, const std::string& name) {
     const Format* format = formatOf(path);
     return format != nullptr ? format->symbolOf(path, name) : nullptr;
+}
+
+std::string libraryOf(const void* address) {
+    for (const macho::LoadedImage& image : macho::loadedImages()) {
+        if (address >= image.begin && address < image.begin + image.size) return image.path;
+    }
+    Dl_info info;
+    return dladdr(address, &info) != 0 ? info.dli_fname : "";
 }
 
 }  // namespace phone

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace phone {
 
@@ -11,5 +10,8 @@ std::string loadLibrary(const std::string& path);
 
 // The address of what a loaded library exports under a C name; nullptr when it was not loaded or has no such export.
 void* librarySymbol(const std::string& path, const std::string& name);
+
+// The path of the loaded library, or of the program, that holds an address; empty when none does.
+std::string libraryOf(const void* address);
 
 }  // namespace phone

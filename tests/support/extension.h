@@ -10,6 +10,9 @@
 
 namespace test {
 
+// The library under test: the one that the environment variable ZELKA_LIBRARY names, else this machine's own build.
+std::string libraryPath();
+
 // One process, one root: every test of a fixture derived from this runs in a process of its own.
 class ExtensionTest : public testing::Test {
   protected:
@@ -19,6 +22,9 @@ class ExtensionTest : public testing::Test {
     // Puts the preference bundle into the root and becomes its process of that identifier. What the library logs in a
     // served process goes to the log file from now on; sanitizers still report to the terminal.
     void boot(const char* bundleIdentifier = "com.apple.springboard");
+    // The two halves of it: the process as it is without the library, and the library.
+    void bootPhone(const char* bundleIdentifier);
+    void loadExtension();
     // What the log file holds so far.
     std::string log() const { return root.read("/tmp/ZelkaCB.log"); }
     // How many lines of the log end in the text.

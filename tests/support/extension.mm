@@ -1,5 +1,6 @@
 #include "tests/support/extension.h"
 
+#include <stdlib.h>
 #include <unistd.h>
 
 #include "simulator/runtime/library_loader.h"
@@ -9,9 +10,19 @@ extern "C" void __sanitizer_set_report_fd(void* descriptor) __attribute__((weak)
 
 namespace test {
 
+std::string libraryPath() {
+    const char* chosen = getenv("ZELKA_LIBRARY");
+    return chosen != nullptr ? chosen : ZELKA_LIBRARY;
+}
+
 ExtensionTest::~ExtensionTest() { [pool_ drain]; }
 
 void ExtensionTest::boot(const char* bundleIdentifier) {
+    bootPhone(bundleIdentifier);
+    loadExtension();
+}
+
+void ExtensionTest::bootPhone(const char* bundleIdentifier) {
     std::error_code error;
     std::filesystem::copy(ZELKA_BUNDLE, root.host("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle"),
                           std::filesystem::copy_options::recursive, error);
@@ -20,8 +31,9 @@ void ExtensionTest::boot(const char* bundleIdentifier) {
         __sanitizer_set_report_fd(reinterpret_cast<void*>(static_cast<intptr_t>(dup(STDERR_FILENO))));
     phone::boot(root.path(), bundleIdentifier);
     pool_ = [[NSAutoreleasePool alloc] init];
-    ASSERT_EQ(phone::loadLibrary(ZELKA_LIBRARY), "");
 }
+
+void ExtensionTest::loadExtension() { ASSERT_EQ(phone::loadLibrary(libraryPath()), ""); }
 
 int ExtensionTest::loggedLines(const std::string& ending) const {
     const std::string lines = log();

@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 #include "simulator/frameworks/core_foundation/darwin_notifications.h"
 
+#include "simulator/runtime/library_loader.h"
 #include "tests/support/extension.h"
 #include "tests/support/property_list.h"
-
-#include <dlfcn.h>
 
 namespace {
 
@@ -208,12 +207,9 @@ TEST_F(Bootstrap, DoesNotMakeTheSettings) {
 TEST_F(Bootstrap, WithoutCallBarsClassesTheSystemClassesAreHookedAll) {
     boot("com.apple.mobilephone");
     ASSERT_EQ(objc_getClass("CallBarABViewController"), Nil);
-    Dl_info own;
-    ASSERT_NE(dladdr(reinterpret_cast<void*>(class_getMethodImplementation(
-                         objc_getClass("ABMonogrammer"), sel_registerName("_copyMonogramWithInitials:"))),
-                     &own),
-              0);
-    EXPECT_THAT(own.dli_fname, testing::EndsWith("ZelkaCB.so"));
+    IMP implementation =
+        class_getMethodImplementation(objc_getClass("ABMonogrammer"), sel_registerName("_copyMonogramWithInitials:"));
+    EXPECT_EQ(phone::libraryOf(reinterpret_cast<void*>(implementation)), test::libraryPath());
 }
 
 }  // namespace

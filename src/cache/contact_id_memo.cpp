@@ -1,27 +1,21 @@
 #include "src/cache/contact_id_memo.h"
 
+#include "src/cache/object_map.h"
+
 namespace {
 
-constinit NSMutableDictionary theMemo;
+constinit ObjectMap theMemo;
 
 }  // namespace
 
-ABRecordID rememberedContactID(NSString text) { return text ? theMemo.objectFor<NSNumber>(text).intValue() : 0; }
+ABRecordID rememberedContactID(NSString text) { return text ? theMemo.value<NSNumber>(text).intValue() : 0; }
 
 void rememberContactID(NSString text, ABRecordID contactID) {
-    if (!text || contactID < 1) return;
-    if (!theMemo) theMemo = NSMutableDictionary::create().leak();
-    theMemo.setObject(NSNumber::of(contactID), text);
+    if (text && contactID >= 1) theMemo.store(NSNumber::of(contactID), text);
 }
 
 void forgetContactID(ABRecordID contactID) {
-    NSArray texts = theMemo.allKeys();
-    for (NSUInteger index = 0; index < texts.count(); ++index) {
-        auto text = texts.at<NSString>(index);
-        if (rememberedContactID(text) != contactID) continue;
-        theMemo.removeObject(text);
-        return;
-    }
+    theMemo.removeFirst<NSNumber>([&](NSNumber known) { return known.intValue() == contactID; });
 }
 
-void forgetAllContactIDs() { theMemo.removeAllObjects(); }
+void forgetAllContactIDs() { theMemo.clear(); }

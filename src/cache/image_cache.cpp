@@ -1,6 +1,7 @@
 #include "src/cache/image_cache.h"
 
 #include "src/cache/contact_id_memo.h"
+#include "src/cache/object_map.h"
 #include "src/cache/shared_address_book.h"
 #include "src/util/log.h"
 #include "src/util/process.h"
@@ -9,9 +10,10 @@
 namespace ZelkaCBUtils {
 namespace {
 
-constinit NSMutableDictionary theCache;
+constinit std::atomic<bool> cacheIsMade{false};
+constinit ObjectMap theCache;
 
-NSMutableDictionary cache() {
+ObjectMap& cache() {
     initialiseUtilityClass();
     return theCache;
 }
@@ -24,12 +26,11 @@ void initialise(Class cls) {
 }  // namespace
 
 void initImageCache() {
-    if (theCache) return;
+    if (cacheIsMade.exchange(true)) return;
     logInformation(LogSite("+[ZelkaCBUtils initImageCache]"), "Creating image cache for ", mainBundleIdentifier(), ".");
-    theCache = NSMutableDictionary::create().leak();
 }
 
-UIImage getContactImageInCacheForKey(NSObject key) { return key ? cache().objectFor<UIImage>(key) : UIImage{}; }
+UIImage getContactImageInCacheForKey(NSObject key) { return key ? cache().value<UIImage>(key) : UIImage{}; }
 
 UIImage getContactImageInCache(ABRecordID contactID) { return getContactImageInCacheForKey(cacheKey(contactID)); }
 
@@ -46,12 +47,12 @@ void setContactImage(UIImage image, ABRecordID contactID) { setContactImage(imag
 bool removeImageFromCacheForID(NSObject key) {
     if (!getContactImageInCacheForKey(key)) return false;
     logParts("Removed last modified entry from the cache.. ", key);
-    cache().removeObject(key);
+    cache().remove(key);
     return true;
 }
 
 bool removeImageFromCache(ABRecordID contactID) {
-    if (!cache() || contactID < 1) return false;
+    if (contactID < 1) return false;
     bool removed = removeImageFromCacheForID(cacheKey(contactID));
     removeContactIDFromCache(contactID);
     return removed;
@@ -68,10 +69,10 @@ void clearImageCache() {
 void removeAvatarsFromCache() {}
 
 void storeImage(UIImage image, NSObject key) {
-    if (image && key) cache().setObject(image, key);
+    if (image && key) cache().store(image, key);
 }
 
-void removeAllImages() { cache().removeAllObjects(); }
+void removeAllImages() { cache().clear(); }
 
 std::span<const MethodRow> imageCacheMethods() {
     static constexpr MethodRow rows[] = {

@@ -12,7 +12,7 @@ namespace ZelkaCBUtils {
 // Makes the cache; the second time does nothing.
 void initImageCache();
 
-// The picture under the key (+0, owned by the cache), or nil.
+// The picture under the key (+0, of the innermost autorelease pool), or nil.
 UIImage getContactImageInCacheForKey(NSObject key);
 UIImage getContactImageInCache(ABRecordID contactID);
 

@@ -1,12 +1,22 @@
 #include "src/cache/shared_address_book.h"
 
+#include "src/cache/reclaimer.h"
 #include "src/platform/dispatch.h"
 #include "src/util/utility_class.h"
 
 namespace {
 
 constinit std::intptr_t addressBookOnce = 0;
-constinit std::atomic<ABAddressBookRef> theAddressBook{nullptr};
+// The one handle, which another thread may be about to use while it is given up.
+struct SharedBook : Retired {
+    explicit SharedBook(Owned<ABAddressBookRef> handle) : Retired{&destroyBook}, book(std::move(handle)) {}
+    static void destroyBook(Retired* self) { delete static_cast<SharedBook*>(self); }
+
+    Owned<ABAddressBookRef> book;
+};
+
+constinit std::atomic<SharedBook*> theBook{nullptr};
+constinit Reclaimer theReclaimer;
 
 }  // namespace
 
@@ -14,8 +24,11 @@ namespace ZelkaCBUtils {
 
 ABAddressBookRef getAddressBook() {
     initialiseUtilityClass();
-    dispatchOnce(addressBookOnce, [] { theAddressBook.store(ABAddressBookCreate()); });
-    return theAddressBook.load(std::memory_order_acquire);
+    dispatchOnce(addressBookOnce,
+                 [] { theBook.store(new SharedBook(Owned<ABAddressBookRef>::adopt(ABAddressBookCreate()))); });
+    Reclaimer::Reading reading(theReclaimer);
+    SharedBook* shared = theBook.load();
+    return shared != nullptr ? Owned(shared->book).autorelease() : nullptr;
 }
 
 std::span<const MethodRow> sharedAddressBookMethods() {
@@ -27,4 +40,7 @@ std::span<const MethodRow> sharedAddressBookMethods() {
 
 }  // namespace ZelkaCBUtils
 
-void releaseSharedAddressBook() { Owned<ABAddressBookRef>::adopt(theAddressBook.exchange(nullptr)); }
+void releaseSharedAddressBook() {
+    Reclaimer::Reading reading(theReclaimer);
+    if (SharedBook* shared = theBook.exchange(nullptr)) theReclaimer.retire(shared);
+}

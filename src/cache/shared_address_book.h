@@ -6,8 +6,8 @@
 
 namespace ZelkaCBUtils {
 
-// The shared handle (+0), made by the first call in the process's life; nothing once it has been given up, because it
-// is made only once. Any thread.
+// The shared handle (+0, living at least as long as the innermost autorelease pool), made by the first call in the
+// process's life; nothing once it has been given up, because it is made only once. Any thread.
 ABAddressBookRef getAddressBook();
 
 // The class methods that answer to these functions.

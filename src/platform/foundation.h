@@ -160,7 +160,6 @@ struct NSDictionary : NSObject {
     T objectFor(NSObject key) const {
         return send<T, "objectForKey:">(*this, key);
     }
-    NSArray allKeys() const { return send<NSArray, "allKeys">(*this); }
     // Whether the property list was written; atomically means through a temporary file.
     bool writeToFile(NSString path, bool atomically) const {
         return send<bool, "writeToFile:atomically:">(*this, path, atomically);
@@ -178,7 +177,6 @@ struct NSMutableDictionary : NSDictionary {
         return Owned<NSMutableDictionary>::adopt(send<NSMutableDictionary, "initWithContentsOfFile:">(allocated, path));
     }
     void setObject(NSObject object, NSObject key) const { send<void, "setObject:forKey:">(*this, object, key); }
-    void removeObject(NSObject key) const { send<void, "removeObjectForKey:">(*this, key); }
     void removeAllObjects() const { send<void, "removeAllObjects">(*this); }
 };
 

@@ -18,6 +18,8 @@ void releaseObject(id object) { send<void, "release">(NSObject{object}); }
 void autoreleaseObject(id object) { send<NSObject, "autorelease">(NSObject{object}); }
 void retainReference(const void* reference) { CFRetain(reference); }
 void releaseReference(const void* reference) { CFRelease(reference); }
+// CFAutorelease came with system 7; the message does the same, for what CoreFoundation counts are objects.
+void autoreleaseReference(const void* reference) { autoreleaseObject(static_cast<id>(const_cast<void*>(reference))); }
 
 void missingClass(const char* name) {
     std::fprintf(stderr, "ZelkaCB: this process has no class %s, which every process of the platform should have\n",

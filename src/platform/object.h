@@ -33,6 +33,7 @@ void releaseObject(id object);
 void autoreleaseObject(id object);
 void retainReference(const void* reference);
 void releaseReference(const void* reference);
+void autoreleaseReference(const void* reference);
 }  // namespace platform
 
 // Owns one reference (+1) to an object (T is its handle) or to a CoreFoundation-like thing (T is its reference type,
@@ -73,7 +74,12 @@ class Owned {
     // Hands the reference to the innermost autorelease pool of this thread (+0).
     T autorelease() {
         T value = leak();
-        if (value) platform::autoreleaseObject(value.object);
+        if (!value) return value;
+        if constexpr (std::is_pointer_v<T>) {
+            platform::autoreleaseReference(value);
+        } else {
+            platform::autoreleaseObject(value.object);
+        }
         return value;
     }
 

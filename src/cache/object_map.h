@@ -1,0 +1,35 @@
+// The map behind the image cache and the contact-ID memo: platform objects by keys that answer hash and isEqual:. Any
+// thread, without a lock.
+#pragma once
+
+#include "src/cache/lock_free_map.h"
+#include "src/platform/foundation.h"
+
+struct ObjectIdentity {
+    static std::size_t hash(NSObject key) { return send<NSUInteger, "hash">(key); }
+    static bool equal(NSObject left, NSObject right) { return left == right || send<bool, "isEqual:">(left, right); }
+    static std::size_t hash(const Owned<NSObject>& key) { return hash(key.get()); }
+    static bool equal(const Owned<NSObject>& left, NSObject right) { return equal(left.get(), right); }
+    static bool equal(const Owned<NSObject>& left, const Owned<NSObject>& right) { return equal(left, right.get()); }
+};
+
+// Keys are copied, values retained.
+class ObjectMap {
+  public:
+    // The value (+0, of the innermost autorelease pool: nobody who removes it takes it away from the caller), or nil.
+    template <ObjectHandle T>
+    T value(NSObject key) const {
+        return as<T>(map_.value(key).autorelease());
+    }
+    void store(NSObject object, NSObject key) { map_.store(copyOf(key), Owned<NSObject>::retain(object)); }
+    void remove(NSObject key) { map_.remove(key); }
+    // Removes the first entry, in the map's own order, whose value the predicate takes.
+    template <ObjectHandle T, class Predicate>
+    void removeFirst(Predicate takes) {
+        map_.removeFirst([&](const Owned<NSObject>& value) { return takes(as<T>(value.get())); });
+    }
+    void clear() { map_.clear(); }
+
+  private:
+    LockFreeMap<Owned<NSObject>, ObjectIdentity> map_;
+};

@@ -1,0 +1,167 @@
+#include <gmock/gmock.h>
+
+#include "tests/unit/hooks/hook_test.h"
+
+// Notes being asked whether it is selected.
+@interface AskedButton : NSObject
+- (BOOL)isSelected;
+@end
+@implementation AskedButton
+- (BOOL)isSelected {
+    [hostEvents() appendString:@"asked "];
+    return YES;
+}
+@end
+
+namespace {
+
+constexpr const char* kChanged = "com.norvex.ZelkaSettingsChangedNotification";
+
+class Controller : public test::HookTest {
+  protected:
+    void startWithController() {
+        start();
+        controller_ = [[CallBarControllerModern alloc] init];
+    }
+    static void post() {
+        [[NSNotificationCenter defaultCenter] postNotificationName:[NSString stringWithUTF8String:kChanged]
+                                                            object:@"anybody"];
+    }
+
+    CallBarControllerModern* controller_ = nil;
+};
+
+TEST_F(Controller, ListensToSettingsChangesOnceItsViewIsLoaded) {
+    startWithController();
+    post();
+    EXPECT_EQ(happened(), "");
+    [controller_ viewDidLoad];
+    EXPECT_EQ(happened(), "loaded ");
+    forget();
+    post();
+    EXPECT_EQ(happened(), "cleanup reset ");
+}
+
+TEST_F(Controller, AViewLoadedTwiceListensTwice) {
+    startWithController();
+    [controller_ viewDidLoad];
+    [controller_ viewDidLoad];
+    forget();
+    post();
+    EXPECT_EQ(happened(), "cleanup reset cleanup reset ");
+}
+
+TEST_F(Controller, TogglesAskTheirSenderAndLeaveTheRestToTheHost) {
+    startWithController();
+    AskedButton* button = [[[AskedButton alloc] init] autorelease];
+    for (NSString* toggle in @[ @"toggleFavorites:", @"toggleRecents:", @"toggleContacts:" ]) {
+        forget();
+        [controller_ performSelector:NSSelectorFromString(toggle) withObject:button];
+        NSString* expected = [NSString stringWithFormat:@"asked %@(%p) ", toggle, button];
+        EXPECT_EQ(happened(), [expected UTF8String]);
+    }
+}
+
+TEST_F(Controller, AToggleWithoutSenderReachesTheHost) {
+    startWithController();
+    [controller_ toggleRecents:nil];
+    EXPECT_THAT(happened(), testing::StartsWith("toggleRecents:("));
+}
+
+// Whether the library draws for the generator: its discs are of one colour, the system's grey goes from light to dark.
+bool drawnByLibrary(ABMonogrammer* generator) {
+    UIImage* image = [[generator _copyMonogramWithInitials:@"AB"] autorelease];
+    return !test::near(test::pixel(image, 60, 7), {163, 169, 183, 255}, 10);
+}
+
+TEST_F(Controller, TheFirstGeneratorIsRememberedAndAnotherIsNot) {
+    startWithController();
+    ABMonogrammer* first = [[[ABMonogrammer alloc] initWithDiameter:60] autorelease];
+    ABMonogrammer* second = [[[ABMonogrammer alloc] initWithDiameter:60] autorelease];
+    EXPECT_FALSE(drawnByLibrary(first));
+    controller_->generator = first;
+    EXPECT_EQ([controller_ monogrammer], first);
+    CallBarControllerModern* another = [[[CallBarControllerModern alloc] init] autorelease];
+    another->generator = second;
+    EXPECT_EQ([another monogrammer], second);
+    EXPECT_TRUE(drawnByLibrary(first));
+    EXPECT_FALSE(drawnByLibrary(second));
+    // The same controller with another generator changes nothing either.
+    controller_->generator = second;
+    EXPECT_EQ([controller_ monogrammer], second);
+    EXPECT_FALSE(drawnByLibrary(second));
+}
+
+TEST_F(Controller, NoGeneratorIsNotRememberedAndTheNextOneIs) {
+    startWithController();
+    EXPECT_EQ([controller_ monogrammer], nil);
+    ABMonogrammer* generator = [[[ABMonogrammer alloc] initWithDiameter:60] autorelease];
+    controller_->generator = generator;
+    EXPECT_EQ([controller_ monogrammer], generator);
+    EXPECT_TRUE(drawnByLibrary(generator));
+}
+
+TEST_F(Controller, TheRememberedGeneratorIsKept) {
+    startWithController();
+    ABMonogrammer* generator = [[ABMonogrammer alloc] initWithDiameter:60];
+    FreedWitness* witness = [[FreedWitness alloc] init];
+    objc_setAssociatedObject(generator, "witness", witness, OBJC_ASSOCIATION_RETAIN_NONATOMIC);
+    [witness release];
+    controller_->generator = generator;
+    [controller_ monogrammer];
+    const NSUInteger references = [generator retainCount];
+    [controller_ monogrammer];
+    EXPECT_EQ([generator retainCount], references);
+    [generator release];
+    EXPECT_EQ(happened(), "");
+}
+
+TEST_F(Controller, AppearingListsLetGoOfWhatTheHostMadeForAMoment) {
+    start();
+    for (NSString* name in @[ @"CallBarFavoritesViewController", @"CallBarABViewController" ]) {
+        forget();
+        UIViewController* list = [[[NSClassFromString(name) alloc] init] autorelease];
+        @autoreleasepool {
+            [list viewDidAppear:YES];
+            [hostEvents() appendString:@"returned "];
+        }
+        EXPECT_EQ(happened(), "appeared-animated freed returned ");
+    }
+}
+
+TEST_F(Controller, SpringBoardTellsItsNameAndVersionAfterItsStart) {
+    start();
+    root.write("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/ZelkaCB.plist",
+               "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Name</key><string>Zelka</string><key>Version</key>"
+               "<string>1.2-3</string></dict></plist>");
+    [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:nil];
+    EXPECT_EQ(happened(), "launched ");
+    EXPECT_EQ(loggedLines("com.norvex.ZelkaCB => Info: Zelka (1.2-3) loading...."), 1);
+}
+
+TEST_F(Controller, SpringBoardSaysNothingWhileTheFeatureIsOff) {
+    start();
+    [settings() setIsZelkaCBEnabled:NO];
+    [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:nil];
+    EXPECT_EQ(happened(), "launched ");
+    EXPECT_EQ(log().find("loading...."), std::string::npos);
+}
+
+TEST_F(Controller, SpringBoardStartsWithoutTheBundlesPropertyList) {
+    start();
+    std::filesystem::remove(root.host("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/ZelkaCB.plist"));
+    [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:nil];
+    EXPECT_EQ(loggedLines("com.norvex.ZelkaCB => Info: (null) ((null)) loading...."), 1);
+}
+
+TEST_F(Controller, SpringBoardStartsWithAPropertyListOfAnotherShape) {
+    start();
+    for (const char* contents :
+         {"garbage {", "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>Name</string></array></plist>", "\x01\x02\x03"}) {
+        root.write("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/ZelkaCB.plist", contents);
+        [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:nil];
+    }
+    EXPECT_EQ(loggedLines("com.norvex.ZelkaCB => Info: (null) ((null)) loading...."), 3);
+}
+
+}  // namespace

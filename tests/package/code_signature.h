@@ -1,0 +1,20 @@
+// The signature at the end of a phone's binary.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace test {
+
+struct CodeDirectory {
+    std::string identifier;
+    int hashBytes = 0;
+    bool adHoc = false;
+    // Whether the hashes of all pages are those of the file.
+    bool matches = false;
+};
+
+// The directories of a thin 64-bit file, in their order; empty when it is not signed.
+std::vector<CodeDirectory> codeDirectories(const std::string& file);
+
+}  // namespace test

@@ -218,7 +218,11 @@ Result<std::string> readFileAddress(std::string address, const std::filesystem::
     if (startsWith(address, "//")) address.erase(0, 2);
     Text unescaped(g_uri_unescape_string(address.c_str(), nullptr));
     if (!unescaped || !*unescaped) return Failure{"the address " + address + " names no file"};
-    return readFile(folder / unescaped.get());
+    const std::filesystem::path file = folder / unescaped.get();
+    std::error_code error;
+    // Devices and pipes may never end; only the person at the command line can mean one.
+    if (std::filesystem::is_other(file, error)) return Failure{file.string() + ": is not a file"};
+    return readFile(file);
 }
 
 Result<std::string> readPhoto(const Line& line, const std::filesystem::path& folder) {

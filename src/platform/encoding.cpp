@@ -60,6 +60,12 @@ const char* skipPointee(const char* at) {
     return *at == '\0' ? at : at + 1;
 }
 
+// Past the quoted class name at `at`, or to the end of an encoding that breaks off in it.
+const char* skipClassName(const char* at) {
+    const char* end = std::strchr(at + 1, '"');
+    return end != nullptr ? end + 1 : at + std::strlen(at);
+}
+
 // Reads the next step of an encoding: a letter of passedAs, or a struct's opening or closing brace. The struct's name
 // is skipped.
 char nextStep(const char*& at) {
@@ -74,7 +80,7 @@ char nextStep(const char*& at) {
     } else {
         ++at;
         if (letter == '@' && *at == '?') ++at;
-        if (letter == '@' && *at == '"') at = std::strchr(at + 1, '"') + 1;
+        if (letter == '@' && *at == '"') at = skipClassName(at);
     }
     return passedAs(letter);
 }

@@ -22,6 +22,7 @@ inline void performOnMainThread(NSObject object, SEL selector, bool wait) {
 
 // NSStringCompareOptions
 constexpr NSUInteger kCaseInsensitiveSearch = 1;
+constexpr NSUInteger kLiteralSearch = 2;
 
 struct NSString : NSObject {
     // A text of those UTF-8 bytes up to the NUL (+0); nil when they are not UTF-8.
@@ -45,8 +46,9 @@ struct NSString : NSObject {
     // Raise a range error when the text is shorter.
     NSString substringToIndex(NSUInteger end) const { return send<NSString, "substringToIndex:">(*this, end); }
     NSString substringWithRange(NSRange range) const { return send<NSString, "substringWithRange:">(*this, range); }
+    // Both go code unit by code unit: otherwise a combining mark behind a character would hide it.
     NSRange rangeOfString(NSString wanted, NSUInteger options = 0) const {
-        return send<NSRange, "rangeOfString:options:">(*this, wanted, options);
+        return send<NSRange, "rangeOfString:options:">(*this, wanted, options | kLiteralSearch);
     }
     bool contains(NSString wanted, NSUInteger options = 0) const {
         return rangeOfString(wanted, options).location != kNotFound;
@@ -54,7 +56,8 @@ struct NSString : NSObject {
     NSArray componentsSeparatedBy(NSString separator) const;
     NSArray componentsSeparatedByAnyOf(struct NSCharacterSet separators) const;
     NSString replacing(NSString wanted, NSString replacement) const {
-        return send<NSString, "stringByReplacingOccurrencesOfString:withString:">(*this, wanted, replacement);
+        return send<NSString, "stringByReplacingOccurrencesOfString:withString:options:range:">(
+            *this, wanted, replacement, kLiteralSearch, NSRange{0, length()});
     }
     NSString appending(NSString tail) const { return send<NSString, "stringByAppendingString:">(*this, tail); }
     NSString appendingPathComponent(NSString component) const {

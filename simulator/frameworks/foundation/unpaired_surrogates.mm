@@ -6,7 +6,8 @@
 #include <stdlib.h>
 
 // A phone's strings are sequences of UTF-16 code units, whatever they are; this Foundation refuses to make one with
-// half a surrogate pair, which is what the first code unit of many a name is.
+// half a surrogate pair, which is what the first code unit of many a name is, and takes a byte order mark at the front
+// for one, although code units have no other order.
 
 namespace {
 
@@ -20,8 +21,14 @@ InitNoCopy mutableInitNoCopyBefore;
 InitBytes mutableInitBytesBefore;
 Init initBefore;
 
+bool beginsWithByteOrderMark(const unichar* units, NSUInteger count) {
+    return count > 0 && (units[0] == 0xFEFF || units[0] == 0xFFFE);
+}
+
 bool isOrdinary(const unichar* units, NSUInteger count) {
-    return units == nullptr || phone::isWellFormed(reinterpret_cast<const char16_t*>(units), count);
+    if (units == nullptr) return true;
+    return !beginsWithByteOrderMark(units, count) &&
+           phone::isWellFormed(reinterpret_cast<const char16_t*>(units), count);
 }
 
 // Formatting takes any code unit, which is the way around the refusal. `self` is fresh from +alloc: a mutable string,

@@ -102,7 +102,7 @@ Result<long> addGeneratedContacts(AddressBookBuilder& builder, int count, std::u
             if (!stored) return stored.failure();
             ++pictures;
         }
-        if (progress && (index + 1) % 1000 == 0) progress("contacts", index + 1, count);
+        if (progress) progress("contacts", index + 1, count);
     }
     return pictures;
 }

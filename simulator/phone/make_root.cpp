@@ -144,7 +144,7 @@ struct Making {
                 contact = builder.addPerson(person);
             }
             if (!contact) return contact.failure();
-            if (progress && ++done % 100 == 0) progress("contacts", done, static_cast<long>(imported->persons.size()));
+            if (progress) progress("contacts", ++done, static_cast<long>(imported->persons.size()));
         }
         return Done{};
     }
@@ -185,21 +185,29 @@ struct Making {
         return Done{};
     }
 
+    void stepDone() const {
+        if (progress) progress({}, 0, 0);
+    }
+
     Status fill() {
         Status status = makeFolders(root);
         if (status) status = writeDeviceFile(options, root);
         if (status) status = installExtension(root, options);
         if (status) status = adopt();
         if (!status) return status;
+        stepDone();
         Result<AddressBookBuilder> builder = AddressBookBuilder::open(root);
         if (!builder) return builder.failure();
         status = addContacts(*builder);
         // The calls' callers are looked up in what was written.
         if (status) status = builder->finish();
+        stepDone();
         if (status) status = addCalls(*builder);
         if (status) status = builder->finish();
         if (status) status = writeFavorites(root);
-        return status ? count() : status;
+        if (status) status = count();
+        stepDone();
+        return status;
     }
 };
 

@@ -48,7 +48,8 @@ struct RootReport {
         warnings;  // what was left out and why: "contacts.vcf: Ann Lee: photo ... is not a picture"
 };
 
-// Told now and then about long work: what is being done, how far it is, and of how much.
+// Told about long work, often: what is being done, how far it is, and of how much; and, with an empty text, between
+// the steps. What it throws ends the making, as a failure would.
 using Progress = std::function<void(std::string_view what, long done, long total)>;
 
 // Makes a root. It is built in a temporary directory beside its place and moved there at the end: on failure nothing is

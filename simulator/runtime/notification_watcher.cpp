@@ -2,6 +2,7 @@
 
 #include <errno.h>
 #include <fcntl.h>
+#include <poll.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -75,6 +76,17 @@ std::vector<std::string> NotificationWatcher::next() {
             abort();
         }
     }
+}
+
+std::vector<std::string> NotificationWatcher::arrived() {
+    struct pollfd wait {
+        changes_, POLLIN, 0
+    };
+    // The events first: what is written after they are taken makes new ones.
+    alignas(inotify_event) char events[4096];
+    while (poll(&wait, 1, 0) > 0 && read(changes_, events, sizeof events) > 0) {
+    }
+    return readWholeLines();
 }
 
 void NotificationWatcher::markRead() { position_ = readTo_; }

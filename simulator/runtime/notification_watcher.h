@@ -19,6 +19,11 @@ class NotificationWatcher {
     std::vector<std::string> next();
     void markRead();
 
+    // The same without waiting: empty when nothing was posted. For a thread that waits for several things; the
+    // descriptor is readable (poll) when the log has grown since the last call. Not beside next().
+    std::vector<std::string> arrived();
+    int descriptor() const { return changes_; }
+
     // Whether something was posted that is not marked read yet. Any thread.
     bool hasUnread() const;
 

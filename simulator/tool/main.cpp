@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "simulator/phone/make_root.h"
+#include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {
@@ -27,6 +28,7 @@ int run(int argc, char** argv) {
         "Exit status: 0 done, 1 something went wrong, 2 the command line is wrong.");
     tool::addNew(app);
     tool::addShot(app);
+    tool::addRun(app);
     tool::addLog(app);
     tool::addSet(app);
     tool::addNotify(app);
@@ -44,6 +46,9 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         return run(argc, argv);
+    } catch (const tool::Stopped& stopped) {
+        std::fprintf(stderr, "phonesim: stopped\n");
+        tool::endBySignal(stopped.signal());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "phonesim: %s\n", error.what());
         return kFailure;

@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <optional>
 
 #include "simulator/phone/call_file.h"
 #include "simulator/phone/make_root.h"
 #include "simulator/runtime/device_profiles.h"
+#include "simulator/tool/run_lock.h"
+#include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {
@@ -21,16 +24,23 @@ std::string profileList() {
     return list;
 }
 
-// One line that counts on a terminal, a line a step elsewhere.
+// One line that counts on a terminal, a line a step elsewhere. Work of less than a thousand is not worth a word.
 void showProgress(std::string_view what, long done, long total) {
     bool terminal = isatty(STDERR_FILENO) != 0;
-    if (!terminal && done % 10000 != 0 && done != total) return;
+    if (total < 1000 || (done % (terminal ? 100 : 10000) != 0 && done != total)) return;
     std::fprintf(stderr, "%s%.*s: %ld of %ld%s", terminal ? "\r" : "", static_cast<int>(what.size()), what.data(), done,
                  total, terminal && done < total ? "" : "\n");
 }
 
 void run(const phone::RootOptions& options) {
-    phone::RootReport report = orThrow(phone::makeRoot(options, showProgress));
+    // Its hosts would go on with a phone that is gone.
+    std::optional<RunLock> notRunning;
+    if (options.force && phone::isRoot(options.root)) notRunning.emplace(std::filesystem::canonical(options.root));
+    const StopSignal stop;
+    phone::RootReport report = orThrow(phone::makeRoot(options, [&stop](std::string_view what, long done, long total) {
+        stop.throwIfReceived();
+        showProgress(what, done, total);
+    }));
     for (const std::string& warning : report.warnings) std::fprintf(stderr, "phonesim: %s\n", warning.c_str());
     std::printf("%s: %ld contacts, %ld with a picture, %ld calls\n", options.root.c_str(), report.contacts,
                 report.pictures, report.calls);

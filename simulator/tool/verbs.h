@@ -19,6 +19,7 @@ class Problem : public std::runtime_error {
 
 void addNew(CLI::App& app);
 void addShot(CLI::App& app);
+void addRun(CLI::App& app);
 void addLog(CLI::App& app);
 void addSet(CLI::App& app);
 void addNotify(CLI::App& app);

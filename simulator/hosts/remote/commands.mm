@@ -5,6 +5,7 @@
 #import "simulator/hosts/callbar/CallBarABViewController.h"
 #import "simulator/hosts/callbar/CallBarScreen.h"
 #import "simulator/hosts/remote/row_report.h"
+#import "simulator/hosts/remote/screen_watch.h"
 #include "simulator/runtime/pending_work.h"
 #include "simulator/runtime/process.h"
 
@@ -150,6 +151,16 @@ CommandResult shot(NSDictionary* command, const Libraries&) {
     });
 }
 
+CommandResult watch(NSDictionary* command, const Libraries&) {
+    NSString* out = textOf(command, @"out");
+    const double interval = [numberOf(command, @"interval") doubleValue];
+    if (![out isAbsolutePath])
+        return failed(@"watch needs \"out\", the absolute path of the picture to keep up to date");
+    if (interval <= 0) return failed(@"watch needs an \"interval\" above 0, in seconds");
+    NSString* problem = screenWatch().start(out, interval);
+    return problem != nil ? failed(problem) : done(@{});
+}
+
 CommandResult toggle(NSDictionary* command, const Libraries&) {
     CallBarControllerModern* controller = CallBarController();
     NSDictionary* buttons = @{
@@ -216,10 +227,10 @@ CommandResult quit(NSDictionary*, const Libraries&) {
 }
 
 const std::map<std::string, Handler>& handlers() {
-    static const std::map<std::string, Handler> table{{"show", show},           {"settle", settle}, {"layout", layout},
-                                                      {"reload", reload},       {"scroll", scroll}, {"rows", rows},
-                                                      {"favorites", favorites}, {"shot", shot},     {"toggle", toggle},
-                                                      {"monogram", monogram},   {"info", info},     {"quit", quit}};
+    static const std::map<std::string, Handler> table{
+        {"show", show}, {"settle", settle},       {"layout", layout}, {"reload", reload}, {"scroll", scroll},
+        {"rows", rows}, {"favorites", favorites}, {"shot", shot},     {"toggle", toggle}, {"monogram", monogram},
+        {"info", info}, {"watch", watch},         {"quit", quit}};
     return table;
 }
 

@@ -103,6 +103,8 @@ struct Pipe {
                              int output, int errors, pid_t parent) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::getppid() != parent) ::_exit(127);
+    // Ctrl-C at a terminal is for the program that started the host, which ends it in order.
+    ::setpgid(0, 0);
     ::dup2(input, STDIN_FILENO);
     ::dup2(output, STDOUT_FILENO);
     ::dup2(errors, STDERR_FILENO);
@@ -212,6 +214,7 @@ nlohmann::json HostProcess::call(const nlohmann::json& command, double timeoutSe
     for (;;) {
         Json answer = Json::parse(readLine(deadline, what), nullptr, false);
         if (answer.is_discarded() || !answer.is_object()) fail("answered " + what + " with something that is not JSON");
+        if (answer.contains("event")) events_.push_back(answer);
         // An answer to a command given up earlier may still arrive.
         if (answer.value("id", -1L) != id) continue;
         if (answer.contains("error")) fail(answer["error"].get<std::string>());
@@ -222,11 +225,7 @@ nlohmann::json HostProcess::call(const nlohmann::json& command, double timeoutSe
 
 std::string HostProcess::readLine(const Deadline& deadline, const std::string& waitingFor) {
     for (;;) {
-        if (const auto end = unread_.find('\n'); end != std::string::npos) {
-            std::string line = unread_.substr(0, end);
-            unread_.erase(0, end + 1);
-            return line;
-        }
+        if (std::optional<std::string> line = takeLine()) return *line;
         const double left = deadline.secondsLeft();
         struct pollfd wait {
             answers_, POLLIN, 0
@@ -234,22 +233,49 @@ std::string HostProcess::readLine(const Deadline& deadline, const std::string& w
         const int ready = left > 0 ? ::poll(&wait, 1, static_cast<int>(std::ceil(left * 1000))) : 0;
         if (ready < 0 && errno == EINTR) continue;
         if (ready <= 0) fail("did not " + waitingFor + " within " + secondsText(deadline.seconds()));
-        char buffer[65536];
-        const ssize_t count = ::read(answers_, buffer, sizeof buffer);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) {
-            int status = 0;
-            const bool reaped = !ended_ && ::waitpid(pid_, &status, 0) == pid_;
-            if (reaped) {
-                ended_ = true;
-                exitStatus_ = status;
-            }
-            fail("ended while asked to " + waitingFor +
-                 (WIFSIGNALED(exitStatus_) ? std::string(": ") + ::strsignal(WTERMSIG(exitStatus_))
-                                           : " with status " + std::to_string(WEXITSTATUS(exitStatus_))));
-        }
-        unread_.append(buffer, static_cast<std::size_t>(count));
+        readMore(" while asked to " + waitingFor);
     }
+}
+
+std::optional<std::string> HostProcess::takeLine() {
+    const auto end = unread_.find('\n');
+    if (end == std::string::npos) return std::nullopt;
+    std::string line = unread_.substr(0, end);
+    unread_.erase(0, end + 1);
+    return line;
+}
+
+void HostProcess::readMore(const std::string& when) {
+    char buffer[65536];
+    ssize_t count = 0;
+    do {
+        count = ::read(answers_, buffer, sizeof buffer);
+    } while (count < 0 && errno == EINTR);
+    if (count > 0) {
+        unread_.append(buffer, static_cast<std::size_t>(count));
+        return;
+    }
+    int status = 0;
+    const bool reaped = !ended_ && ::waitpid(pid_, &status, 0) == pid_;
+    if (reaped) {
+        ended_ = true;
+        exitStatus_ = status;
+    }
+    fail("ended" + when +
+         (WIFSIGNALED(exitStatus_) ? std::string(": ") + ::strsignal(WTERMSIG(exitStatus_))
+                                   : " with status " + std::to_string(WEXITSTATUS(exitStatus_))));
+}
+
+std::vector<nlohmann::json> HostProcess::events() {
+    struct pollfd wait {
+        answers_, POLLIN, 0
+    };
+    while (::poll(&wait, 1, 0) > 0) readMore("");
+    while (std::optional<std::string> line = takeLine()) {
+        Json event = Json::parse(*line, nullptr, false);
+        if (event.is_object() && event.contains("event")) events_.push_back(std::move(event));
+    }
+    return std::exchange(events_, {});
 }
 
 int HostProcess::quit(double timeoutSeconds) {

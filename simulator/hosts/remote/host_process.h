@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <nlohmann/json_fwd.hpp>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -66,12 +67,21 @@ class HostProcess {
     //   rows       answers "rows", the visible rows (see row_report.h)
     //   favorites  answers "buttons", the favourites strip's (see row_report.h)
     //   shot       "out", absolute: writes the window as PNG at the screen's scale; answers "width", "height" in pixels
+    //   watch      "out", absolute: keeps the window's picture there up to date from now on, at most once in "interval"
+    //              seconds, and tells of each new one by an event
     //   toggle     "list": favorites, recents or contacts: taps its button; answers "selected", the buttons that are
     //   monogram   "generator": callbar or system, and "contact": ID, "initials": text or "photo": path on the phone;
     //              answers "picture" (see row_report.h) and "isPersonImage"
     //   info       answers "bundleIdentifier", the injected "libraries", "windows" (how many), "pendingWork"
     //   quit
     nlohmann::json call(const nlohmann::json& command, double timeoutSeconds = 60);
+
+    // What the host told by itself since the last call, oldest first; never waits. Throws HostError when it has ended.
+    // After watch: {"event": "picture"} when the picture has changed, {"event": "problem", "text": why} when it could
+    // not be written.
+    std::vector<nlohmann::json> events();
+    // Readable (poll) when an event may have come since the last call, and when the host has ended.
+    int eventsDescriptor() const { return answers_; }
 
     // Asks the host to quit and waits for its end; its exit status. Throws HostError when it does not end in time.
     int quit(double timeoutSeconds = 20);
@@ -85,6 +95,8 @@ class HostProcess {
     void spawn(HostKind kind, const HostOptions& options);
     class Deadline;
     std::string readLine(const Deadline& deadline, const std::string& waitingFor);
+    std::optional<std::string> takeLine();
+    void readMore(const std::string& when);
     void release();
     [[noreturn]] void fail(const std::string& what) const;
 
@@ -96,6 +108,7 @@ class HostProcess {
     int exitStatus_ = -1;
     bool ended_ = false;
     std::string unread_;
+    std::vector<nlohmann::json> events_;
     std::string name_;
     long nextId_ = 1;
 };

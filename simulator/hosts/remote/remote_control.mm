@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #import "simulator/hosts/remote/commands.h"
+#import "simulator/hosts/remote/screen_watch.h"
 
 namespace {
 
@@ -62,7 +63,6 @@ id wellFormedJson(id value) {
     int _input;
     int _output;
     BOOL _quit;
-    BOOL _busy;
     NSMutableArray* _waiting;
     const std::vector<std::string>* _injected;
 }
@@ -115,11 +115,13 @@ id wellFormedJson(id value) {
     _quit = YES;
 }
 
-// A command that runs the run loop must not be overtaken by the next one.
 - (void)takeLine:(NSData*)line {
     [_waiting addObject:line];
-    if (_busy) return;
-    _busy = YES;
+}
+
+// Between the run loop's turns: within one, what came together with the command's line would have to wait for the
+// command, and a command that waits for it would wait in vain.
+- (void)answerWaitingLines {
     while ([_waiting count] > 0 && !_quit) {
         @autoreleasepool {
             NSData* next = [[[_waiting objectAtIndex:0] retain] autorelease];
@@ -127,7 +129,6 @@ id wellFormedJson(id value) {
             [self answerLine:next];
         }
     }
-    _busy = NO;
 }
 
 - (void)answerLine:(NSData*)line {
@@ -182,8 +183,9 @@ void RemoteControl::serve() {
     }
     while (!server->_quit) {
         @autoreleasepool {
-            // A run loop without sources returns at once; the date keeps the turns apart.
-            [[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate dateWithTimeIntervalSinceNow:60]];
+            [[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:screenWatch().endOfNextTurn()];
+            [server answerWaitingLines];
+            if (NSDictionary* event = screenWatch().turnEnded()) [server send:event];
         }
     }
 }

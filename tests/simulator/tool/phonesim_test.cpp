@@ -1,17 +1,11 @@
 // The command line as a user meets it: the program is run, its output and exit status are looked at.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <stdio.h>
-#include <stdlib.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <cctype>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "simulator/phone/database.h"
+#include "tests/simulator/tool/phonesim_fixture.h"
 
 namespace {
 
@@ -20,40 +14,8 @@ using testing::HasSubstr;
 
 namespace fs = std::filesystem;
 
-struct Outcome {
-    int status = -1;
-    std::string out, err;
-};
-
-class PhoneSim : public testing::Test {
+class PhoneSimVerbs : public PhoneSim {
   protected:
-    PhoneSim() {
-        std::string pattern = (fs::temp_directory_path() / "phonesim-XXXXXX").string();
-        path_ = fs::canonical(mkdtemp(pattern.data()));
-    }
-    ~PhoneSim() override {
-        std::error_code error;
-        fs::remove_all(path_, error);
-    }
-
-    std::string read(const std::string& name) const {
-        std::ifstream stream(path_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-    void write(const std::string& name, std::string_view contents) const {
-        fs::create_directories((path_ / name).parent_path());
-        std::ofstream(path_ / name, std::ios::binary) << contents;
-    }
-    // Runs phonesim in the temporary directory with arguments in shell syntax.
-    Outcome run(const std::string& arguments) const {
-        std::string command = "cd '" + path_.string() + "' && '" PHONESIM "' " + arguments + " >.out 2>.err </dev/null";
-        int status = system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read(".out"), read(".err")};
-    }
-    void makePhone() const {
-        write("c.vcf", "BEGIN:VCARD\nN:Lee;Ann;;;\nTEL:(212) 555-0142\nEND:VCARD\nBEGIN:VCARD\nN:;Bo;;;\nEND:VCARD\n");
-        ASSERT_EQ(run("new phone --contacts c.vcf").status, 0);
-    }
     // A query's rows as lines, columns parted by "|".
     std::string sql(const std::string& database, const char* statement) const {
         fs::path file = path_ / "phone/private/var/mobile/Library/AddressBook" / database;
@@ -71,12 +33,10 @@ class PhoneSim : public testing::Test {
     std::string settings() const {
         return read("phone/private/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist");
     }
-
-    fs::path path_;
 };
 
-TEST_F(PhoneSim, EveryVerbHasHelpWithExamples) {
-    for (const char* verb : {"new", "shot", "log", "set", "notify", "edit"}) {
+TEST_F(PhoneSimVerbs, EveryVerbHasHelpWithExamples) {
+    for (const char* verb : {"new", "shot", "run", "log", "set", "notify", "edit"}) {
         Outcome help = run(std::string(verb) + " --help");
         EXPECT_EQ(help.status, 0);
         EXPECT_THAT(help.out, AllOf(HasSubstr("Example"), HasSubstr(std::string("phonesim ") + verb))) << verb;
@@ -85,12 +45,13 @@ TEST_F(PhoneSim, EveryVerbHasHelpWithExamples) {
     EXPECT_THAT(run("--help").out, HasSubstr("Exit status"));
 }
 
-TEST_F(PhoneSim, MisuseIsToldAndExitsWithTwo) {
+TEST_F(PhoneSimVerbs, MisuseIsToldAndExitsWithTwo) {
     for (const char* arguments :
          {"", "dance", "new", "new phone --dance", "new phone --contacts-count 0", "new phone --contacts-count many",
           "new phone --contacts a --contacts-count 3", "new phone --images a", "shot phone",
-          "shot phone wallpaper --out a", "shot phone recents --process clock", "set phone ZelkaCBEnabled maybe",
-          "edit phone 1 --photo a --no-photo", "edit phone 1 --delete --first A", "log"}) {
+          "shot phone wallpaper --out a", "shot phone recents --process clock", "run", "run phone --process clock",
+          "run phone --interval 0", "set phone ZelkaCBEnabled maybe", "edit phone 1 --photo a --no-photo",
+          "edit phone 1 --delete --first A", "log"}) {
         Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_NE(outcome.err, "") << arguments;
@@ -98,7 +59,7 @@ TEST_F(PhoneSim, MisuseIsToldAndExitsWithTwo) {
     EXPECT_FALSE(fs::exists(path_ / "phone"));
 }
 
-TEST_F(PhoneSim, NewMakesAPhoneAndSaysWhatIsOnIt) {
+TEST_F(PhoneSimVerbs, NewMakesAPhoneAndSaysWhatIsOnIt) {
     write("c.vcf", "BEGIN:VCARD\nN:Lee;Ann;;;\nTEL:1\nPHOTO;VALUE=uri:file:gone.jpg\nEND:VCARD\n");
     write("calls.csv", "-1h, 1, missed\n");
     Outcome made = run("new phone --contacts c.vcf --calls calls.csv");
@@ -114,13 +75,13 @@ TEST_F(PhoneSim, NewMakesAPhoneAndSaysWhatIsOnIt) {
     }
 }
 
-TEST_F(PhoneSim, NewTellsHowFarLongWorkIs) {
+TEST_F(PhoneSimVerbs, NewTellsHowFarLongWorkIs) {
     Outcome made = run("new phone --contacts-count 10000");
     EXPECT_EQ(made.status, 0);
     EXPECT_EQ(made.err, "contacts: 10000 of 10000\n");
 }
 
-TEST_F(PhoneSim, NewThatFailsExitsWithOneAndLeavesThePhone) {
+TEST_F(PhoneSimVerbs, NewThatFailsExitsWithOneAndLeavesThePhone) {
     makePhone();
     write("phone/tmp/mine", "mine");
     for (const char* arguments :
@@ -133,7 +94,7 @@ TEST_F(PhoneSim, NewThatFailsExitsWithOneAndLeavesThePhone) {
     EXPECT_EQ(read("phone/tmp/mine"), "mine");
 }
 
-TEST_F(PhoneSim, LogSaysWhenNothingIsLoggedYetAndPrintsTheLog) {
+TEST_F(PhoneSimVerbs, LogSaysWhenNothingIsLoggedYetAndPrintsTheLog) {
     EXPECT_THAT(run("log phone").err, HasSubstr("is not a phone root"));
     makePhone();
     Outcome none = run("log phone");
@@ -145,7 +106,7 @@ TEST_F(PhoneSim, LogSaysWhenNothingIsLoggedYetAndPrintsTheLog) {
     EXPECT_EQ(log.out, "one\ntwo\n");
 }
 
-TEST_F(PhoneSim, SetWritesTheSwitchKeepsOtherKeysAndPosts) {
+TEST_F(PhoneSimVerbs, SetWritesTheSwitchKeepsOtherKeysAndPosts) {
     makePhone();
     write("phone/private/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist",
           "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict><key>Other</key>"
@@ -161,13 +122,13 @@ TEST_F(PhoneSim, SetWritesTheSwitchKeepsOtherKeysAndPosts) {
                                 HasSubstr("com.norvex.ZelkaCBRecentsEnabledNotification")));
 }
 
-TEST_F(PhoneSim, SetMakesTheSettingsFileWhenThereIsNone) {
+TEST_F(PhoneSimVerbs, SetMakesTheSettingsFileWhenThereIsNone) {
     makePhone();
     EXPECT_EQ(run("set phone ZelkaCBEnabled off").status, 0);
     EXPECT_THAT(settings(), HasSubstr("<key>ZelkaCBEnabled</key>"));
 }
 
-TEST_F(PhoneSim, SetRefusesUnknownKeysListingTheSix) {
+TEST_F(PhoneSimVerbs, SetRefusesUnknownKeysListingTheSix) {
     makePhone();
     Outcome outcome = run("set phone ZelkaCBEnabledWallpaper on");
     EXPECT_EQ(outcome.status, 1);
@@ -178,7 +139,7 @@ TEST_F(PhoneSim, SetRefusesUnknownKeysListingTheSix) {
     EXPECT_EQ(posted(), "");
 }
 
-TEST_F(PhoneSim, SetLeavesASettingsFileThatItCannotRead) {
+TEST_F(PhoneSimVerbs, SetLeavesASettingsFileThatItCannotRead) {
     makePhone();
     for (const char* garbage : {"garbage \x01\x02", "", "<plist><array/></plist>"}) {
         write("phone/private/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist", garbage);
@@ -190,14 +151,14 @@ TEST_F(PhoneSim, SetLeavesASettingsFileThatItCannotRead) {
     EXPECT_EQ(posted(), "");
 }
 
-TEST_F(PhoneSim, NotifyPostsAnyName) {
+TEST_F(PhoneSimVerbs, NotifyPostsAnyName) {
     makePhone();
     EXPECT_EQ(run("notify phone some.name").status, 0);
     EXPECT_THAT(posted(), HasSubstr("some.name"));
     EXPECT_EQ(run("notify phone ''").status, 1);
 }
 
-TEST_F(PhoneSim, EditRenamesAndMakesTheContactTheLatestModified) {
+TEST_F(PhoneSimVerbs, EditRenamesAndMakesTheContactTheLatestModified) {
     makePhone();
     ASSERT_EQ(run("edit phone 'Ann Lee' --first Anne").err, "");
     EXPECT_EQ(sql("AddressBook.sqlitedb", "SELECT First, Last FROM ABPerson WHERE ROWID = 1"), "Anne|Lee\n");
@@ -209,7 +170,7 @@ TEST_F(PhoneSim, EditRenamesAndMakesTheContactTheLatestModified) {
     EXPECT_THAT(posted(), HasSubstr("__ABDataBaseChangedByOtherProcessNotification"));
 }
 
-TEST_F(PhoneSim, EditGivesAndTakesPhotos) {
+TEST_F(PhoneSimVerbs, EditGivesAndTakesPhotos) {
     makePhone();
     fs::copy_file(path_ / "phone/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/recent.png",
                   path_ / "face.png");
@@ -223,13 +184,13 @@ TEST_F(PhoneSim, EditGivesAndTakesPhotos) {
     EXPECT_EQ(sql("AddressBookImages.sqlitedb", "SELECT count(*) FROM ABThumbnailImage"), "0\n");
 }
 
-TEST_F(PhoneSim, EditRemovesContacts) {
+TEST_F(PhoneSimVerbs, EditRemovesContacts) {
     makePhone();
     ASSERT_EQ(run("edit phone 1 --delete").err, "");
     EXPECT_EQ(sql("AddressBook.sqlitedb", "SELECT ROWID FROM ABPerson"), "2\n");
 }
 
-TEST_F(PhoneSim, EditSaysWhomItCannotFind) {
+TEST_F(PhoneSimVerbs, EditSaysWhomItCannotFind) {
     makePhone();
     EXPECT_THAT(run("edit phone 9 --no-photo").err, HasSubstr("there is no contact \"9\""));
     EXPECT_THAT(run("edit phone 1").err, HasSubstr("nothing to change"));
@@ -238,7 +199,7 @@ TEST_F(PhoneSim, EditSaysWhomItCannotFind) {
     EXPECT_EQ(run("edit phone Bo --no-photo").status, 1);
 }
 
-TEST_F(PhoneSim, ShotSaysWhatItNeeds) {
+TEST_F(PhoneSimVerbs, ShotSaysWhatItNeeds) {
     EXPECT_THAT(run("shot phone recents --out a.png").err, HasSubstr("is not a phone root"));
     makePhone();
     EXPECT_THAT(run("shot phone recents").err, HasSubstr("give --out"));
@@ -247,7 +208,7 @@ TEST_F(PhoneSim, ShotSaysWhatItNeeds) {
     EXPECT_THAT(run("shot phone recents --out no/such/a.png").err, HasSubstr("there is no such folder"));
 }
 
-TEST_F(PhoneSim, ShotDrawsAScreenAndPrintsItsRows) {
+TEST_F(PhoneSimVerbs, ShotDrawsAScreenAndPrintsItsRows) {
     makePhone();
     for (const char* process : {"callbar", "springboard"}) {
         Outcome shot = run(std::string("shot phone recents --out a.png --row-details --process ") + process);

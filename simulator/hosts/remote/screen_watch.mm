@@ -1,0 +1,66 @@
+#import "simulator/hosts/remote/screen_watch.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "simulator/frameworks/uikit/graphics/pixels.h"
+#import "simulator/hosts/callbar/CallBarScreen.h"
+#include "simulator/runtime/pending_work.h"
+
+namespace hosts {
+namespace {
+
+constexpr double kPatience = 2;       // seconds that a look waits for pictures still coming
+constexpr double kShortTurn = 0.005;  // seconds; work may finish without waking the main thread
+constexpr double kNothingToDo = 60;   // seconds; a date's text may change with the time, without any event
+
+double now() { return [NSDate timeIntervalSinceReferenceDate]; }
+
+NSString* writePicture(UIImage* picture, NSString* out) {
+    const std::optional<std::string> wrong = phone::writePng([picture CGImage], [out UTF8String]);
+    return wrong ? [NSString stringWithUTF8String:wrong->c_str()] : nil;
+}
+
+}  // namespace
+
+NSString* ScreenWatch::start(NSString* out, double interval) {
+    UIImage* picture = UISnapshotOfView(CallBarWindow());
+    if (NSString* problem = writePicture(picture, out)) return problem;
+    [out_ release];
+    out_ = [out copy];
+    interval_ = interval;
+    shown_ = pixelsOf(picture);
+    lastLook_ = now();
+    lookWanted_ = 0;
+    return nil;
+}
+
+NSDate* ScreenWatch::endOfNextTurn() const {
+    double wait = kNothingToDo;
+    if (out_ != nil && lookWanted_ > 0)
+        wait = phone::pendingWork() > 0 ? kShortTurn : std::max(0.0, lastLook_ + interval_ - now());
+    return [NSDate dateWithTimeIntervalSinceNow:wait];
+}
+
+NSDictionary* ScreenWatch::turnEnded() {
+    if (out_ == nil) return nil;
+    const double time = now();
+    if (lookWanted_ <= 0) lookWanted_ = time;
+    if (phone::pendingWork() > 0 && time < lookWanted_ + kPatience) return nil;
+    if (time < lastLook_ + interval_) return nil;
+    lookWanted_ = 0;
+    lastLook_ = time;
+    UIImage* picture = UISnapshotOfView(CallBarWindow());
+    Pixels pixels = pixelsOf(picture);
+    if (pixels.rgba == shown_.rgba) return nil;
+    shown_ = std::move(pixels);
+    if (NSString* problem = writePicture(picture, out_)) return @{@"event" : @"problem", @"text" : problem};
+    return @{@"event" : @"picture"};
+}
+
+ScreenWatch& screenWatch() {
+    static ScreenWatch watch;
+    return watch;
+}
+
+}  // namespace hosts

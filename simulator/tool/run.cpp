@@ -1,0 +1,172 @@
+// The phone kept running, with pictures of its screens.
+#include <poll.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "simulator/hosts/remote/host_process.h"
+#include "simulator/runtime/notification_watcher.h"
+#include "simulator/tool/run_lock.h"
+#include "simulator/tool/stop_signal.h"
+#include "simulator/tool/verbs.h"
+
+namespace tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Run {
+    std::string root;
+    std::string process = "both";
+    double interval = 0.1;
+    double timeout = 60;
+};
+
+struct Process {
+    const char* name;
+    hosts::HostKind kind;
+};
+constexpr Process kProcesses[] = {{"springboard", hosts::HostKind::springBoard},
+                                  {"callbar", hosts::HostKind::callBarViewService}};
+constexpr const char* kScreens[] = {"recents", "missed", "favorites", "contacts"};
+
+// One line an event, at once: somebody may be following.
+void tell(const std::string& event) {
+    const auto now = std::chrono::system_clock::now();
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
+    const auto part = std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
+    std::tm local{};
+    localtime_r(&seconds, &local);
+    char time[16];
+    std::strftime(time, sizeof time, "%H:%M:%S", &local);
+    std::printf("%s.%03d %s\n", time, static_cast<int>(part), event.c_str());
+    std::fflush(stdout);
+}
+
+// One screen of one of the phone's processes, played by a host of its own so that all of them are on at once.
+class Screen {
+    // With the screen's name before what goes wrong: the host's own name stands for four of them.
+    template <class Call>
+    auto called(Call call) {
+        try {
+            return call();
+        } catch (const hosts::HostError& error) {
+            throw Problem(name_ + ": " + error.what());
+        }
+    }
+
+  public:
+    Screen(const Process& process, const char* screen, const fs::path& root, const Run& run)
+        : name_(std::string(process.name) + " " + screen), host_(start(process.kind, root)) {
+        const fs::path folder = root / "screens" / process.name;
+        fs::create_directories(folder);
+        called([&] { show(screen, folder, run); });
+        tell(name_ + ": started");
+    }
+
+    int descriptor() const { return host_->eventsDescriptor(); }
+
+    void tellEvents() {
+        for (const nlohmann::json& event : called([this] { return host_->events(); })) {
+            if (event.at("event") != "picture") throw Problem(name_ + ": " + event.at("text").get<std::string>());
+            tell(name_ + ": screen changed");
+        }
+    }
+
+    void quit() {
+        const int status = called([this] { return host_->quit(); });
+        if (status != 0) throw Problem(name_ + ": the host ended with status " + std::to_string(status));
+    }
+
+  private:
+    void show(const char* screen, const fs::path& folder, const Run& run) {
+        const nlohmann::json settle = {{"do", "settle"}, {"timeout", run.timeout}};
+        // As a person would wait for the list that the process starts with before going on to another.
+        host_->call(settle, run.timeout + 10);
+        host_->call({{"do", "show"}, {"screen", screen}}, run.timeout);
+        host_->call(settle, run.timeout + 10);
+        const std::string out = (folder / screen).string() + ".png";
+        host_->call({{"do", "watch"}, {"out", out}, {"interval", run.interval}}, run.timeout);
+    }
+
+    static std::unique_ptr<hosts::HostProcess> start(hosts::HostKind kind, const fs::path& root) {
+        hosts::HostOptions options;
+        options.root = root;
+        return std::make_unique<hosts::HostProcess>(kind, options);
+    }
+
+    std::string name_;
+    std::unique_ptr<hosts::HostProcess> host_;
+};
+
+std::vector<Screen> startScreens(const fs::path& root, const Run& run, const StopSignal& stop) {
+    std::vector<Screen> screens;
+    for (const Process& process : kProcesses) {
+        if (run.process != "both" && run.process != process.name) continue;
+        for (const char* screen : kScreens) {
+            if (stop.received() != 0) return screens;
+            screens.emplace_back(process, screen, root, run);
+        }
+    }
+    return screens;
+}
+
+void follow(std::vector<Screen>& screens, phone::NotificationWatcher& notifications, const StopSignal& stop) {
+    std::vector<pollfd> waits = {{stop.descriptor(), POLLIN, 0}, {notifications.descriptor(), POLLIN, 0}};
+    for (const Screen& screen : screens) waits.push_back({screen.descriptor(), POLLIN, 0});
+    while (stop.received() == 0) {
+        for (const std::string& name : notifications.arrived()) tell("notification " + name);
+        for (Screen& screen : screens) screen.tellEvents();
+        if (poll(waits.data(), waits.size(), -1) < 0 && errno != EINTR) {
+            throw Problem(std::string("cannot wait: ") + std::generic_category().message(errno));
+        }
+    }
+}
+
+void runPhone(const Run& run) {
+    requireRoot(run.root);
+    const fs::path root = fs::canonical(run.root);
+    const RunLock lock(root);
+    const StopSignal stop;
+    phone::NotificationWatcher notifications;
+    if (const std::string problem = notifications.open(root); !problem.empty()) throw Problem(problem);
+    std::vector<Screen> screens = startScreens(root, run, stop);
+    if (stop.received() == 0) tell("running; the pictures are in " + (root / "screens").string());
+    follow(screens, notifications, stop);
+    for (Screen& screen : screens) screen.quit();
+    tell("stopped");
+}
+
+}  // namespace
+
+void addRun(CLI::App& app) {
+    auto run = std::make_shared<Run>();
+    CLI::App* verb =
+        app.add_subcommand("run", "Keep a phone running, with pictures of its screens as they are at the moment");
+    verb->add_option("ROOT", run->root, "The phone")->required();
+    verb->add_option("--process", run->process, "The process to run: springboard, callbar or both (default)")
+        ->check(CLI::IsMember({"springboard", "callbar", "both"}));
+    verb->add_option("--interval", run->interval,
+                     "Seconds at least from one picture of a screen to its next (default: 0.1)")
+        ->check(CLI::Range(0.001, 3600.0));
+    verb->add_option("--timeout", run->timeout, "Seconds to wait for a host to settle at the start (default: 60)")
+        ->check(CLI::PositiveNumber);
+    verb->footer(
+        "Runs until it is stopped (Ctrl-C, or SIGTERM): then it exits with 0, or with 1 as soon as a host dies.\n"
+        "The pictures are ROOT/screens/PROCESS/SCREEN.png, PROCESS being springboard or callbar and SCREEN recents,\n"
+        "missed, favorites or contacts. Each is replaced as a whole when what is on its screen has changed. A line on\n"
+        "standard output tells each event: \"callbar recents: started\", \"notification NAME\",\n"
+        "\"callbar recents: screen changed\", \"stopped\". A phone is run by one phonesim at a time.\n"
+        "\nExample, with a second terminal:\n"
+        "  phonesim run phone\n"
+        "                        phonesim set phone ZelkaCBEnabledRoundedPictures off\n"
+        "                        phonesim edit phone \"Ann Lee\" --photo face.jpg");
+    verb->callback([run] { runPhone(*run); });
+}
+
+}  // namespace tool

@@ -22,7 +22,7 @@ ABRecordID contactOfEmailAddress(NSString address) {
     Database database(kAddressBookDatabase);
     if (!database.isOpen()) return kUnknownAddress;
     // The address stands in the statement as it is: one with a quote makes no statement and belongs to nobody.
-    NSString query = joinText("Select record_id from ABMULTIVALUE where value like'%", address, "'");
+    NSString query = joinText("Select record_id from ABMULTIVALUE where value like'", address, "'");
     Statement statement(database, query.utf8());
     if (!statement.isPrepared() || statement.step() == SQLITE_DONE) return kUnknownAddress;
     return statement.integer(0);

@@ -49,14 +49,15 @@ TEST_F(ContactIDs, OfAnyOtherPhoneTextAreZero) {
         EXPECT_EQ([Utils getContactID:text], 0) << [[text description] UTF8String];
 }
 
-TEST_F(ContactIDs, OfEMailAddressesAreThoseWhoseValueEndsInThem) {
+TEST_F(ContactIDs, OfEMailAddressesAreThoseWhoseWholeValueIsThem) {
     addReachable("+1 212 555 0199", "bob@example.com");
     const int contact = addReachable(std::nullopt, "anna@example.com");
     boot();
     EXPECT_EQ([Utils getContactID:@"anna@example.com"], contact);
     EXPECT_EQ([Utils getContactID:@"ANNA@Example.Com"], contact);
-    EXPECT_EQ([Utils getContactID:@"a@example.com"], contact);
-    EXPECT_EQ([Utils getContactID:@"nna@example.c"], -1);
+    EXPECT_EQ([Utils getContactID:@"nna@example.com"], -1);
+    EXPECT_EQ([Utils getContactID:@"anna@example.co"], -1);
+    EXPECT_EQ([Utils getContactID:@"b@example.com"], -1);
 }
 
 TEST_F(ContactIDs, OfATextWithAnAtSignAnywhereAreLookedUpAsEMail) {
@@ -64,7 +65,16 @@ TEST_F(ContactIDs, OfATextWithAnAtSignAnywhereAreLookedUpAsEMail) {
     boot();
     EXPECT_EQ([Utils getContactID:@"+14155552671@"], -1);
     EXPECT_EQ([Utils getContactID:@"odd@"], contact);
-    EXPECT_EQ([Utils getContactID:@"@"], contact);
+    EXPECT_EQ([Utils getContactID:@"@"], -1);
+}
+
+TEST_F(ContactIDs, OfAddressesWithWildcardsAreThoseThatTheseMatch) {
+    addReachable("+1 212 555 0199", "bob@example.org");
+    const int contact = addReachable(std::nullopt, "anna@example.com");
+    boot();
+    EXPECT_EQ([Utils getContactID:@"%@example.com"], contact);
+    EXPECT_EQ([Utils getContactID:@"ann_@example.com"], contact);
+    EXPECT_EQ([Utils getContactID:@"_@example.com"], -1);
 }
 
 TEST_F(ContactIDs, OfUnknownAddressesAreMinusOneAndNotRemembered) {

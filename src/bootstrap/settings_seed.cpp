@@ -34,4 +34,5 @@ void seedSettingsFile() {
         if (!settings->objectFor(key)) settings->setObject(NSNumber::of(true), key);
     }
     settings->writeToFile(path, true);
+    settings->removeAllObjects();
 }

@@ -122,7 +122,7 @@ void showPicture(ABMemberCell cell, UIImageView picture, ListRules rules) {
 
 void decorate(UITableView table, UITableViewCell cell, ListRules rules) {
     if (!isServedProcess()) return;
-    if (!membersTableView) membersTableView = Owned<UITableView>::retain(table).leak();
+    if (!membersTableView.load()) membersTableView = Owned<UITableView>::retain(table).leak();
     if (rules.needsSystem7 && !ZelkaCBUtils::isIOS_7()) return;
     if (!isKindOf(cell, objc_getClass("ABMemberCell"))) return;
     UIImageView picture = pictureViewOf(cell);

@@ -35,7 +35,7 @@ CGRect placePicture(UITableViewCell cell) {
         CGFloat gap = cell.isEditing() ? kRightToLeftEditingGap : kRightToLeftGap;
         x = cell.defaultAccessoryView().frame().origin.x - kPictureSize - gap;
     }
-    CGFloat y = (cell.frame().size.height - size.height) * 0.5;
+    CGFloat y = (cell.frame().size.height - size.height) / 2;
     picture.setFrame(makeRect(x, y, size.width, size.height));
     return picture.frame();
 }

@@ -10,7 +10,7 @@ namespace {
 
 constexpr float kSquareCorner = 5.0F;
 constexpr float kRoundCorner = 40.0F;
-constexpr CGFloat kFullTurn = 6.283185307179586;
+constexpr auto kFullTurn = static_cast<CGFloat>(6.283185307179586);
 
 CGRect boundsOf(CGSize size) { return {{0, 0}, size}; }
 

@@ -4,7 +4,7 @@
 #include "src/util/log.h"
 #include "src/util/process.h"
 
-constinit UITableView membersTableView;
+constinit std::atomic<UITableView> membersTableView{UITableView{}};
 
 namespace {
 
@@ -28,7 +28,7 @@ void zelkaCBSettingsChangedCallBack(CFNotificationCenterRef, void*, CFStringRef 
     ZelkaCBUtils::clearImageCache();
     ZLKCBSettings::sharedSettings().loadSettings();
     NSNotificationCenter::shared().post(settingsChangedNotification());
-    reloadOnMainThread(membersTableView);
+    reloadOnMainThread(membersTableView.load());
 }
 
 void favoritesStripSettingsChanged(NSObject controller, SEL, NSObject) {

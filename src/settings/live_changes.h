@@ -6,8 +6,8 @@
 #include "src/settings/settings.h"
 
 // The Contacts list's table view, which is reloaded when settings change: set once, with a reference of its own that is
-// never given back. Nil until a Contacts list is shown. Main thread.
-extern constinit UITableView membersTableView;
+// never given back. Nil until a Contacts list is shown. Set on the main thread, read on the notify centre's.
+extern constinit std::atomic<UITableView> membersTableView;
 
 // What the Darwin notify centre calls for each of the six settings' notifications: empties the image cache, loads the
 // settings, and has the lists redrawn, waiting for that. Does nothing in a process that is not served. The thread is

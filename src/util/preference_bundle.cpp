@@ -10,7 +10,7 @@ NSString bundlePicturePath(NSString name) {
     UIScreen screen = UIScreen::main();
     NSString path = bundleDirectory().appendingPathComponent(name);
     // Screens that drive display links are those of the systems that know scales.
-    if (!respondsTo(screen, selector<"displayLinkWithTarget:selector:">()) || screen.scale() < 2.0) {
+    if (!respondsTo(screen, selector<"displayLinkWithTarget:selector:">()) || screen.scale() < 2) {
         return path.appending(literal<".png">());
     }
     char suffix[32];

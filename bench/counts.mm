@@ -94,7 +94,7 @@ void countLookups() {
     contact = kPhotos + kPlain + 1;
     print("Uncached lookup: linked contact's photo",
           [&] { [Utils getContactImageOnly:contact++ monogramText:nil newImage:NO]; });
-    contact = kPhotos + 1;
+    contact = kPhotos + 300;
     print("Uncached lookup: monogram", [&] { [Utils getContactImageOnly:contact++ monogramText:@"AL" newImage:NO]; });
     [Settings setIsMonogramEnabled:NO];
     print("Uncached lookup: default picture",

@@ -1,0 +1,54 @@
+#include "bench/stress/expected_pictures.h"
+
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+#include "simulator/phone/database.h"
+#include "simulator/phone/schema.h"
+
+namespace stress {
+namespace {
+
+phone::Database opened(const std::filesystem::path& file) {
+    auto database = phone::Database::openToRead(file);
+    if (!database.ok()) throw std::runtime_error(database.text());
+    return std::move(*database);
+}
+
+}  // namespace
+
+ExpectedPictures::ExpectedPictures(const std::filesystem::path& root) {
+    const phone::Database images = opened(root / phone::imagesShape().path);
+    phone::Statement thumbnails =
+        images.prepare("SELECT record_id FROM ABThumbnailImage WHERE format = 0 AND length(data)");
+    while (thumbnails.step()) photos_.insert(thumbnails.integer(0));
+    const phone::Database book = opened(root / phone::addressBookShape().path);
+    phone::Statement pairs = book.prepare(
+        "SELECT a.ROWID, b.ROWID FROM ABPerson a JOIN ABPerson b ON b.PersonLink = a.PersonLink WHERE a.PersonLink > "
+        "0");
+    while (pairs.step()) linked_[pairs.integer(0)].insert(pairs.integer(1));
+}
+
+int ExpectedPictures::photoOf(int contact) const {
+    if (photos_.count(contact) != 0) return contact;
+    auto person = linked_.find(contact);
+    if (person == linked_.end()) return 0;
+    for (int other : person->second)
+        if (photos_.count(other) != 0) return other;
+    return 0;
+}
+
+std::string ExpectedPictures::problemOf(const nlohmann::json& row) const {
+    const int contact = row.value("contact", 0);
+    const nlohmann::json& picture = row.at("picture");
+    const std::string source = picture.is_object() ? picture.value("source", "none") : "none";
+    const int owner = contact >= 1 ? photoOf(contact) : 0;
+    const bool isRight =
+        owner != 0 ? (source == "photo" || source == "linked photo") && picture.value("sourceContact", 0) == owner
+                   : source == "monogram" || source == "silhouette";
+    if (isRight) return "";
+    return "contact " + std::to_string(contact) + " shows \"" + source + "\" instead of " +
+           (owner != 0 ? "the photo of " + std::to_string(owner) : std::string("a monogram"));
+}
+
+}  // namespace stress

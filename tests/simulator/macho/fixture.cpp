@@ -1,0 +1,56 @@
+// A library in the phone's binary format for the loader's tests, which offer the functions that it calls.
+extern "C" {
+void fixtureNote(int number);
+void fixtureRaise();
+extern int fixtureNumber;
+#ifdef FIXTURE_ASKS_FOR_TOO_MUCH
+void fixtureNobodyHasThis();
+#endif
+void fixtureMayBeMissing() __attribute__((weak_import));
+}
+
+namespace {
+
+struct Cleaner {
+    int& cleaned;
+    ~Cleaner() { ++cleaned; }
+};
+
+[[gnu::constructor(101)]] void first() { fixtureNote(1); }
+[[gnu::constructor(102)]] void second() { fixtureNote(2); }
+
+// Pointers that move with the image.
+const char* const kNames[] = {"zero", "one", "two"};
+
+}  // namespace
+
+#define EXPORTED extern "C" __attribute__((visibility("default")))
+
+EXPORTED const char* fixtureName(int number) { return kNames[number]; }
+
+EXPORTED int fixtureReadsNumber() { return fixtureNumber; }
+
+EXPORTED bool fixtureHasOptional() { return fixtureMayBeMissing != nullptr; }
+
+EXPORTED int fixtureCatches() {
+    int cleaned = 0;
+    try {
+        Cleaner cleaner{cleaned};
+        fixtureRaise();
+    } catch (...) {
+        return cleaned;
+    }
+    return -1;
+}
+
+// With several registers in use across the call, which unwinding must bring back.
+EXPORTED void fixtureLetsThrough(int& cleaned, int (*next)()) {
+    Cleaner cleaner{cleaned};
+    int a = next(), b = next(), c = next(), d = next(), e = next();
+    fixtureRaise();
+    cleaned = a + b + c + d + e + next();
+}
+
+#ifdef FIXTURE_ASKS_FOR_TOO_MUCH
+EXPORTED void fixtureAsks() { fixtureNobodyHasThis(); }
+#endif

@@ -1,0 +1,148 @@
+#include "simulator/runtime/macho/loader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <vector>
+
+#include "simulator/runtime/library_loader.h"
+
+// What the libraries find in this process.
+namespace {
+std::vector<int> notes;
+}
+
+#define OFFERED extern "C" __attribute__((visibility("default")))
+OFFERED void fixtureNote(int number);
+OFFERED void fixtureRaise();
+OFFERED int fixtureNumber;
+
+void fixtureNote(int number) { notes.push_back(number); }
+void fixtureRaise() { throw std::runtime_error("raised by the platform"); }
+int fixtureNumber = 42;
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+template <class Function>
+Function* fixture(const char* name) {
+    return reinterpret_cast<Function*>(phone::librarySymbol(FIXTURE_COMPLETE, name));
+}
+
+class MachoLoader : public testing::Test {
+  protected:
+    void SetUp() override { ASSERT_EQ(phone::loadLibrary(FIXTURE_COMPLETE), ""); }
+};
+
+TEST_F(MachoLoader, RunsInitialisersOnceInTheirOrder) {
+    EXPECT_THAT(notes, ElementsAre(1, 2));
+    EXPECT_EQ(phone::loadLibrary(FIXTURE_COMPLETE), "");
+    EXPECT_THAT(notes, ElementsAre(1, 2));
+}
+
+TEST_F(MachoLoader, MovesPointersWithTheImage) {
+    EXPECT_STREQ(fixture<const char*(int)>("fixtureName")(0), "zero");
+    EXPECT_STREQ(fixture<const char*(int)>("fixtureName")(2), "two");
+}
+
+TEST_F(MachoLoader, BindsVariablesOfTheProcess) {
+    fixtureNumber = 7;
+    EXPECT_EQ(fixture<int()>("fixtureReadsNumber")(), 7);
+}
+
+TEST_F(MachoLoader, LeavesMissingOptionalSymbolsNull) { EXPECT_FALSE(fixture<bool()>("fixtureHasOptional")()); }
+
+TEST_F(MachoLoader, LibrariesCatchWhatThePlatformRaises) { EXPECT_EQ(fixture<int()>("fixtureCatches")(), 1); }
+
+TEST_F(MachoLoader, ExceptionsPassThroughAndRunDestructors) {
+    int cleaned = 0;
+    const auto one = [] { return 1; };
+    EXPECT_THROW(fixture<void(int&, int (*)())>("fixtureLetsThrough")(cleaned, one), std::runtime_error);
+    EXPECT_EQ(cleaned, 1);
+}
+
+TEST_F(MachoLoader, RegistersAreBackAfterAnExceptionPassedThrough) {
+    // Enough values live across the call to need the registers that calls keep.
+    volatile int source = 3;
+    int a = source, b = source + 1, c = source + 2, d = source + 3, e = source + 4, f = source + 5, cleaned = 0;
+    try {
+        fixture<void(int&, int (*)())>("fixtureLetsThrough")(cleaned, [] { return 9; });
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_THAT((std::vector{a, b, c, d, e, f}), ElementsAre(3, 4, 5, 6, 7, 8));
+}
+
+TEST_F(MachoLoader, TellsWhoseAnAddressIs) {
+    EXPECT_EQ(phone::libraryOf(phone::librarySymbol(FIXTURE_COMPLETE, "fixtureName")), FIXTURE_COMPLETE);
+    EXPECT_NE(phone::libraryOf(reinterpret_cast<void*>(&fixtureRaise)), FIXTURE_COMPLETE);
+}
+
+TEST_F(MachoLoader, AnswersNothingForWhatALibraryDoesNotExport) {
+    EXPECT_EQ(phone::librarySymbol(FIXTURE_COMPLETE, "first"), nullptr);
+    EXPECT_EQ(phone::librarySymbol(FIXTURE_ASKING, "fixtureName"), nullptr);
+}
+
+TEST(MachoLoaderProblems, AMissingSymbolIsNamedAndNothingRuns) {
+    EXPECT_EQ(phone::loadLibrary(FIXTURE_ASKING), "this process does not offer _fixtureNobodyHasThis");
+    EXPECT_THAT(notes, ElementsAre());
+    EXPECT_THAT(phone::macho::loadedImages(), ElementsAre());
+}
+
+TEST(MachoLoaderProblems, LibrariesForOtherProcessorsAreToldApart) {
+    EXPECT_EQ(phone::loadLibrary(PHONE_LIBRARY), "is for arm64, this machine runs x86-64");
+}
+
+TEST(MachoLoaderProblems, FilesThatAreNoLibrariesAreRefused) {
+    EXPECT_EQ(phone::loadLibrary("/etc/passwd"), "not a library of a known format");
+    EXPECT_EQ(phone::loadLibrary("/no/such/file"), "not a library of a known format");
+}
+
+// A copy of the fixture, changed before it is loaded.
+class DamagedLibrary : public testing::Test {
+  protected:
+    ~DamagedLibrary() override { std::filesystem::remove(path_); }
+
+    std::string load() {
+        std::ofstream(path_, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return phone::loadLibrary(path_);
+    }
+
+    std::string bytes = [] {
+        std::ifstream file(FIXTURE_COMPLETE, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    }();
+
+  private:
+    std::string path_ = testing::TempDir() + "/damaged-" + std::to_string(getpid()) + ".dylib";
+};
+
+TEST_F(DamagedLibrary, AnInitialiserOutsideTheCodeIsRefused) {
+    // The initialisers are the only pointers to the beginning of the code; give one the address of data instead.
+    const std::string section("__mod_init_func", 15);
+    const size_t header = bytes.find(section);
+    ASSERT_NE(header, std::string::npos);
+    uint32_t offset = 0;
+    std::memcpy(&offset, &bytes[header + 48], sizeof offset);
+    const uint64_t inData = 0x10000000;
+    std::memcpy(&bytes[offset], &inData, sizeof inData);
+    EXPECT_EQ(load(), "an initialiser lies outside the code");
+    EXPECT_THAT(notes, ElementsAre());
+}
+
+TEST_F(DamagedLibrary, UnwindInformationOfAnUnknownVersionIsRefused) {
+    const size_t header = bytes.find("__unwind_info");
+    ASSERT_NE(header, std::string::npos);
+    uint32_t offset = 0;
+    std::memcpy(&offset, &bytes[header + 48], sizeof offset);
+    bytes[offset] = 2;
+    EXPECT_THAT(load(), HasSubstr("unknown version"));
+    EXPECT_THAT(notes, ElementsAre());
+}
+
+}  // namespace

@@ -34,8 +34,9 @@ class Database {
 // of the row that the last step gave.
 class Statement {
   public:
+    // A text that could not be expressed in UTF-8 comes as nullptr, which SQLite must not be given.
     Statement(const Database& database, const char* sql) {
-        isPrepared_ = sqlite3_prepare_v2(database.handle(), sql, -1, &handle_, nullptr) == SQLITE_OK;
+        isPrepared_ = sql != nullptr && sqlite3_prepare_v2(database.handle(), sql, -1, &handle_, nullptr) == SQLITE_OK;
     }
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;

@@ -3,6 +3,7 @@
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 
 namespace phone {
@@ -22,12 +23,21 @@ std::string takeMessage(GError* error) {
 // Decoding at this size keeps enormous pictures cheap and leaves enough for a sharp thumbnail.
 constexpr int kDecodedSide = 4 * kThumbnailSide;
 
+// Not every format is decoded at another size than its own. More than any camera's.
+constexpr std::int64_t kGreatestArea = 200'000'000;
+
 struct PictureSize {
     int width = 0, height = 0;
+    bool isTooLarge() const { return static_cast<std::int64_t>(width) * height > kGreatestArea; }
 };
 
-void limitSize(GdkPixbufLoader* loader, int width, int height, gpointer size) {
-    *static_cast<PictureSize*>(size) = {width, height};
+void limitSize(GdkPixbufLoader* loader, int width, int height, gpointer data) {
+    auto* size = static_cast<PictureSize*>(data);
+    *size = {width, height};
+    if (size->isTooLarge()) {
+        gdk_pixbuf_loader_set_size(loader, 0, 0);  // makes the format's loader stop
+        return;
+    }
     int shorter = std::min(width, height);
     if (shorter <= kDecodedSide) return;
     double scale = static_cast<double>(kDecodedSide) / shorter;
@@ -43,6 +53,10 @@ Result<Pixbuf> decode(std::string_view encoded, PictureSize& size) {
     bool written =
         gdk_pixbuf_loader_write(loader.get(), reinterpret_cast<const guchar*>(encoded.data()), encoded.size(), &error);
     bool closed = gdk_pixbuf_loader_close(loader.get(), written ? &error : nullptr);
+    if (size.isTooLarge()) {
+        g_clear_error(&error);
+        return Failure{"too large, " + std::to_string(size.width) + " x " + std::to_string(size.height) + " pixels"};
+    }
     if (!written || !closed) return Failure{takeMessage(error)};
     GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
     if (!decoded) return Failure{"no picture in it"};

@@ -23,15 +23,10 @@ NSDictionary* readFilterFile(NSString* path) {
         complain(path, "the filter cannot be read");
         return nil;
     }
-    id values = nil;
-    @try {
-        values = [NSPropertyListSerialization propertyListWithData:data
-                                                           options:NSPropertyListImmutable
-                                                            format:NULL
-                                                             error:NULL];
-    } @catch (NSException* exception) {
-        values = nil;  // GNUstep raises for some damaged files where it should answer nil
-    }
+    id values = [NSPropertyListSerialization propertyListWithData:data
+                                                          options:NSPropertyListImmutable
+                                                           format:NULL
+                                                            error:NULL];
     if (![values isKindOfClass:[NSDictionary class]]) {
         complain(path, "the filter is not a property list with a dictionary");
         return nil;

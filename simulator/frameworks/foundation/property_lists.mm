@@ -4,7 +4,7 @@
 
 #include <initializer_list>
 
-// A phone writes property lists as XML; this Foundation has its own notation for files.
+// A phone writes property lists as XML; this Foundation has its own notations for files.
 
 namespace {
 
@@ -37,6 +37,29 @@ NSData* xml(id list) {
                                                        error:NULL];
 }
 
+using ReadList = id (*)(id, SEL, NSData*, NSPropertyListReadOptions, NSPropertyListFormat*, NSError**);
+ReadList readBefore;
+
+// This Foundation's own binary notation, which a phone does not know, begins with one of these; its reader believes
+// whatever count a damaged file gives.
+bool isForeignNotation(NSData* data) {
+    const auto* bytes = static_cast<const unsigned char*>([data bytes]);
+    return [data length] > 0 && bytes[0] <= 1;
+}
+
+// nil and an error for what is no property list, for which Foundation may raise.
+id readList(id self, SEL selector, NSData* data, NSPropertyListReadOptions options, NSPropertyListFormat* format,
+            NSError** error) {
+    @try {
+        if (!isForeignNotation(data)) return readBefore(self, selector, data, options, format, error);
+    } @catch (NSException* exception) {
+        // Answered below.
+    }
+    constexpr NSInteger kReadCorrupt = 3840;  // NSPropertyListReadCorruptError
+    if (error != nullptr) *error = [NSError errorWithDomain:NSCocoaErrorDomain code:kReadCorrupt userInfo:nil];
+    return nil;
+}
+
 BOOL writeToFile(id self, SEL, NSString* path, BOOL atomically) {
     NSData* data = xml(self);
     return data != nil && [data writeToFile:path atomically:atomically];
@@ -48,6 +71,8 @@ BOOL writeToFile(id self, SEL, NSString* path, BOOL atomically) {
 @end
 @implementation PhonePropertyLists
 + (void)load {
+    readBefore = phone::replaceMethod(objc_getMetaClass("NSPropertyListSerialization"),
+                                      "propertyListWithData:options:format:error:", readList);
     for (const char* name : {"NSDictionary", "NSArray"}) {
         phone::replaceMethodEverywhere(objc_getClass(name),
                                        "writeToFile:atomically:", reinterpret_cast<IMP>(writeToFile));

@@ -182,4 +182,17 @@ TEST(PhoneCode, RunsOnTheFirst64BitPhone) {
     EXPECT_THAT(code, HasSubstr("ldar"));  // the disassembly is one of code with atomic reads
 }
 
+// No linker for 32-bit phones is to be had; their objects are kept buildable.
+TEST(ObjectsFor32BitPhones, AreMadeOfEverySource) {
+    int objects = 0;
+    for (const auto& file : std::filesystem::recursive_directory_iterator(ZELKA_ARMV7_FOLDER)) {
+        if (file.path().extension() != ".o") continue;
+        ++objects;
+        const std::string header =
+            test::linesOf(test::outputOf("llvm-otool-19 -hv '" + file.path().string() + "'")).back();
+        EXPECT_THAT(header, AllOf(HasSubstr("MH_MAGIC "), HasSubstr("ARM "), HasSubstr("V7 "), HasSubstr("OBJECT")));
+    }
+    EXPECT_GT(objects, 30);
+}
+
 }  // namespace

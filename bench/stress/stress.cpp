@@ -155,7 +155,8 @@ void checkRows(hosts::HostProcess& host, const fs::path& root) {
     for (const char* key : kSwitches) phonesim({"set", root, key, "on"});
     host.call({{"do", "settle"}, {"timeout", 30}});
     const stress::ExpectedPictures expected(root);
-    for (const Json& row : host.call({{"do", "rows"}})["rows"]) {
+    const Json answer = host.call({{"do", "rows"}});
+    for (const Json& row : answer.at("rows")) {
         ++counts.rowsChecked;
         const std::string problem = expected.problemOf(row);
         if (problem.empty()) continue;
@@ -277,7 +278,7 @@ int main(int argc, char** argv) {
         ->check(CLI::Range(2000, 1000000))
         ->capture_default_str();
     app.add_option("--seed", options.seed, "Another order of events")->capture_default_str();
-    app.add_option("--library", options.library, "Another build of the library")->check(CLI::ExistingFile);
+    app.add_option("--library", options.library, "Another build of the library, named ZelkaCB.so")->check(CLI::ExistingFile);
     app.add_flag("--hammer-only", options.hammerOnly, "Only the processes whose threads meet, without hosts");
     CLI11_PARSE(app, argc, argv);
     return stressPhone();

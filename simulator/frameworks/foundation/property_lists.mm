@@ -2,7 +2,10 @@
 
 #include "simulator/frameworks/foundation/replace_method.h"
 
+#include <string.h>
+
 #include <initializer_list>
+#include <string_view>
 
 // A phone writes property lists as XML; this Foundation has its own notations for files.
 
@@ -60,6 +63,27 @@ id readList(id self, SEL selector, NSData* data, NSPropertyListReadOptions optio
     return nil;
 }
 
+using InitWithFile = id (*)(id, SEL, NSString*);
+InitWithFile initWithFileBefore;
+
+bool isBinary(NSData* data) {
+    constexpr std::string_view mark = "bplist";
+    return [data length] >= mark.size() && memcmp([data bytes], mark.data(), mark.size()) == 0;
+}
+
+// Foundation reads files as text here, a phone its binary notation, too: that of nearly every preferences file.
+id initWithFile(id self, SEL selector, NSString* path) {
+    NSData* data = [NSData dataWithContentsOfFile:path];
+    if (!isBinary(data)) return initWithFileBefore(self, selector, path);
+    id list = [NSPropertyListSerialization propertyListWithData:data
+                                                        options:NSPropertyListImmutable
+                                                         format:NULL
+                                                          error:NULL];
+    if ([list isKindOfClass:[NSDictionary class]]) return [self initWithDictionary:list];
+    [self release];
+    return nil;
+}
+
 BOOL writeToFile(id self, SEL, NSString* path, BOOL atomically) {
     NSData* data = xml(self);
     return data != nil && [data writeToFile:path atomically:atomically];
@@ -71,6 +95,7 @@ BOOL writeToFile(id self, SEL, NSString* path, BOOL atomically) {
 @end
 @implementation PhonePropertyLists
 + (void)load {
+    initWithFileBefore = phone::replaceMethod(objc_getClass("NSDictionary"), "initWithContentsOfFile:", initWithFile);
     readBefore = phone::replaceMethod(objc_getMetaClass("NSPropertyListSerialization"),
                                       "propertyListWithData:options:format:error:", readList);
     for (const char* name : {"NSDictionary", "NSArray"}) {

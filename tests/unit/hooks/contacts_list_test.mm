@@ -253,7 +253,8 @@ TEST_P(EitherList, APhotoThatCannotBeShapedLeavesTheDefaultPicture) {
     startWithList();
     give(7, test::bmp(8, 8, kRed));
     Method make = class_getClassMethod([UIImage class], @selector(imageWithCGImage:));
-    const IMP before = method_setImplementation(make, (IMP) + [](id, SEL, CGImageRef) -> id { return nil; });
+    const IMP before = method_setImplementation(
+        make, (IMP) + [](id, SEL, CGImageRef) -> id { return nil; });
     ask(GetParam());
     method_setImplementation(make, before);
     EXPECT_TRUE(shows(cell_, test::kBlue));
@@ -390,8 +391,8 @@ class NameDrawing : public ContactsList {
   protected:
     void startDrawing(const char* bundleIdentifier = "com.apple.springboard") {
         bootPhone(bundleIdentifier);
-        const SEL draw =
-            @selector(_drawText:withColor:shadowColor:shadowOffset:atPoint:forWidth:withFont:lineBreakMode:);
+        const SEL draw = @selector(_drawText:
+                                   withColor:shadowColor:shadowOffset:atPoint:forWidth:withFont:lineBreakMode:);
         method_setImplementation(class_getInstanceMethod([ABMemberCell class], draw),
                                  class_getMethodImplementation([NotedDrawing class], draw));
         loadExtension();

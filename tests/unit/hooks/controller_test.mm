@@ -131,9 +131,10 @@ TEST_F(Controller, AppearingListsLetGoOfWhatTheHostMadeForAMoment) {
 
 TEST_F(Controller, SpringBoardTellsItsNameAndVersionAfterItsStart) {
     start();
-    root.write("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/ZelkaCB.plist",
-               "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Name</key><string>Zelka</string><key>Version</key>"
-               "<string>1.2-3</string></dict></plist>");
+    root.write(
+        "/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/ZelkaCB.plist",
+        "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Name</key><string>Zelka</string><key>Version</key>"
+        "<string>1.2-3</string></dict></plist>");
     [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:nil];
     EXPECT_EQ(happened(), "launched ");
     EXPECT_EQ(loggedLines("com.norvex.ZelkaCB => Info: Zelka (1.2-3) loading...."), 1);
@@ -157,7 +158,8 @@ TEST_F(Controller, SpringBoardStartsWithoutTheBundlesPropertyList) {
 TEST_F(Controller, SpringBoardStartsWithAPropertyListOfAnotherShape) {
     start();
     for (const char* contents :
-         {"garbage {", "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>Name</string></array></plist>", "\x01\x02\x03"}) {
+         {"garbage {", "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><string>Name</string></array></plist>",
+          "\x01\x02\x03"}) {
         root.write("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/ZelkaCB.plist", contents);
         [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:nil];
     }

@@ -19,7 +19,6 @@ class HookTest : public ContactsTest {
   protected:
     using ContactsTest::ContactsTest;
 
-
     void start(const char* bundleIdentifier = "com.apple.springboard") { boot(bundleIdentifier); }
     std::string happened() const { return [hostEvents() UTF8String]; }
     void forget() { [hostEvents() setString:@""]; }

@@ -7,8 +7,7 @@ namespace test {
 std::string frameOf(UIView* view) {
     const CGRect frame = [view frame];
     char buffer[96];
-    snprintf(buffer, sizeof buffer, "%g %g %g %g", frame.origin.x, frame.origin.y, frame.size.width,
-             frame.size.height);
+    snprintf(buffer, sizeof buffer, "%g %g %g %g", frame.origin.x, frame.origin.y, frame.size.width, frame.size.height);
     return buffer;
 }
 

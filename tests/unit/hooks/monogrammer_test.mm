@@ -34,9 +34,7 @@ class Monogrammer : public test::HookTest {
         return [[of monogramForPerson:record isPersonImage:&flag_] autorelease];
     }
     // The grey of the system's disc, near its upper edge.
-    static bool isSystemDisc(UIImage* image) {
-        return test::near(test::pixel(image, 60, 7), {163, 169, 183, 255}, 10);
-    }
+    static bool isSystemDisc(UIImage* image) { return test::near(test::pixel(image, 60, 7), {163, 169, 183, 255}, 10); }
     static bool isMiddle(UIImage* image, test::Rgb color) {
         return test::near(middle(image), {color.r, color.g, color.b, 255}, 3);
     }

@@ -524,7 +524,8 @@ TEST_F(RecentsList, ALoadThatYieldsNothingLeavesThePlaceholder) {
     UIImage* placeholder = [[[picture() image] retain] autorelease];
     // Memory for the finished picture cannot be had.
     Method make = class_getClassMethod([UIImage class], @selector(imageWithCGImage:));
-    const IMP before = method_setImplementation(make, (IMP) + [](id, SEL, CGImageRef) -> id { return nil; });
+    const IMP before = method_setImplementation(
+        make, (IMP) + [](id, SEL, CGImageRef) -> id { return nil; });
     [[Utils queue] setSuspended:NO];
     settle();
     method_setImplementation(make, before);

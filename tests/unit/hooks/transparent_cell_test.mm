@@ -6,7 +6,6 @@
 @implementation FancyLabel
 @end
 
-
 // Under the library's other cells, and above the table: a view between them.
 @interface BetweenView : UIView
 @end
@@ -147,9 +146,8 @@ struct RightToLeft : TransparentCell {
         [cell_ setEditing:editing animated:NO];
         // The superclass's layout moves the accessory; this puts it where it is wanted.
         Method layout = class_getInstanceMethod([UITableViewCell class], @selector(layoutSubviews));
-        method_setImplementation(layout, (IMP) + [](id self, SEL) {
-            [[self _defaultAccessoryView] setFrame:CGRectMake(300, 13, 22, 22)];
-        });
+        method_setImplementation(
+            layout, (IMP) + [](id self, SEL) { [[self _defaultAccessoryView] setFrame:CGRectMake(300, 13, 22, 22)]; });
         layOut();
     }
 };

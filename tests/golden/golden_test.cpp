@@ -1,0 +1,59 @@
+#include "tests/golden/golden.h"
+
+#include "tests/phone/phone_test.h"
+
+namespace test {
+namespace {
+
+struct Screen {
+    const char* name;
+    const char* device;
+    const char* screen;
+    int divisor;
+    bool rightToLeft = false;
+    bool editing = false;
+    const char* off = nullptr;  // a setting that is off
+};
+
+class Golden : public PhoneTest, public testing::WithParamInterface<Screen> {};
+
+TEST_P(Golden, ScreenLooksAsKept) {
+    const Screen& screen = GetParam();
+    makePhone(screen.device, screen.rightToLeft);
+    write("private/var/mobile/Library/Preferences/com.apple.mobilephone.speeddial.plist",
+          "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><dict><key>ABUid</key><integer>1</integer></dict>"
+          "<dict><key>ABUid</key><integer>2</integer></dict><dict><key>ABUid</key><integer>6</integer></dict>"
+          "</array></plist>");
+    if (screen.off != nullptr) set(screen.off, false);
+    hosts::HostOptions fixed = options();
+    fixed.environment.emplace_back("PHONESIM_RANDOM", "0");
+    HostProcess host(HostKind::springBoard, fixed);
+    show(host, screen.screen, screen.editing);
+    const std::filesystem::path shot = folder_ / "shot.png";
+    host.call({{"do", "shot"}, {"out", shot.string()}});
+    EXPECT_EQ(compareWithGolden(shot, screen.divisor, screen.name), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, Golden,
+                         testing::Values(Screen{"recents", "iphone6-8.4", "recents", 2},
+                                         Screen{"missed", "iphone6-8.4", "missed", 2},
+                                         Screen{"contacts", "iphone6-8.4", "contacts", 2},
+                                         Screen{"favorites", "iphone6-8.4", "favorites", 2},
+                                         Screen{"search", "iphone6-8.4", "search t", 2},
+                                         Screen{"recents_editing", "iphone6-8.4", "recents", 2, false, true},
+                                         Screen{"contacts_editing", "iphone6-8.4", "contacts", 2, false, true},
+                                         Screen{"recents_square", "iphone6-8.4", "recents", 2, false, false,
+                                                "ZelkaCBEnabledRoundedPictures"},
+                                         Screen{"favorites_square", "iphone6-8.4", "favorites", 2, false, false,
+                                                "ZelkaCBEnabledRoundedPictures"},
+                                         Screen{"recents_without_monograms", "iphone6-8.4", "recents", 2, false, false,
+                                                "ZelkaCBEnabledMonogramPictures"},
+                                         Screen{"recents_right_to_left", "iphone6-8.4", "recents", 2, true},
+                                         Screen{"recents_system7", "iphone5s-7.1", "recents", 2},
+                                         Screen{"contacts_system7", "iphone5s-7.1", "contacts", 2},
+                                         Screen{"recents_large", "iphone6plus-9.3", "recents", 3},
+                                         Screen{"recents_tablet_system6", "ipad2-6.1", "recents", 2}),
+                         [](const auto& each) { return each.param.name; });
+
+}  // namespace
+}  // namespace test

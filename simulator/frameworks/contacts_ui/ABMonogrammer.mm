@@ -67,6 +67,24 @@ void fillGradient(CGFloat side) {
 }
 
 - (UIImage*)_copyMonogramWithInitials:(NSString*)initials {
+    return [self copyInitialsDisc:initials];
+}
+
+- (UIImage*)_copyMonogramWithImageData:(CFDataRef)data {
+    return [self copyPhotoDisc:data];
+}
+
+// A person's picture is drawn without the two messages above: whoever replaces them does not replace it.
+- (UIImage*)monogramForPerson:(ABRecordRef)record isPersonImage:(BOOL*)isPersonImage {
+    ABUIPerson* person = record != nullptr ? [ABUIPerson personWithRecord:record] : nil;
+    NSData* photo = [[person preferredPersonForPhoto] preferredPhotoThumbnail];
+    UIImage* picture = [photo length] > 0 ? [self copyPhotoDisc:photo] : nil;
+    if (isPersonImage != nullptr) *isPersonImage = picture != nil;
+    return picture != nil ? picture : [self copyInitialsDisc:[person initials]];
+}
+
+// +1.
+- (UIImage*)copyInitialsDisc:(NSString*)initials {
     [self beginDisc];
     fillGradient(_diameter);
     [[UIColor whiteColor] set];
@@ -78,7 +96,8 @@ void fillGradient(CGFloat side) {
     return [self copyDisc];
 }
 
-- (UIImage*)_copyMonogramWithImageData:(CFDataRef)data {
+// +1; nil for what is no picture.
+- (UIImage*)copyPhotoDisc:(CFDataRef)data {
     UIImage* photo = [data length] > 0 ? [UIImage imageWithData:data] : nil;
     if (photo == nil) return nil;
     const CGSize size = [photo size];
@@ -88,14 +107,6 @@ void fillGradient(CGFloat side) {
     [self beginDisc];
     [photo drawInRect:CGRectMake((_diameter - width) / 2, (_diameter - height) / 2, width, height)];
     return [self copyDisc];
-}
-
-- (UIImage*)monogramForPerson:(ABRecordRef)record isPersonImage:(BOOL*)isPersonImage {
-    ABUIPerson* person = record != nullptr ? [ABUIPerson personWithRecord:record] : nil;
-    NSData* photo = [[person preferredPersonForPhoto] preferredPhotoThumbnail];
-    UIImage* picture = [photo length] > 0 ? [self _copyMonogramWithImageData:photo] : nil;
-    if (isPersonImage != nullptr) *isPersonImage = picture != nil;
-    return picture != nil ? picture : [self _copyMonogramWithInitials:[person initials]];
 }
 
 @end

@@ -2,7 +2,9 @@
 
 #include <dlfcn.h>
 #include <errno.h>
+#include <stdint.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 
 #include "simulator/runtime/device.h"
@@ -16,6 +18,15 @@ FILE* freopen(const char* path, const char* mode, FILE* stream) {
         reinterpret_cast<FILE* (*)(const char*, const char*, FILE*)>(dlsym(RTLD_NEXT, "freopen"));
     if (path == nullptr) return before(path, mode, stream);
     return before(phone::hostPath(path).c_str(), mode, stream);
+}
+
+// Ahead of the C library's, unless the program brings its own. The environment variable PHONESIM_RANDOM holds a number
+// that it always answers, so that what is drawn by lot is the same every time, however the work interleaves.
+__attribute__((weak)) uint32_t arc4random() {
+    static const char* const fixed = getenv("PHONESIM_RANDOM");
+    static const auto number = static_cast<uint32_t>(fixed != nullptr ? strtoul(fixed, nullptr, 10) : 0);
+    static const auto before = reinterpret_cast<uint32_t (*)()>(dlsym(RTLD_NEXT, "arc4random"));
+    return fixed != nullptr ? number : before();
 }
 
 // BSD's: knows "hw.machine", the machine identifier. With a null `value` it answers the length needed in

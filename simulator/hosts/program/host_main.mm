@@ -4,11 +4,16 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
+#include "simulator/frameworks/core_foundation/darwin_notifications.h"
 #include "simulator/frameworks/uikit/uikit.h"
 #include "simulator/hosts/remote/remote_control.h"
 #include "simulator/runtime/process.h"
+
+// Declared by Foundation in debug builds alone, but always there.
+extern "C" BOOL GSDebugAllocationActive(BOOL active);
 
 namespace hosts {
 namespace {
@@ -35,6 +40,14 @@ bool parse(int argc, char** argv, Arguments& arguments) {
     return arguments.root != nullptr;
 }
 
+// See remote/host_process.h.
+void heedEnvironment() {
+    if (std::getenv("PHONESIM_COUNT_OBJECTS") != nullptr) GSDebugAllocationActive(YES);
+    const char* thread = std::getenv("PHONESIM_NOTIFICATIONS");
+    if (thread != nullptr && std::strcmp(thread, "watcher") == 0)
+        phone::deliverNotificationsOn(phone::DeliveryThread::watcher);
+}
+
 }  // namespace
 
 int runHost(int argc, char** argv, const HostIdentity& identity) {
@@ -44,6 +57,7 @@ int runHost(int argc, char** argv, const HostIdentity& identity) {
         std::fprintf(stderr, "usage: %s --root ROOT [--without-extension] [--bundle-identifier ID]\n", argv[0]);
         return 2;
     }
+    heedEnvironment();
     RemoteControl remote;
     remote.takeStandardStreams();
     @autoreleasepool {

@@ -9,6 +9,9 @@
 #include "simulator/runtime/pending_work.h"
 #include "simulator/runtime/process.h"
 
+// Declared by Foundation in debug builds alone, but always there.
+extern "C" int GSDebugAllocationCount(Class cls);
+
 namespace hosts {
 namespace {
 
@@ -130,11 +133,19 @@ CommandResult scroll(NSDictionary* command, const Libraries&) {
     return done(@{@"offset" : [NSNumber numberWithDouble:[table contentOffset].y]});
 }
 
-CommandResult rows(NSDictionary*, const Libraries&) { return done(@{@"rows" : rowReports(CallBarController())}); }
+// Whether the answer tells where pictures come from, which takes a while.
+bool tellsSources(NSDictionary* command) {
+    NSNumber* wanted = numberOf(command, @"sources");
+    return wanted == nil || [wanted boolValue];
+}
 
-CommandResult favorites(NSDictionary*, const Libraries&) {
+CommandResult rows(NSDictionary* command, const Libraries&) {
+    return done(@{@"rows" : rowReports(CallBarController(), tellsSources(command))});
+}
+
+CommandResult favorites(NSDictionary* command, const Libraries&) {
     [CallBarWindow() layoutIfNeeded];
-    return done(@{@"buttons" : favoriteReports(CallBarController())});
+    return done(@{@"buttons" : favoriteReports(CallBarController(), tellsSources(command))});
 }
 
 CommandResult shot(NSDictionary* command, const Libraries&) {
@@ -222,6 +233,15 @@ CommandResult info(NSDictionary*, const Libraries& libraries) {
     });
 }
 
+CommandResult objects(NSDictionary* command, const Libraries&) {
+    NSMutableDictionary* counts = [NSMutableDictionary dictionary];
+    for (NSString* name in [command objectForKey:@"classes"]) {
+        const int count = GSDebugAllocationCount(NSClassFromString(name));
+        [counts setObject:[NSNumber numberWithInt:count] forKey:name];
+    }
+    return done(@{@"counts" : counts});
+}
+
 CommandResult quit(NSDictionary*, const Libraries&) {
     return { @{}, nil, true };
 }
@@ -230,7 +250,7 @@ const std::map<std::string, Handler>& handlers() {
     static const std::map<std::string, Handler> table{
         {"show", show}, {"settle", settle},       {"layout", layout}, {"reload", reload}, {"scroll", scroll},
         {"rows", rows}, {"favorites", favorites}, {"shot", shot},     {"toggle", toggle}, {"monogram", monogram},
-        {"info", info}, {"watch", watch},         {"quit", quit}};
+        {"info", info}, {"objects", objects}, {"watch", watch},         {"quit", quit}};
     return table;
 }
 

@@ -160,7 +160,7 @@ HostProcess::HostProcess(HostKind kind, const HostOptions& options)
 HostProcess::~HostProcess() { release(); }
 
 void HostProcess::spawn(HostKind kind, const HostOptions& options) {
-    const std::string program = programPath(kind).string();
+    const std::string program = (options.program.empty() ? programPath(kind) : options.program).string();
     std::vector<std::string> arguments{program, "--root", root_.string()};
     if (options.withoutExtension) arguments.emplace_back("--without-extension");
     if (!options.bundleIdentifier.empty()) {

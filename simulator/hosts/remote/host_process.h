@@ -38,7 +38,12 @@ struct HostOptions {
     bool withoutExtension = false;
     // Plays a process of another identifier than the kind's; empty: the kind's own.
     std::string bundleIdentifier;
-    // Added to (and winning over) this process's environment.
+    // Another program that serves a remote control; empty: the kind's own.
+    std::filesystem::path program;
+    // Added to (and winning over) this process's environment. A host heeds
+    //   PHONESIM_RANDOM         a number that arc4random always answers, for pictures that must come out the same
+    //   PHONESIM_NOTIFICATIONS  "watcher": Darwin notifications are delivered on a thread of their own, not on the main
+    //   PHONESIM_COUNT_OBJECTS  set: the command "objects" can be asked
     std::vector<std::pair<std::string, std::string>> environment;
     double startTimeoutSeconds = 60;
 };
@@ -64,8 +69,10 @@ class HostProcess {
     //   layout     lays out every visible view
     //   reload     has the shown list fetch its rows again
     //   scroll     "row", counted through the whole list, or "offset" in points; answers "offset"
-    //   rows       answers "rows", the visible rows (see row_report.h)
-    //   favorites  answers "buttons", the favourites strip's (see row_report.h)
+    //   objects    "classes": names; answers "counts", how many objects of each there are, subclasses' not included
+    //   rows       "sources": whether to tell where pictures come from (true at first), which takes a while;
+    //              answers "rows", the visible rows (see row_report.h)
+    //   favorites  "sources" as above; answers "buttons", the favourites strip's (see row_report.h)
     //   shot       "out", absolute: writes the window as PNG at the screen's scale; answers "width", "height" in pixels
     //   watch      "out", absolute: keeps the window's picture there up to date from now on, at most once in "interval"
     //              seconds, and tells of each new one by an event

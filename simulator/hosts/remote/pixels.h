@@ -27,4 +27,8 @@ Pixels pixelsStretched(UIImage* image, size_t side);
 // Sixteen hexadecimal digits that tell two pictures' pixels and sizes apart.
 std::string contentHash(const Pixels& pixels);
 
+// Two hexadecimal digits for the mean red, green and blue of each of 16 x 16 squares, top row first: pictures that
+// differ by what antialiasing rounds differ by a step or two here. Of a picture of 16 pixels a side at least.
+std::string coarseLook(const Pixels& pixels);
+
 }  // namespace hosts

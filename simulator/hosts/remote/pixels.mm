@@ -1,5 +1,6 @@
 #import "simulator/hosts/remote/pixels.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "simulator/frameworks/uikit/uikit.h"
@@ -41,6 +42,27 @@ std::string contentHash(const Pixels& pixels) {
     for (const uint8_t byte : pixels.rgba) add(byte);
     char text[17];
     std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(hash));
+    return text;
+}
+
+std::string coarseLook(const Pixels& pixels) {
+    constexpr size_t kSide = 16;
+    std::string text;
+    for (size_t square = 0; square < kSide * kSide; ++square) {
+        const size_t column = square % kSide, row = square / kSide;
+        const size_t left = column * pixels.width / kSide, right = (column + 1) * pixels.width / kSide;
+        const size_t top = row * pixels.height / kSide, bottom = (row + 1) * pixels.height / kSide;
+        unsigned long sums[3] = {};
+        for (size_t y = top; y < bottom; ++y)
+            for (size_t x = left; x < right; ++x)
+                for (size_t c = 0; c < 3; ++c) sums[c] += pixels.at(x, y)[c];
+        const size_t count = std::max<size_t>(1, (right - left) * (bottom - top));
+        for (const unsigned long sum : sums) {
+            char digits[3];
+            std::snprintf(digits, sizeof digits, "%02x", static_cast<unsigned>(sum / count) & 255U);
+            text += digits;
+        }
+    }
     return text;
 }
 

@@ -7,9 +7,11 @@
 
 namespace hosts {
 
-// {"size": [points], "scale", "pixels": [width, height], "hash", "source", "sourceContact", "colour"}; NSNull for no
-// picture. `contact` is whose photo to look for, 0 for nobody's. +0.
-id pictureReport(UIImage* picture, int contact);
+// {"size": [points], "scale", "pixels": [width, height], "hash", "look": the picture in 16 x 16 squares, two hexadecimal
+// digits for each one's mean red, green and blue, "centre": the middle pixel's colour ("#rrggbb"), "corner": the alpha (0 to 255) a tenth of the way in from the corner, "source", "sourceContact", "colour"}; NSNull for
+// no picture. `contact` is whose photo to look for, 0 for nobody's. The last three take a comparison with every picture
+// that it might be; they are left out unless `tellSource`. +0.
+id pictureReport(UIImage* picture, int contact, bool tellSource = true);
 
 // The visible rows of the shown list from the top down, one dictionary each. +0.
 //
@@ -19,9 +21,9 @@ id pictureReport(UIImage* picture, int contact);
 //
 // and of a call also "address", "calls" (how many), "missed", "outgoing", "detail" and "date" (texts), "answers"
 // ("uid", "addressBookRecordId" or "neither") and "answersCallerName".
-NSArray* rowReports(CallBarControllerModern* controller);
+NSArray* rowReports(CallBarControllerModern* controller, bool tellSources = true);
 
 // The favourites strip's buttons in order: "name", "contact", "frame" (in the strip), "picture". +0.
-NSArray* favoriteReports(CallBarControllerModern* controller);
+NSArray* favoriteReports(CallBarControllerModern* controller, bool tellSources = true);
 
 }  // namespace hosts

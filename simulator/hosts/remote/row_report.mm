@@ -27,9 +27,15 @@ id frameIn(UIView* cell, UIView* view) {
     return rectReport([cell convertRect:[view bounds] fromView:view]);
 }
 
+NSString* centreColour(const Pixels& pixels) {
+    const uint8_t* middle = pixels.at(pixels.width / 2, pixels.height / 2);
+    return [NSString stringWithFormat:@"#%02x%02x%02x", middle[0], middle[1], middle[2]];
+}
+
 id textOrNull(NSString* text) { return text != nil ? (id)text : (id)[NSNull null]; }
 
-NSMutableDictionary* commonReport(UITableView* table, UITableViewCell* cell, NSIndexPath* path, int contact) {
+NSMutableDictionary* commonReport(UITableView* table, UITableViewCell* cell, NSIndexPath* path, int contact,
+                                  bool tellSource) {
     UIImageView* pictureView = (UIImageView*)[cell viewWithTag:kPictureTag];
     NSMutableDictionary* report = [NSMutableDictionary dictionary];
     [report setObject:[NSNumber numberWithInteger:[path section]] forKey:@"section"];
@@ -39,7 +45,7 @@ NSMutableDictionary* commonReport(UITableView* table, UITableViewCell* cell, NSI
     [report setObject:rectReport([table rectForRowAtIndexPath:path]) forKey:@"frame"];
     [report setObject:flag(pictureView != nil) forKey:@"hasPictureView"];
     [report setObject:flag([pictureView isDescendantOfView:[cell contentView]]) forKey:@"pictureInContentView"];
-    [report setObject:pictureReport([pictureView image], contact) forKey:@"picture"];
+    [report setObject:pictureReport([pictureView image], contact, tellSource) forKey:@"picture"];
     return report;
 }
 
@@ -80,7 +86,7 @@ void describeMember(NSMutableDictionary* report, ABMemberCell* cell) {
     }];
 }
 
-NSArray* recentsReports(CallBarABViewController* recents) {
+NSArray* recentsReports(CallBarABViewController* recents, bool tellSources) {
     NSMutableArray* reports = [NSMutableArray array];
     UITableView* table = [recents tableView];
     for (CallBarTableViewTransparentCell* cell in [table visibleCells]) {
@@ -88,19 +94,20 @@ NSArray* recentsReports(CallBarABViewController* recents) {
         NSArray* entries = [recents shownEntries];
         if ((NSUInteger)[path row] >= [entries count]) continue;
         NSArray* calls = [[entries objectAtIndex:(NSUInteger)[path row]] objectForKey:@"calls"];
-        NSMutableDictionary* report = commonReport(table, cell, path, [[calls objectAtIndex:0] contactIdentifier]);
+        NSMutableDictionary* report =
+            commonReport(table, cell, path, [[calls objectAtIndex:0] contactIdentifier], tellSources);
         describeCall(report, cell, calls);
         [reports addObject:report];
     }
     return reports;
 }
 
-NSArray* membersReports(ABMembersViewController* members) {
+NSArray* membersReports(ABMembersViewController* members, bool tellSources) {
     NSMutableArray* reports = [NSMutableArray array];
     UITableView* table = [members tableView];
     for (ABMemberCell* cell in [table visibleCells]) {
         const int contact = [cell person] != nil ? [[cell person] recordID] : kABRecordInvalidID;
-        NSMutableDictionary* report = commonReport(table, cell, [table indexPathForCell:cell], contact);
+        NSMutableDictionary* report = commonReport(table, cell, [table indexPathForCell:cell], contact, tellSources);
         describeMember(report, cell);
         [reports addObject:report];
     }
@@ -109,37 +116,46 @@ NSArray* membersReports(ABMembersViewController* members) {
 
 }  // namespace
 
-id pictureReport(UIImage* picture, int contact) {
+id pictureReport(UIImage* picture, int contact, bool tellSource) {
     if (picture == nil) return [NSNull null];
     const Pixels pixels = pixelsOf(picture);
-    const PictureSource source = sourceOfPicture(picture, contact);
-    return @{
+    NSMutableDictionary* report = [NSMutableDictionary dictionary];
+    [report addEntriesFromDictionary:@{
         @"size" : @[ number([picture size].width), number([picture size].height) ],
         @"scale" : number([picture scale]),
         @"pixels" : @[ number(static_cast<double>(pixels.width)), number(static_cast<double>(pixels.height)) ],
         @"hash" : [NSString stringWithUTF8String:contentHash(pixels).c_str()],
+        @"look" : [NSString stringWithUTF8String:coarseLook(pixels).c_str()],
+        @"centre" : centreColour(pixels),
+        @"corner" : [NSNumber numberWithInt:pixels.at(pixels.width / 10, pixels.height / 10)[3]]
+    }];
+    if (!tellSource) return report;
+    const PictureSource source = sourceOfPicture(picture, contact);
+    [report addEntriesFromDictionary:@{
         @"source" : [NSString stringWithUTF8String:source.kind.c_str()],
         @"sourceContact" : [NSNumber numberWithInt:source.contact],
         @"colour" : [NSString stringWithUTF8String:source.colour.c_str()]
-    };
+    }];
+    return report;
 }
 
-NSArray* rowReports(CallBarControllerModern* controller) {
+NSArray* rowReports(CallBarControllerModern* controller, bool tellSources) {
     if ([controller shownController] == [controller recentsController])
-        return recentsReports([controller recentsController]);
+        return recentsReports([controller recentsController], tellSources);
     if ([controller shownController] == [controller membersController])
-        return membersReports([controller membersController]);
+        return membersReports([controller membersController], tellSources);
     return @[];
 }
 
-NSArray* favoriteReports(CallBarControllerModern* controller) {
+NSArray* favoriteReports(CallBarControllerModern* controller, bool tellSources) {
     NSMutableArray* reports = [NSMutableArray array];
     for (CallBarFavoriteButton* button in [controller favoritesButtons]) {
         [reports addObject:@{
             @"name" : textOrNull([button titleForState:UIControlStateNormal]),
             @"contact" : [NSNumber numberWithInt:[button contactIdentifier]],
             @"frame" : rectReport([button frame]),
-            @"picture" : pictureReport([button imageForState:UIControlStateNormal], [button contactIdentifier])
+            @"picture" :
+                pictureReport([button imageForState:UIControlStateNormal], [button contactIdentifier], tellSources)
         }];
     }
     return reports;

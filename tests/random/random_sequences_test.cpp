@@ -15,10 +15,15 @@ namespace {
 constexpr int kShards = 20;
 constexpr int kSequencesEach = 25;
 constexpr int kStepsEach = 5;
+constexpr int kWarmUp = 8;
 constexpr int kContacts = 20;
-const std::vector<std::string> kCounted = {"UIImage",     "UIView",           "UIImageView",
-                                           "UILabel",     "NSBlockOperation", "CallBarTableViewTransparentCell",
-                                           "ABMemberCell"};
+const std::vector<std::string> kCounted = {"UIImage",
+                                           "UIView",
+                                           "UIImageView",
+                                           "UILabel",
+                                           "NSBlockOperation",
+                                           "CallBarTableViewTransparentCell",
+                                           "ABNameViewMemberCell"};
 
 // A host beside the model of it.
 struct Pair {
@@ -27,6 +32,15 @@ struct Pair {
     HostProcess host;
     model::Process process;
 };
+
+// Cells that wait to be used again keep the picture view and the picture of their last row, or have lost them: that
+// much may differ from one time to another, and no more. What is left over of every step soon exceeds it.
+void expectNoGrowth(const Json& now, const Json& level) {
+    EXPECT_EQ(now.at("NSBlockOperation"), level.at("NSBlockOperation"));
+    const int cells = now.at("CallBarTableViewTransparentCell").get<int>() + now.at("ABNameViewMemberCell").get<int>();
+    for (const std::string& name : kCounted)
+        EXPECT_LE(now.at(name).get<int>(), level.at(name).get<int>() + cells) << name << " " << now << " " << level;
+}
 
 class RandomSequences : public PhoneTest, public testing::WithParamInterface<int> {
   protected:
@@ -320,7 +334,8 @@ void RandomSequences::expectPicture(const Json& report, const std::string& expec
     } else {
         EXPECT_EQ(withSource().at("source"), kind == "bare" ? "silhouette" : kind) << expected;
     }
-    if (expected.rfind("system", 0) != 0) {
+    // The system's pictures are round whatever the switch says, and the bundle's bare figure has corners of its own.
+    if (expected.rfind("system", 0) != 0 && kind != "bare") {
         EXPECT_EQ(report.at("corner"), expected.find("round") != std::string::npos ? 0 : 255) << expected;
     }
 }
@@ -384,14 +399,11 @@ TEST_P(RandomSequences, EveryVisibleRowShowsWhatTheModelSays) {
         reset();
         ASSERT_EQ(other_->rows(), otherRows_);
         if (HasFailure()) return;
-        // What all lists need once is there after a few sequences; from then on nothing may grow.
-        if (i < 10) continue;
-        for (size_t each = 0; each < pairs_.size(); ++each) {
+        // What all lists need once is there after a few sequences.
+        for (size_t each = 0; i >= kWarmUp && each < pairs_.size(); ++each) {
             const Json now = counts(*pairs_[each]);
-            if (level.size() <= each)
-                level.push_back(now);
-            else
-                EXPECT_EQ(now, level[each]);
+            if (level.size() <= each) level.push_back(now);
+            expectNoGrowth(now, level[each]);
         }
     }
 }

@@ -42,8 +42,7 @@ void translate(const Image& image) {
                   memory.begin() + static_cast<std::ptrdiff_t>(segment.address - begin));
     }
     std::vector<std::uint8_t> frames;
-    static_cast<void>(
-        phone::macho::translateUnwindInfo(image, reinterpret_cast<std::uintptr_t>(memory.data()) - begin, frames));
+    static_cast<void>(phone::macho::translateUnwindInfo(image, reinterpret_cast<const char*>(memory.data()), frames));
 }
 
 }  // namespace

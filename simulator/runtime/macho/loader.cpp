@@ -67,11 +67,9 @@ std::size_t sizeOf(const Image& image) {
 // An image that has a place in memory.
 class Placed {
   public:
-    Placed(const Image& image, char* begin)
-        : image_(image), base_(reinterpret_cast<std::uintptr_t>(begin) - firstAddress(image)) {}
+    Placed(const Image& image, char* begin) : image_(image), begin_(begin) {}
 
-    std::uintptr_t base() const { return base_; }
-    char* at(std::uint64_t address) const { return reinterpret_cast<char*>(base_ + address); }
+    char* at(std::uint64_t address) const { return begin_ + (address - firstAddress(image_)); }
 
     void copySegments() const {
         for (const Segment& segment : image_.segments) {
@@ -82,7 +80,7 @@ class Placed {
     }
 
     void rebase() const {
-        for (std::uint64_t address : image_.rebases) writePointer(address, readPointer(address) + base_);
+        for (std::uint64_t address : image_.rebases) writePointer(address, readPointer(address) + base());
     }
 
     // Answers which symbols are missing, or an empty string.
@@ -123,13 +121,13 @@ class Placed {
     }
 
     // Fills the list with the functions to run, in order; answers what is wrong with them.
-    std::string initialisers(std::vector<std::uintptr_t>& functions) const {
+    std::string initialisers(std::vector<char*>& functions) const {
         for (const Range& range : image_.initialisers) {
             for (std::uint64_t offset = 0; offset < range.size; offset += sizeof(void*)) {
-                const std::uintptr_t function = readPointer(range.address + offset);
-                const Segment* segment = image_.segmentOf(function - base_, 1);
+                const std::uint64_t function = readPointer(range.address + offset) - base();
+                const Segment* segment = image_.segmentOf(function, 1);
                 if (segment == nullptr || !segment->executable) return "an initialiser lies outside the code";
-                functions.push_back(function);
+                functions.push_back(at(function));
             }
         }
         return "";
@@ -142,6 +140,9 @@ class Placed {
     }
 
   private:
+    // What the file's addresses grow by.
+    std::uintptr_t base() const { return reinterpret_cast<std::uintptr_t>(begin_) - firstAddress(image_); }
+
     std::uintptr_t readPointer(std::uint64_t address) const {
         std::uintptr_t value;
         std::memcpy(&value, at(address), sizeof value);
@@ -152,23 +153,23 @@ class Placed {
     }
 
     const Image& image_;
-    std::uintptr_t base_;
+    char* begin_;
 };
 
-void run(const std::vector<std::uintptr_t>& initialisers) {
+void run(const std::vector<char*>& initialisers) {
     // The arguments are the program's own on a phone; nothing here reads them.
     using Initialiser = void (*)(int, const char**, const char**, const char**);
     const char* none[] = {nullptr};
-    for (std::uintptr_t function : initialisers) reinterpret_cast<Initialiser>(function)(0, none, none, none);
+    for (char* function : initialisers) reinterpret_cast<Initialiser>(function)(0, none, none, none);
 }
 
 // Everything up to running the initialisers.
-std::string prepare(const Placed& placed, const Image& image, Library& library,
-                    std::vector<std::uintptr_t>& functions) {
+std::string prepare(const Placed& placed, const Image& image, Library& library, std::vector<char*>& functions) {
     placed.copySegments();
     placed.rebase();
     std::string problem = placed.bind();
-    if (problem.empty()) problem = translateUnwindInfo(image, placed.base(), library.unwindFrames);
+    if (problem.empty())
+        problem = translateUnwindInfo(image, placed.at(image.segments.front().address), library.unwindFrames);
     if (problem.empty()) problem = placed.initialisers(functions);
     if (problem.empty()) problem = placed.protect();
     library.exports = placed.exports();
@@ -182,7 +183,7 @@ std::string loadBytes(const std::string& path, std::span<const std::uint8_t> fil
     if (memory.begin() == nullptr) return std::string("no room in memory: ") + std::strerror(errno);
     const Placed placed(image, memory.begin());
     Library library;
-    std::vector<std::uintptr_t> initialisers;
+    std::vector<char*> initialisers;
     if (std::string problem = prepare(placed, image, library, initialisers); !problem.empty()) return problem;
     images().push_back({path, memory.keep(), sizeOf(image)});
     Library& kept = libraries()[path] = std::move(library);

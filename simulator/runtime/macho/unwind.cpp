@@ -81,7 +81,7 @@ class Table {
         if (number == 0 || number > head_.personalitiesCount) {
             throw Malformed("the unwind information names a personality function that does not exist");
         }
-        return at<std::uint32_t>(head_.personalitiesOffset + (number - 1) * sizeof(std::uint32_t));
+        return at<std::uint32_t>(head_.personalitiesOffset + std::uint64_t{number - 1} * sizeof(std::uint32_t));
     }
 
   private:
@@ -110,10 +110,10 @@ class Table {
     }
 
     std::uint32_t encoding(std::uint64_t page, const PageHead& head, std::uint32_t number) const {
-        if (number < head_.encodingsCount) return at<std::uint32_t>(head_.encodingsOffset + number * 4);
+        if (number < head_.encodingsCount) return at<std::uint32_t>(head_.encodingsOffset + std::uint64_t{number} * 4);
         const std::uint32_t own = number - head_.encodingsCount;
         if (own >= head.encodingsCount) throw Malformed("the unwind information names an encoding that does not exist");
-        return at<std::uint32_t>(page + head.encodingsOffset + own * 4);
+        return at<std::uint32_t>(page + head.encodingsOffset + std::uint64_t{own} * 4);
     }
 
     Bytes bytes_;
@@ -230,11 +230,11 @@ void writeFrame(Writer& out, std::uint32_t encoding) {
 
 class Translator {
   public:
-    Translator(const Image& image, std::uintptr_t base, std::vector<std::uint8_t>& frames)
-        : image_(image), base_(base), begin_(image.segments.front().address), out_(frames) {}
+    Translator(const Image& image, const char* begin, std::vector<std::uint8_t>& frames)
+        : image_(image), begin_(begin), first_(image.segments.front().address), out_(frames) {}
 
     void run() {
-        const Table table(mapped(image_.unwindInfo.address, image_.unwindInfo.size));
+        const Table table(section());
         landings_ = table.landings();
         for (const Function& function : table.functions()) {
             // A function without an encoding never lets an exception through.
@@ -245,23 +245,26 @@ class Translator {
 
   private:
     // Offsets in the section count from the image's beginning.
-    std::uintptr_t address(std::uint32_t offset, std::uint64_t size) const {
-        if (image_.segmentOf(begin_ + offset, size) == nullptr) {
+    const char* place(std::uint32_t offset, std::uint64_t size) const {
+        if (image_.segmentOf(first_ + offset, size) == nullptr) {
             throw Malformed("the unwind information points outside the image");
         }
-        return base_ + begin_ + offset;
+        return begin_ + offset;
+    }
+    std::uintptr_t address(std::uint32_t offset, std::uint64_t size) const {
+        return reinterpret_cast<std::uintptr_t>(place(offset, size));
     }
 
-    Bytes mapped(std::uint64_t fileAddress, std::uint64_t size) const {
-        return {reinterpret_cast<const std::uint8_t*>(base_ + fileAddress), size};
+    Bytes section() const {
+        const Range& range = image_.unwindInfo;
+        return {reinterpret_cast<const std::uint8_t*>(begin_ + (range.address - first_)), range.size};
     }
 
     std::uintptr_t personalityOf(const Table& table, std::uint32_t encoding) const {
         const std::uint32_t number = (encoding & kPersonalityMask) >> 28;
         if (number == 0) return 0;
         std::uintptr_t function;
-        std::memcpy(&function, reinterpret_cast<void*>(address(table.personality(number), sizeof function)),
-                    sizeof function);
+        std::memcpy(&function, place(table.personality(number), sizeof function), sizeof function);
         return function;
     }
 
@@ -312,8 +315,8 @@ class Translator {
     }
 
     const Image& image_;
-    std::uintptr_t base_;
-    std::uint64_t begin_;
+    const char* begin_;
+    std::uint64_t first_;
     Writer out_;
     std::map<std::uint32_t, std::uint32_t> landings_;
     std::map<std::uintptr_t, std::size_t> common_;
@@ -321,11 +324,11 @@ class Translator {
 
 }  // namespace
 
-std::string translateUnwindInfo(const Image& image, std::uintptr_t base, std::vector<std::uint8_t>& frames) {
+std::string translateUnwindInfo(const Image& image, const char* begin, std::vector<std::uint8_t>& frames) {
     frames.clear();
     if (image.unwindInfo.size == 0) return "";
     try {
-        Translator(image, base, frames).run();
+        Translator(image, begin, frames).run();
         return "";
     } catch (const Malformed& problem) {
         return problem.what();

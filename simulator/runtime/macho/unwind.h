@@ -9,11 +9,10 @@
 
 namespace phone::macho {
 
-// Translates the image's compact unwind information to one .eh_frame section, ended by a zero length. `base` is the
-// address in this process at which file address 0 of the image stands; the image must be in place with its pointers
-// bound, because personality functions are found through them. Empty frames with an empty answer: there is nothing to
-// register. Answers what is wrong otherwise. Functions that keep no frame pointer are refused unless they have no frame
-// at all.
-std::string translateUnwindInfo(const Image& image, std::uintptr_t base, std::vector<std::uint8_t>& frames);
+// Translates the image's compact unwind information to one .eh_frame section, ended by a zero length. The
+// image stands at `begin` with its pointers bound, because personality functions are found through them. Empty frames
+// with an empty answer: there is nothing to register. Answers what is wrong otherwise. Functions that keep no frame
+// pointer are refused unless they have no frame at all.
+std::string translateUnwindInfo(const Image& image, const char* begin, std::vector<std::uint8_t>& frames);
 
 }  // namespace phone::macho

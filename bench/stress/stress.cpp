@@ -278,7 +278,8 @@ int main(int argc, char** argv) {
         ->check(CLI::Range(2000, 1000000))
         ->capture_default_str();
     app.add_option("--seed", options.seed, "Another order of events")->capture_default_str();
-    app.add_option("--library", options.library, "Another build of the library, named ZelkaCB.so")->check(CLI::ExistingFile);
+    app.add_option("--library", options.library, "Another build of the library, named ZelkaCB.so")
+        ->check(CLI::ExistingFile);
     app.add_flag("--hammer-only", options.hammerOnly, "Only the processes whose threads meet, without hosts");
     CLI11_PARSE(app, argc, argv);
     return stressPhone();

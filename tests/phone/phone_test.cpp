@@ -8,6 +8,7 @@
 
 #include "simulator/phone/make_root.h"
 #include "simulator/runtime/notification_log.h"
+#include "tests/support/library_path.h"
 #include "tests/support/property_list.h"
 
 namespace test {
@@ -80,7 +81,7 @@ void PhoneTest::makePhone(const std::string& device, bool rightToLeft) {
     made.noCalls = true;
     made.device = device;
     made.rightToLeft = rightToLeft;
-    made.library = ZELKA_LIBRARY;
+    made.library = libraryPath();
     made.filter = ZELKA_FILTER;
     made.settingsBundle = ZELKA_BUNDLE;
     const auto report = phone::makeRoot(made);

@@ -10,9 +10,6 @@
 
 namespace test {
 
-// The library under test: the one that the environment variable ZELKA_LIBRARY names, else this machine's own build.
-std::string libraryPath();
-
 // One process, one root: every test of a fixture derived from this runs in a process of its own.
 class ExtensionTest : public testing::Test {
   protected:

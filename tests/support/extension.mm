@@ -1,19 +1,14 @@
 #include "tests/support/extension.h"
 
-#include <stdlib.h>
 #include <unistd.h>
 
 #include "simulator/runtime/library_loader.h"
 #include "simulator/runtime/process.h"
+#include "tests/support/library_path.h"
 
 extern "C" void __sanitizer_set_report_fd(void* descriptor) __attribute__((weak));
 
 namespace test {
-
-std::string libraryPath() {
-    const char* chosen = getenv("ZELKA_LIBRARY");
-    return chosen != nullptr ? chosen : ZELKA_LIBRARY;
-}
 
 ExtensionTest::~ExtensionTest() { [pool_ drain]; }
 

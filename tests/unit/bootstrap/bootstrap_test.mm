@@ -3,6 +3,7 @@
 
 #include "simulator/runtime/library_loader.h"
 #include "tests/support/extension.h"
+#include "tests/support/library_path.h"
 #include "tests/support/property_list.h"
 
 namespace {

@@ -1,8 +1,9 @@
-#include <dlfcn.h>
 #include <gmock/gmock.h>
 
+#include "simulator/runtime/library_loader.h"
 #include "tests/support/encodings.h"
 #include "tests/support/extension.h"
+#include "tests/support/library_path.h"
 
 // In this process, all of the host's classes are there: CallBar's from the stand-in's host programs, and the system
 // shell's application.
@@ -61,9 +62,7 @@ IMP implementationOf(const Row& row) {
 }
 
 bool isInLibrary(IMP implementation) {
-    Dl_info info;
-    return dladdr(reinterpret_cast<void*>(implementation), &info) != 0 &&
-           std::string(info.dli_fname).ends_with("ZelkaCB.so");
+    return phone::libraryOf(reinterpret_cast<void*>(implementation)) == test::libraryPath();
 }
 
 class HookTable : public test::ExtensionTest {};

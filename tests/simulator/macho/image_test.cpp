@@ -7,6 +7,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <ostream>
 
 #include "simulator/runtime/macho/format.h"
 
@@ -108,6 +109,8 @@ struct Damage {
     std::function<void(File&)> apply;
     const char* message;
 };
+
+void PrintTo(const Damage& damage, std::ostream* out) { *out << damage.name; }
 
 class DamagedImage : public testing::TestWithParam<Damage> {};
 

@@ -1,0 +1,1 @@
+// Gives the C++ tests their precompiled headers a target.

@@ -1,0 +1,1 @@
+// Gives the Objective-C++ tests their precompiled headers a target.

@@ -228,14 +228,6 @@ struct NSOperationQueue : NSObject {
     void add(NSBlockOperation operation) const { send<void, "addOperation:">(*this, operation); }
 };
 
-struct NSScanner : NSObject {
-    static NSScanner with(NSString text) {
-        return send<NSScanner, "scannerWithString:">(platformClass<"NSScanner">(), text);
-    }
-    // Reads a hexadecimal number, with or without 0x; leaves the value as it was when there is none.
-    bool scanHex(unsigned& value) const { return send<bool, "scanHexInt:">(*this, &value); }
-};
-
 // An autorelease pool that is drained at the end of its scope.
 class AutoreleasePool {
   public:

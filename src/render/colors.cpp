@@ -18,11 +18,22 @@ constexpr std::array kDarkPalette{"#4b9484", "#12a9d5", "#576c93", "#898c66", "#
 
 static_assert(kFullPalette.size() == 30 && kDarkPalette.size() == 13);
 
-// The number that two hexadecimal digits of the text spell.
+// The value of a hexadecimal digit of either case; -1 for any other character.
+constexpr int digitValue(std::uint16_t character) {
+    if (character >= '0' && character <= '9') return character - '0';
+    const int letter = character | ('a' ^ 'A');
+    return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
+}
+
+// The number that the two characters there begin with, in hexadecimal digits; 0 when the first is none. A shorter text
+// raises a range error.
 NSInteger componentAt(NSString text, NSUInteger position) {
-    unsigned value = 0;
-    NSScanner::with(literal<"0x">().appending(text.substringWithRange({position, 2}))).scanHex(value);
-    return static_cast<NSInteger>(value);
+    std::array<std::uint16_t, 2> characters{};
+    text.getCharacters(characters.data(), {position, characters.size()});
+    const int first = digitValue(characters[0]);
+    const int second = digitValue(characters[1]);
+    if (first < 0) return 0;
+    return second < 0 ? first : first * 16 + second;
 }
 
 std::size_t drawPaletteIndex(NSInteger seed, std::size_t count) {

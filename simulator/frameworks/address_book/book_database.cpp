@@ -37,8 +37,10 @@ class Connection {
 
   private:
     bool open() {
+        // Looking up where the root has the file takes longer than reading a row.
+        if (!database_) file_ = phone::hostPath(path_);
         struct stat now {};
-        if (stat(phone::hostPath(path_).c_str(), &now) != 0) {
+        if (stat(file_.c_str(), &now) != 0) {
             close();
             tell("there is no such file");
             return false;
@@ -67,6 +69,7 @@ class Connection {
     }
 
     const char* path_;
+    std::string file_;  // of this machine, known while the database is open
     std::mutex mutex_;
     sqlite3* database_ = nullptr;
     ino_t inode_ = 0;

@@ -117,8 +117,10 @@ TEST_F(LiveSettingsOnce, TwoSettingsChangedAtOnceAreTwoReloads) {
     HostProcess host(HostKind::callBarViewService, options());
     show(host, "recents");
     const int before = count(log(), "Loading settings completed..");
-    set("ZelkaCBEnabledRoundedPictures", false);
+    // One file for both, so that what the first reload queues goes by the new settings already.
+    switches_["ZelkaCBEnabledRoundedPictures"] = false;
     set("ZelkaCBEnabledMonogramPictures", false);
+    post("com.norvex.ZelkaCBRoundedPicturesEnabledNotification");
     const Json after = rows(host);
     EXPECT_EQ(count(log(), "Loading settings completed..") - before, 2);
     EXPECT_EQ(sourceOf(rowOf(after, kBob)), "default");

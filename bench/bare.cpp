@@ -3,9 +3,16 @@
 #include <gdk-pixbuf/gdk-pixbuf.h>
 #include <pango/pangocairo.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <ctime>
+#include <fstream>
+#include <iterator>
 #include <numbers>
 #include <string>
 
@@ -62,8 +69,22 @@ std::vector<int> linkedContacts(int contact) {
         contact);
 }
 
-Picture decode(const void* bytes, std::size_t length) {
-    GdkPixbufLoader* loader = gdk_pixbuf_loader_new_with_type("jpeg", nullptr);
+// The line that the library writes when a contact has no thumbnail of its own, behind what the log puts before all.
+void logSearch(int contact) {
+    timespec now;
+    clock_gettime(CLOCK_REALTIME, &now);
+    tm local;
+    localtime_r(&now.tv_sec, &local);
+    char date[32];
+    std::strftime(date, sizeof date, "%F %T", &local);
+    dprintf(STDERR_FILENO,
+            "%s.%03ld bench_pictures[%d:%d] com.norvex.ZelkaCB: Information => +[ZelkaCBUtils "
+            "getContactImageDataFromAB:], [Line 52], Getting image for %d\n",
+            date, now.tv_nsec / 1000000, getpid(), gettid(), contact);
+}
+
+Picture decode(const void* bytes, std::size_t length, const char* type) {
+    GdkPixbufLoader* loader = gdk_pixbuf_loader_new_with_type(type, nullptr);
     gdk_pixbuf_loader_write(loader, static_cast<const guchar*>(bytes), length, nullptr);
     gdk_pixbuf_loader_close(loader, nullptr);
     GdkPixbuf* picture = gdk_pixbuf_loader_get_pixbuf(loader);
@@ -111,9 +132,9 @@ Picture shape(cairo_surface_t* source, double radius) {
     return surface;
 }
 
-Picture finish(const void* bytes, std::size_t length) {
+Picture finish(const void* bytes, std::size_t length, const char* type = "jpeg") {
     constexpr double kDisc = kSide / 2.0;
-    const Picture decoded = decode(bytes, length);
+    const Picture decoded = decode(bytes, length, type);
     return shape(decoded.get(), kDisc);
 }
 
@@ -162,6 +183,7 @@ Picture barePhoto(int contact) {
 
 Picture bareLinkedPhoto(int contact) {
     if (Picture own = barePhoto(contact)) return own;
+    logSearch(contact);
     for (int linked : linkedContacts(contact)) {
         if (linked == contact) continue;
         if (Picture theirs = barePhoto(linked)) return theirs;
@@ -174,12 +196,19 @@ Picture bareMonogram(const char* initials) {
     Picture disc(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, kSide, kSide));
     cairo_t* cairo = cairo_create(disc.get());
     cairo_scale(cairo, kScale, kScale);
-    cairo_set_source_rgb(cairo, 0.2, 0.4, 0.6);
+    const std::uint32_t color = arc4random();
+    cairo_set_source_rgb(cairo, (color & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0, (color >> 16 & 0xFF) / 255.0);
     cairo_arc(cairo, kPoints / 2, kPoints / 2, kPoints / 2, 0, 2 * std::numbers::pi);
     cairo_fill(cairo);
     drawInitials(cairo, initials, kPoints);
     cairo_destroy(cairo);
     return shape(disc.get(), kCorner * kScale);
+}
+
+Picture bareDefaultPicture() {
+    std::ifstream file(ZELKA_BUNDLE "/recent@2x.png", std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    return bytes.empty() ? nullptr : finish(bytes.data(), bytes.size(), "png");
 }
 
 std::vector<Picture> barePreload() {

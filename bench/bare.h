@@ -16,10 +16,13 @@ using Picture = std::unique_ptr<cairo_surface_t, DestroySurface>;
 
 // Reads the contact's thumbnail with a connection of its own. None: nullptr.
 Picture barePhoto(int contact);
-// Finds out that the contact has no thumbnail, then who is linked with it, and reads the first thumbnail among those.
+// Finds out that the contact has no thumbnail, logs so, then who is linked with it, and reads the first thumbnail among
+// those.
 Picture bareLinkedPhoto(int contact);
 // An 80-pixel monogram for 40 points, rounded off at its corners.
 Picture bareMonogram(const char* initials);
+// The picture of contacts without one, from the preference bundle.
+Picture bareDefaultPicture();
 // Every thumbnail of the image database, in one pass.
 std::vector<Picture> barePreload();
 

@@ -1,6 +1,7 @@
 #include "bench/report.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 namespace bench {
@@ -8,9 +9,10 @@ namespace {
 
 std::string readable(double nanoseconds) {
     char text[32];
-    if (nanoseconds < 1e4)
+    const double size = std::abs(nanoseconds);
+    if (size < 1e4)
         std::snprintf(text, sizeof text, "%.0f ns", nanoseconds);
-    else if (nanoseconds < 1e7)
+    else if (size < 1e7)
         std::snprintf(text, sizeof text, "%.1f us", nanoseconds / 1e3);
     else
         std::snprintf(text, sizeof text, "%.1f ms", nanoseconds / 1e6);

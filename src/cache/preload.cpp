@@ -10,7 +10,6 @@
 #include "src/util/database.h"
 #include "src/util/device_hardware.h"
 #include "src/util/log.h"
-#include "src/util/preference_bundle.h"
 
 namespace {
 
@@ -25,7 +24,7 @@ UIImage substituteFor(ABRecordID contactID) {
     if (ZelkaCBUtils::getContactImageDataFromAB(contactID)) return {};
     UIImage picture;
     if (ZelkaCBUtils::isMonogramEnabled()) picture = ZelkaCBUtils::monogramImage(NSString{}, contactID);
-    return picture ? picture : ZelkaCBUtils::getImage(bundlePicturePath(literal<"recent">()));
+    return picture ? picture : ZelkaCBUtils::recentPicture();
 }
 
 void storePictureOf(const Statement& row) {

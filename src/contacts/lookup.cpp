@@ -10,7 +10,6 @@
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"
 #include "src/util/log.h"
-#include "src/util/preference_bundle.h"
 
 namespace {
 
@@ -33,7 +32,7 @@ UIImage getContactImageOnly(ABRecordID contactID, NSString monogramText, bool ne
     if (NSData photo = photoOfContact(contactID)) return getImageFromImageData(photo, contactID);
     UIImage picture = isMonogramEnabled() ? monogramImage(monogramText, contactID, size, font) : known;
     if (picture) return picture;
-    picture = getImage(bundlePicturePath(literal<"recent">()));
+    picture = recentPicture();
     // Under the contact's own ID, so that nobody looks for its picture again.
     storeImage(picture, cacheKey(contactID));
     return picture;
@@ -52,7 +51,7 @@ UIImage getContactImage(ABRecordID contactID) {
     if (NSData photo = photoOfContact(contactID)) return getImageFromImageData(photo, contactID);
     UIImage picture;
     if (isMonogramEnabled()) picture = monogramImage(getMonogramTextFromAB(contactID), contactID);
-    return picture ? picture : getImage(bundlePicturePath(literal<"recent">()));
+    return picture ? picture : recentPicture();
 }
 
 UIImage getContactImageByNumber(NSString text) {

@@ -12,7 +12,6 @@
 #include "src/settings/settings.h"
 #include "src/util/device.h"
 #include "src/util/log.h"
-#include "src/util/preference_bundle.h"
 
 namespace {
 
@@ -60,7 +59,7 @@ UIImage getContactImageOnlyIOS7(ContactsUIPerson person) {
     if (NSData photo = photoOfPerson(person)) return getImageFromImageData(photo, contactID);
     UIImage picture;
     if (isMonogramEnabled()) picture = monogramImage(getMonogramTextFromAB(contactID), contactID);
-    if (!picture) picture = getImage(bundlePicturePath(literal<"recent">()));
+    if (!picture) picture = recentPicture();
     storeImage(picture, cacheKey(contactID));
     return picture;
 }

@@ -40,11 +40,6 @@ bool picturesWanted() {
     return settings.isZelkaCBEnabled() && settings.isShowPicturesOnContacts();
 }
 
-bool monogramsWanted() {
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    return settings.isZelkaCBEnabled() && settings.isMonogramEnabled();
-}
-
 std::int32_t contactIDOf(ABMemberCell cell) { return send<std::int32_t, "recordID">(cell.person()); }
 
 UIView nameViewOf(ABMemberCell cell) {
@@ -80,7 +75,7 @@ void layOutMember(ABMemberCell cell, SEL command) {
     placeNameView(cell);
     placePicture(cell, picture);
     UIImage cached = cachedPicture(contactIDOf(cell));
-    picture.setImage(cached ? cached : recentPlaceholder());
+    picture.setImage(cached ? cached : ZelkaCBUtils::recentPicture());
 }
 
 NSData thumbnailOf(ABMemberCell cell) {
@@ -96,7 +91,7 @@ UIImage pictureWithoutPhoto(std::int32_t contactID, ListRules rules) {
         return ZelkaCBUtils::monogramImage(text, contactID);
     }
     if (rules.logsMonograms) logParts("Monograms turned off...");
-    UIImage placeholder = recentPlaceholder();
+    UIImage placeholder = ZelkaCBUtils::recentPicture();
     ZelkaCBUtils::setContactImage(placeholder, contactID);
     return placeholder;
 }

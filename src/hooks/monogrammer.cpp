@@ -3,6 +3,7 @@
 #include "src/cache/image_cache.h"
 #include "src/contacts/initials.h"
 #include "src/contacts/lookup.h"
+#include "src/hooks/picture_view.h"
 #include "src/render/monograms.h"
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"
@@ -26,9 +27,7 @@ bool answersFor(ABMonogrammer monogrammer) {
 UIImage copied(UIImage picture) { return Owned<UIImage>::retain(picture).leak(); }
 
 NSString monogramTextOf(std::int32_t contactID) {
-    // The setting alone, without the system-version test that other monograms pass.
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    if (!settings.isZelkaCBEnabled() || !settings.isMonogramEnabled()) return {};
+    if (!monogramsWanted()) return {};
     return ZelkaCBUtils::monogramTextFromAB(contactID);
 }
 

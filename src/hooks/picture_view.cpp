@@ -1,7 +1,6 @@
 #include "src/hooks/picture_view.h"
 
-#include "src/render/shaping.h"
-#include "src/util/preference_bundle.h"
+#include "src/settings/settings.h"
 
 namespace hooks {
 
@@ -17,6 +16,9 @@ void removePictureView(UIImageView pictureView) {
     pictureView.removeFromSuperview();
 }
 
-UIImage recentPlaceholder() { return ZelkaCBUtils::getImage(bundlePicturePath(literal<"recent">())); }
+bool monogramsWanted() {
+    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
+    return settings.isZelkaCBEnabled() && settings.isMonogramEnabled();
+}
 
 }  // namespace hooks

@@ -25,7 +25,7 @@ UIImageView addPictureView(UIView container, CGRect frame);
 // Takes the picture out of the cell; a cell without one is left alone.
 void removePictureView(UIImageView pictureView);
 
-// The preference bundle's default picture, which stands in while there is nothing better (+0).
-UIImage recentPlaceholder();
+// Whether the user wants monograms, by the settings alone: without the system-version test that drawing them makes.
+bool monogramsWanted();
 
 }  // namespace hooks

@@ -23,11 +23,6 @@ bool picturesWanted() {
     return settings.isZelkaCBEnabled() && settings.isShowPicturesOnRecents();
 }
 
-bool monogramsWanted() {
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    return settings.isZelkaCBEnabled() && settings.isMonogramEnabled();
-}
-
 // The value of an instance variable that the host publishes no accessor for; zero where it is missing.
 void* hostVariable(NSObject host, const char* name) {
     void* value = nullptr;
@@ -74,7 +69,7 @@ NSString monogramTextOf(NSObject call, std::int32_t contactID) {
 }
 
 UIImage placeholder(NSString monogramText) {
-    return monogramsWanted() ? ZelkaCBUtils::monogramImage(monogramText, 0) : recentPlaceholder();
+    return monogramsWanted() ? ZelkaCBUtils::monogramImage(monogramText, 0) : ZelkaCBUtils::recentPicture();
 }
 
 // What a background load carries from the row to the queue and back to the main thread.

@@ -124,9 +124,11 @@ UIImage getMonogramImage(NSInteger contactID) {
 
 UIImage getMonogramImage() { return getMonogramImage(0); }
 
+UIImage recentPicture() { return getImage(bundlePicturePath(literal<"recent">())); }
+
 UIImage defaultImage() {
     if (isMonogramEnabled()) return getMonogramImage();
-    return getImage(bundlePicturePath(literal<"recent">()));
+    return recentPicture();
 }
 
 }  // namespace ZelkaCBUtils

@@ -31,6 +31,9 @@ UIImage getMonogramImage(NSInteger contactID, UIColor color);
 UIImage getMonogramImage(NSInteger contactID);
 UIImage getMonogramImage();
 
+// The preference bundle's "recent" picture, 80 by 80, which stands where nothing better is to be had.
+UIImage recentPicture();
+
 // What stands in for a picture that is not there: a silhouette, or the "recent" picture when monograms are off.
 UIImage defaultImage();
 

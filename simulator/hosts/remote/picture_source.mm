@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <map>
 #include <optional>
 
@@ -39,16 +40,17 @@ void forInnerDisc(const Pixels& pixels, Visit visit) {
     }
 }
 
-bool samePicture(const Pixels& a, const Pixels& b) {
-    if (a.empty() || b.empty()) return false;
-    double difference = 0;
+// The mean difference a byte over the inner disc; infinite when there is nothing to compare.
+double difference(const Pixels& a, const Pixels& b) {
+    if (a.empty() || b.empty()) return std::numeric_limits<double>::infinity();
+    double sum = 0;
     long bytes = 0;
     forInnerDisc(a, [&](const uint8_t* pixel, size_t x, size_t y) {
         const uint8_t* other = b.at(x, y);
-        for (int i = 0; i < 4; ++i) difference += std::abs(pixel[i] - other[i]);
+        for (int i = 0; i < 4; ++i) sum += std::abs(pixel[i] - other[i]);
         bytes += 4;
     });
-    return difference / static_cast<double>(bytes) < kSamePicture;
+    return sum / static_cast<double>(bytes);
 }
 
 bool transparent(const Pixels& pixels) {
@@ -59,7 +61,7 @@ bool transparent(const Pixels& pixels) {
 
 bool showsPhotoOf(const Pixels& shown, ABUIPerson* person) {
     NSData* data = [person preferredPhotoThumbnail];
-    return [data length] > 0 && samePicture(shown, pixelsStretched([UIImage imageWithData:data], kSide));
+    return [data length] > 0 && difference(shown, pixelsStretched([UIImage imageWithData:data], kSide)) < kSamePicture;
 }
 
 // The bundle's file for this screen; nil when it is missing.
@@ -116,16 +118,27 @@ Pixels over(const Pixels& figure, const Colour& colour) {
     return result;
 }
 
-std::optional<PictureSource> silhouette(const Pixels& shown) {
+// Which of the bundle's pictures is shown. A silhouette on a greyish colour is not far from the default picture, nor
+// the default picture from a silhouette on grey: the nearest is meant.
+std::optional<PictureSource> bundlePictureShown(const Pixels& shown) {
+    double nearest = kSamePicture;
+    std::optional<PictureSource> found;
+    const auto offer = [&](const Pixels& candidate, const PictureSource& source) {
+        const double distance = difference(shown, candidate);
+        if (distance >= nearest) return;
+        nearest = distance;
+        found = source;
+    };
+
+    offer(pixelsStretched(bundlePicture(@"recent"), kSide), {"default", 0, ""});
     for (NSString* name in @[ @"user_monogram_round", @"user_monogram" ]) {
         const Pixels figure = pixelsStretched(bundlePicture(name), kSide);
         if (figure.empty()) continue;
-        if (samePicture(shown, figure)) return PictureSource{"silhouette", 0, ""};
+        offer(figure, {"silhouette", 0, ""});
         const std::optional<Colour> colour = colourBehind(shown, figure);
-        if (colour && samePicture(shown, over(figure, *colour)))
-            return PictureSource{"silhouette", 0, colourText(*colour)};
+        if (colour) offer(over(figure, *colour), {"silhouette", 0, colourText(*colour)});
     }
-    return std::nullopt;
+    return found;
 }
 
 // Whether the colour lies between `from` and white, as the edge of a white letter does; `share` is how far.
@@ -180,8 +193,7 @@ PictureSource sourceOfPicture(UIImage* image, int contact) {
     if (showsPhotoOf(small, person)) return {"photo", contact, ""};
     for (ABUIPerson* linked in [person linkedPeople])
         if ([linked recordID] != contact && showsPhotoOf(small, linked)) return {"linked photo", [linked recordID], ""};
-    if (samePicture(small, pixelsStretched(bundlePicture(@"recent"), kSide))) return {"default", 0, ""};
-    if (const auto found = silhouette(small)) return *found;
+    if (const auto found = bundlePictureShown(small)) return *found;
     if (systemMonogram(shown)) return {"system monogram", 0, ""};
     if (const auto found = monogram(shown)) return *found;
     return {"other", 0, ""};

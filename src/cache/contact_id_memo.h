@@ -1,5 +1,5 @@
-// The contact IDs found for phone numbers and e-mail texts, by the exact text. Made on first use; read and written
-// without a lock, from any thread.
+// The contact IDs found for phone numbers and e-mail texts, by the exact text. Read and written without a
+// lock, from any thread.
 #pragma once
 
 #include "src/platform/address_book.h"

@@ -145,10 +145,7 @@ bool isRoundedPicsEnabled() {
     return ZLKCBSettings::sharedSettings().isRoundedPicsEnabled();
 }
 
-bool isMonogramEnabled() {
-    initialiseUtilityClass();
-    return isIOS_7() && ZLKCBSettings::sharedSettings().isMonogramEnabled();
-}
+bool isMonogramEnabled() { return isIOS_7() && ZLKCBSettings::sharedSettings().isMonogramEnabled(); }
 
 std::span<const MethodRow> settingsMethods() {
     static constexpr MethodRow rows[] = {

@@ -1,6 +1,7 @@
 #include "src/util/device.h"
 
 #include "src/platform/uikit.h"
+#include "src/util/utility_class.h"
 
 namespace ZelkaCBUtils {
 namespace {
@@ -42,7 +43,10 @@ bool isMatchingIOSFound(NSString version) {
     return own && version && own.caseInsensitiveCompare(version) == kOrderedSame;
 }
 
-bool isIOS_7() { return systemVersionNumber() >= kVersion7; }
+bool isIOS_7() {
+    initialiseUtilityClass();
+    return systemVersionNumber() >= kVersion7;
+}
 
 bool isIOS_8() { return systemVersionNumber() >= kVersion8; }
 

@@ -1,5 +1,5 @@
 // What the hooks ask about the system and the screen. Every query asks the platform again, so that a turned or changed
-// screen shows at once; none keeps state. Main thread: the status bar's orientation is its own.
+// screen shows at once; none keeps state. Any thread, but for the screen's width and height.
 #pragma once
 
 #include "src/platform/class_builder.h"
@@ -20,7 +20,8 @@ bool isIPhone4();
 bool isIPhone6();
 bool isIPhone6Plus();
 bool isIPhone6OR6Plus();
-// The main screen's size in points as the interface stands: before version 8 the system tells it upright always.
+// The main screen's size in points as the interface stands: before version 8 the system tells it upright always. Main
+// thread, which the status bar's orientation belongs to.
 CGFloat screenWidth();
 CGFloat screenHeight();
 

@@ -4,6 +4,6 @@
 #include "src/platform/runtime.h"
 
 // Does to the class what a first message does: the runtime initialises it, which makes the image cache. The library's
-// direct calls skip messages, so whatever a message could have come first to calls this. Any thread; costs one load
-// once the class is initialised.
+// direct calls skip messages, so what the hooks may call first does this. Any thread; costs one load once the class is
+// initialised.
 void initialiseUtilityClass();

@@ -18,8 +18,6 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
-extern char** environ;
-
 namespace hosts {
 
 // The end of a wait, kept with its length for the message.
@@ -58,12 +56,14 @@ std::vector<std::string> mergedEnvironment(const std::vector<std::pair<std::stri
     }
     for (const auto& [name, value] : added) variables[name] = value;
     std::vector<std::string> result;
-    for (const auto& [name, value] : variables) result.push_back(name + "=" + value);
+    result.reserve(variables.size());
+    for (const auto& [name, value] : variables) result.emplace_back(name).append("=").append(value);
     return result;
 }
 
 std::vector<char*> pointers(std::vector<std::string>& texts) {
     std::vector<char*> result;
+    result.reserve(texts.size() + 1);
     for (auto& text : texts) result.push_back(text.data());
     result.push_back(nullptr);
     return result;

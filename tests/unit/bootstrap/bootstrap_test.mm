@@ -85,6 +85,22 @@ TEST_F(Bootstrap, ACompleteFileKeepsItsValues) {
     EXPECT_EQ(loggedLines(updating(6)), 1);
 }
 
+// What points at the old file keeps its bytes: the new one is written beside it and takes its place.
+TEST_F(Bootstrap, ACompleteFileIsWrittenAnewAllTheSame) {
+    const std::string before = propertyList({{"ZelkaCBEnabled", true},
+                                             {"ZelkaCBEnabledRoundedPictures", false},
+                                             {"ZelkaCBEnabledMonogramPictures", true},
+                                             {"ZelkaCBEnabledFavorites", false},
+                                             {"ZelkaCBEnabledRecents", true},
+                                             {"ZelkaCBEnabledContacts", false}});
+    root.write(kSettingsPath, before);
+    std::filesystem::create_hard_link(root.host(kSettingsPath), root.host("/tmp/old.plist"));
+    boot();
+    EXPECT_FALSE(std::filesystem::equivalent(root.host(kSettingsPath), root.host("/tmp/old.plist")));
+    EXPECT_EQ(root.read("/tmp/old.plist"), before);
+    EXPECT_EQ(seeded(), "101010");
+}
+
 TEST_F(Bootstrap, OtherKeysAndValuesOfOtherTypesAreKept) {
     root.write(kSettingsPath,
                "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>theme</key><string>dark</string>"
@@ -181,17 +197,20 @@ TEST_F(Bootstrap, AProcessThatIsNotServedIsObservedForAndLeftAlone) {
     EXPECT_FALSE(root.exists(kSettingsPath));
 }
 
-TEST_F(Bootstrap, TheIdentifiersLetterCaseCounts) {
-    boot("com.apple.SpringBoard");
+class NearlyServed : public Bootstrap, public testing::WithParamInterface<const char*> {};
+
+// Letter case and length of the identifier count.
+TEST_P(NearlyServed, AnIdentifierThatOnlyResemblesAServedOneIsNotServed) {
+    boot(GetParam());
     EXPECT_EQ(observed(), kObserved);
     EXPECT_FALSE(root.exists(kLogPath));
     EXPECT_FALSE(root.exists(kSettingsPath));
 }
 
-TEST_F(Bootstrap, AnIdentifierThatOnlyBeginsLikeAServedOneIsNotServed) {
-    boot("com.apple.springboard.helper");
-    EXPECT_FALSE(root.exists(kLogPath));
-}
+INSTANTIATE_TEST_SUITE_P(Identifiers, NearlyServed,
+                         testing::Values("com.apple.SpringBoard", "com.apple.springboard.helper", "com.apple.spring",
+                                         "net.vantrel.CallBarViewService", "net.vantrel.callbarviewservice2",
+                                         "net.vantrel.callbar"));
 
 TEST_F(Bootstrap, NothingHappensInAProcessWithoutIdentifier) {
     boot("");
@@ -208,9 +227,19 @@ TEST_F(Bootstrap, DoesNotMakeTheSettings) {
 TEST_F(Bootstrap, WithoutCallBarsClassesTheSystemClassesAreHookedAll) {
     boot("com.apple.mobilephone");
     ASSERT_EQ(objc_getClass("CallBarABViewController"), Nil);
-    IMP implementation =
-        class_getMethodImplementation(objc_getClass("ABMonogrammer"), sel_registerName("_copyMonogramWithInitials:"));
-    EXPECT_EQ(phone::libraryOf(reinterpret_cast<void*>(implementation)), test::libraryPath());
+    const std::pair<const char*, const char*> hooked[] = {
+        {"ABMonogrammer", "_copyMonogramWithInitials:"},
+        {"ABMonogrammer", "_copyMonogramWithImageData:"},
+        {"ABMonogrammer", "monogramForPerson:isPersonImage:"},
+        {"ABMembersViewController", "viewDidAppear:"},
+        {"ABMemberCell", "_drawText:withColor:shadowColor:shadowOffset:atPoint:forWidth:withFont:lineBreakMode:"},
+        {"ABMemberCell", "layoutSubviews"},
+        {"ABMembersDataSource", "tableView:cellForRowAtIndexPath:"},
+        {"ABMembersFilteredDataSource", "tableView:cellForRowAtIndexPath:"}};
+    for (const auto& [name, selector] : hooked) {
+        IMP implementation = class_getMethodImplementation(objc_getClass(name), sel_registerName(selector));
+        EXPECT_EQ(phone::libraryOf(reinterpret_cast<void*>(implementation)), test::libraryPath()) << name << selector;
+    }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "simulator/phone/address_book_builder.h"
 #include "tests/support/extension.h"
+#include "tests/support/pictures.h"
 
 namespace {
 
@@ -81,6 +82,21 @@ TEST_F(ContactIDMemo, RemovalOfAnUncachedPictureForgetsTheIDAllTheSame) {
     removeEverybody();
     EXPECT_FALSE([Utils removeImageFromCache:annID_]);
     EXPECT_EQ([Utils getContactID:@"ann@example.com"], -1);
+}
+
+TEST_F(ContactIDMemo, RemovalOfACachedPictureForgetsTheIDToo) {
+    [Utils getContactID:@"ann@example.com"];
+    [Utils setContactImage:test::redPicture(2, 2, 1) contactId:annID_];
+    removeEverybody();
+    EXPECT_TRUE([Utils removeImageFromCache:annID_]);
+    EXPECT_EQ([Utils getContactID:@"ann@example.com"], -1);
+}
+
+TEST_F(ContactIDMemo, RemovingAvatarsForgetsNothing) {
+    [Utils getContactID:@"ann@example.com"];
+    removeEverybody();
+    [Utils removeAvatarsFromCache];
+    EXPECT_EQ([Utils getContactID:@"ann@example.com"], annID_);
 }
 
 TEST_F(ContactIDMemo, RemovalWithAnIDBelow1ForgetsNothing) {

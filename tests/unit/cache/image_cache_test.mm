@@ -1,3 +1,6 @@
+#include <gmock/gmock.h>
+
+#include "simulator/frameworks/contacts_ui/contacts_ui.h"
 #include "tests/support/extension.h"
 
 namespace {
@@ -22,6 +25,17 @@ TEST_F(ImageCache, IsMadeByTheFirstMessageToTheClass) {
     EXPECT_EQ(madeCache(), 1);
     EXPECT_NE(log().find("com.norvex.ZelkaCB: Information => +[ZelkaCBUtils initImageCache], [Line "),
               std::string::npos);
+}
+
+class ImageCacheElsewhere : public test::ExtensionTest {};
+
+// A row of the system's Contacts list asks for the system's version before it asks what process this is.
+TEST_F(ImageCacheElsewhere, IsMadeByTheFirstLayoutOfAContactsRow) {
+    boot("com.apple.mobilephone");
+    testing::internal::CaptureStderr();
+    [[[[ABMemberCell alloc] init] autorelease] layoutSubviews];
+    EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                testing::HasSubstr("], Creating image cache for com.apple.mobilephone."));
 }
 
 TEST_F(ImageCache, IsMadeOnce) {

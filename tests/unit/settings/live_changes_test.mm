@@ -94,12 +94,31 @@ class LiveChanges : public test::ExtensionTest {
     }
 
     // The Contacts list's table is remembered when it is first served.
-    UITableView* showMembers() {
+    void showMembers() {
         UITableView* table = [[[ReloadedTable alloc] initWithFrame:CGRectMake(0, 0, 320, 480)] autorelease];
         ABMembersDataSource* source = [[[ABMembersDataSource alloc] init] autorelease];
         [source setMembers:ABUIReadMembers()];
         [source tableView:table cellForRowAtIndexPath:[NSIndexPath indexPathForRow:0 inSection:0]];
-        return table;
+    }
+
+    // Does the work on another thread, notes "done" when it has returned, and serves the main thread meanwhile.
+    template <class Work>
+    void onAnotherThread(Work work) {
+        std::atomic<bool> returned = false;
+        std::thread other([&] {
+            @autoreleasepool {
+                [NSThread currentThread];
+                work();
+                [events appendString:@"done "];
+            }
+            returned = true;
+        });
+        NSDate* limit = [NSDate dateWithTimeIntervalSinceNow:10];
+        while (!returned && [limit timeIntervalSinceNow] > 0) {
+            [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode
+                                     beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.01]];
+        }
+        other.join();
     }
 
     std::string happened() const { return [events UTF8String]; }
@@ -114,6 +133,24 @@ TEST_F(LiveChanges, EmptyTheCacheThenReloadThenRedraw) {
     EXPECT_EQ(test::deliver(kNotifications[0]), 1);
     EXPECT_EQ(happened(), "redraw((null),(null),0,0) ");
     EXPECT_TRUE([Utils isZelkaCBOnlyOn]);
+}
+
+// Stands in for the platform's reading of a dictionary from a file: notes whether a picture is still cached.
+IMP platformRead;
+id noteRead(id receiver, SEL command, NSString* path) {
+    if ([[path lastPathComponent] isEqual:@"com.norvex.ZelkaCB.plist"])
+        [events appendFormat:@"load(%d) ", [Utils getContactImageInCache:7] != nil];
+    return reinterpret_cast<id (*)(id, SEL, NSString*)>(platformRead)(receiver, command, path);
+}
+
+TEST_F(LiveChanges, EmptyTheCacheBeforeTheSettingsAreRead) {
+    start();
+    [SettingsClass sharedSettings];
+    Class reader = [[[[NSMutableDictionary alloc] init] autorelease] class];
+    platformRead = class_getMethodImplementation(reader, @selector(initWithContentsOfFile:));
+    class_replaceMethod(reader, @selector(initWithContentsOfFile:), reinterpret_cast<IMP>(noteRead), "@@:@");
+    test::deliver(kNotifications[0]);
+    EXPECT_EQ(happened(), "load(0) redraw((null),(null),0,1) ");
 }
 
 TEST_F(LiveChanges, EveryNotificationDoesAllOfTheWorkWhateverItsName) {
@@ -154,9 +191,15 @@ TEST_F(LiveChanges, TwoChangesAreTwoFullReloads) {
 
 TEST_F(LiveChanges, AreIgnoredInAProcessThatIsNotServed) {
     start("com.apple.mobilephone");
+    root.write(test::kSettingsPath, test::propertyList({{"ZelkaCBEnabledRecents", true}}));
+    ASSERT_TRUE([[SettingsClass sharedSettings] isShowPicturesOnRecents]);
+    root.write(test::kSettingsPath, test::propertyList({}));
+    testing::internal::CaptureStderr();
     EXPECT_EQ(test::deliver(kNotifications[0]), 1);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_EQ(happened(), "");
     EXPECT_NE([Utils getContactImageInCache:7], nil);
+    EXPECT_TRUE([[SettingsClass sharedSettings] isShowPicturesOnRecents]);
 }
 
 TEST_F(LiveChanges, ActInTheViewService) {
@@ -167,31 +210,17 @@ TEST_F(LiveChanges, ActInTheViewService) {
 
 TEST_F(LiveChanges, ReloadTheContactsTableAfterTheOthersWereTold) {
     start();
-    UITableView* table = showMembers();
+    showMembers();
     [events setString:@""];
     test::deliver(kNotifications[0]);
     EXPECT_EQ(happened(), "redraw((null),(null),0,1) reload ");
-    EXPECT_GT([table retainCount], 0u);
 }
 
 TEST_F(LiveChanges, WaitForTheContactsTablesReloadOnTheMainThread) {
     start();
     showMembers();
     [events setString:@""];
-    std::atomic<bool> delivered = false;
-    std::thread other([&] {
-        @autoreleasepool {
-            [[NSThread currentThread] description];
-            test::deliver(kNotifications[0]);
-            [events appendString:@"done "];
-        }
-        delivered = true;
-    });
-    NSDate* limit = [NSDate dateWithTimeIntervalSinceNow:10];
-    while (!delivered && [limit timeIntervalSinceNow] > 0) {
-        [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.01]];
-    }
-    other.join();
+    onAnotherThread([] { test::deliver(kNotifications[0]); });
     EXPECT_EQ(happened(), "redraw((null),(null),0,1) reload done ");
 }
 
@@ -202,12 +231,23 @@ TEST_F(LiveChanges, TheFavouritesStripIsClearedThenBuiltAnew) {
     EXPECT_EQ(happened(), "cleanup reset ");
 }
 
-TEST_F(LiveChanges, ACallListReloadsItsTable) {
-    start();
+CallBarABViewController* callListWithTable() {
     CallBarABViewController* controller = [[[CallBarABViewController alloc] init] autorelease];
     controller->_table = [[[ReloadedTable alloc] initWithFrame:CGRectMake(0, 0, 320, 480)] autorelease];
-    [(id)controller zelkaCBSettingsChanged:nil];
+    return controller;
+}
+
+TEST_F(LiveChanges, ACallListReloadsItsTable) {
+    start();
+    [(id)callListWithTable() zelkaCBSettingsChanged:nil];
     EXPECT_EQ(happened(), "reload ");
+}
+
+TEST_F(LiveChanges, ACallListReloadsItsTableOnTheMainThreadAndWaits) {
+    start();
+    id controller = callListWithTable();
+    onAnotherThread([&] { [controller zelkaCBSettingsChanged:nil]; });
+    EXPECT_EQ(happened(), "reload done ");
 }
 
 TEST_F(LiveChanges, ACallListWithoutTableReloadsNothing) {

@@ -153,6 +153,14 @@ TEST_F(SettingsStore, IsReadFromTheRelativePathNotFromTheHomeDirectory) {
     EXPECT_EQ(values(), "000001");
 }
 
+TEST_F(SettingsStore, IsReadRelativeToTheWorkingDirectory) {
+    boot();
+    root.write("/elsewhere/User/Library/Preferences/com.norvex.ZelkaCB.plist",
+               propertyList({{"ZelkaCBEnabledContacts", true}}));
+    std::filesystem::current_path(root.path() / "elsewhere");
+    EXPECT_EQ(values(), "000001");
+}
+
 TEST_F(SettingsStore, SettersChangeTheirOwnValueOnly) {
     boot();
     ZLKCBSettings* settings = [SettingsClass sharedSettings];
@@ -174,11 +182,19 @@ TEST_F(SettingsStore, DescribesItselfOnSixLines) {
     EXPECT_STREQ([[[SettingsClass sharedSettings] description] UTF8String],
                  "Zelka For Call Enabled: 1\nRound Pictures Enabled: 1\nMonogram Enabled: 1\nZelka on Favorites: 1\n"
                  "Zelka on Recents:1\nZelka on Contacts:1.");
-    [[SettingsClass sharedSettings] setIsRoundedPicsEnabled:NO];
-    [[SettingsClass sharedSettings] setIsShowPicturesOnContacts:NO];
-    EXPECT_STREQ([[[SettingsClass sharedSettings] description] UTF8String],
-                 "Zelka For Call Enabled: 1\nRound Pictures Enabled: 0\nMonogram Enabled: 1\nZelka on Favorites: 1\n"
-                 "Zelka on Recents:1\nZelka on Contacts:0.");
+}
+
+TEST_F(SettingsStore, DescriptionHasEachSettingOnItsLine) {
+    boot();
+    std::string seen;
+    for (const char* key : test::kSettingsKeys) {
+        root.write(kSettingsPath, propertyList({{key, true}}));
+        [[SettingsClass sharedSettings] loadSettings];
+        for (NSString* line in [[[SettingsClass sharedSettings] description] componentsSeparatedByString:@"\n"])
+            seen += [line rangeOfString:@":1"].length + [line rangeOfString:@": 1"].length > 0 ? '1' : '0';
+        seen += ' ';
+    }
+    EXPECT_EQ(seen, "100000 010000 001000 000100 000010 000001 ");
 }
 
 TEST_F(SettingsStore, SettingsDictionaryIsACopyThatTheCallerOwns) {

@@ -25,6 +25,15 @@ class DeviceQueries : public test::ExtensionTest {
         [[UIApplication alloc] init];
     }
 
+    // Becomes a tablet with that phone's screen.
+    void bootTablet(const char* profile) {
+        root.setDevice(profile);
+        phone::Device device = read();
+        device.idiom = 1;
+        write(device);
+        boot();
+    }
+
     void bootProfile(const char* profile) {
         root.setDevice(profile);
         boot();
@@ -55,6 +64,12 @@ TEST_F(DeviceQueries, Version712Is7ButNot8) {
     bootVersion("7.1.2");
     EXPECT_TRUE([Utils isIOS_7]);
     EXPECT_FALSE([Utils isIOS_8]);
+}
+
+TEST_F(DeviceQueries, Version80IsBoth) {
+    bootVersion("8.0");
+    EXPECT_TRUE([Utils isIOS_7]);
+    EXPECT_TRUE([Utils isIOS_8]);
 }
 
 TEST_F(DeviceQueries, Version10IsBoth) {
@@ -122,13 +137,32 @@ TEST_F(DeviceQueries, ASmallerPhoneIsNeitherIPhone6Nor6Plus) {
     EXPECT_FALSE([Utils isIPhone6OR6Plus]);
 }
 
-TEST_F(DeviceQueries, ATabletIsNeverAnIPhone6WhateverItsHeight) {
-    phone::Device device = read();
-    device.idiom = 1;
-    write(device);
-    boot();
+TEST_F(DeviceQueries, ATabletAsHighAsAnIPhone6IsNone) {
+    bootTablet("iphone6-8.4");
     EXPECT_FALSE([Utils isIPhone6]);
     EXPECT_FALSE([Utils isIPhone6OR6Plus]);
+}
+
+TEST_F(DeviceQueries, ATabletAsHighAsAPlusIsNone) {
+    bootTablet("iphone6plus-8.4");
+    EXPECT_FALSE([Utils isIPhone6Plus]);
+    EXPECT_FALSE([Utils isIPhone6OR6Plus]);
+}
+
+TEST_F(DeviceQueries, FromVersion8TheNativeHeightCountsHoweverThePhoneIsTurned) {
+    bootOrientation("iphone6-8.4", 3);
+    ASSERT_EQ([[UIScreen mainScreen] bounds].size.height, 375);
+    EXPECT_TRUE([Utils isIPhone6]);
+}
+
+TEST_F(DeviceQueries, AScreenWithoutScaleIsNoRetina) {
+    boot();
+    // A screen of the first systems.
+    class_replaceMethod(
+        [UIScreen class], @selector(respondsToSelector:),
+        reinterpret_cast<IMP>(+[](id, SEL, SEL asked) { return static_cast<BOOL>(asked != @selector(scale)); }),
+        "C@::");
+    EXPECT_FALSE([Utils isRetinaDisplay]);
 }
 
 TEST_F(DeviceQueries, ADisplayZoomedPlusIsNoPlus) {
@@ -140,6 +174,8 @@ TEST_F(DeviceQueries, ADisplayZoomedPlusIsNoPlus) {
     write(device);
     boot();
     EXPECT_FALSE([Utils isIPhone6Plus]);
+    // 1921 pixels at 2.88 are not quite 667 points either.
+    EXPECT_FALSE([Utils isIPhone6]);
 }
 
 TEST_F(DeviceQueries, BeforeNativeBoundsTheHeightIsThatOfTheBounds) {

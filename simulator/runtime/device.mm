@@ -117,8 +117,8 @@ std::string readDevice(const std::filesystem::path& root, Device& device) {
         @try {
             values = [NSPropertyListSerialization propertyListWithData:data
                                                                options:NSPropertyListImmutable
-                                                                format:NULL
-                                                                 error:NULL];
+                                                                format:nullptr
+                                                                 error:nullptr];
         } @catch (NSException* exception) {
             // GNUstep raises for some damaged files where it should answer nil.
             values = nil;
@@ -137,7 +137,7 @@ std::string writeDevice(const std::filesystem::path& root, const Device& device)
         NSData* data = [NSPropertyListSerialization dataWithPropertyList:values
                                                                   format:NSPropertyListXMLFormat_v1_0
                                                                  options:0
-                                                                   error:NULL];
+                                                                   error:nullptr];
         NSString* path = devicePath(root);
         if (data == nil || ![data writeToFile:path atomically:YES]) {
             return std::string([path UTF8String]) + ": cannot be written";

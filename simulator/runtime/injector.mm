@@ -25,8 +25,8 @@ NSDictionary* readFilterFile(NSString* path) {
     }
     id values = [NSPropertyListSerialization propertyListWithData:data
                                                           options:NSPropertyListImmutable
-                                                           format:NULL
-                                                            error:NULL];
+                                                           format:nullptr
+                                                            error:nullptr];
     if (![values isKindOfClass:[NSDictionary class]]) {
         complain(path, "the filter is not a property list with a dictionary");
         return nil;
@@ -80,7 +80,7 @@ std::vector<std::string> injectLibraries() {
     std::vector<std::string> loaded;
     @autoreleasepool {
         NSString* folder = [NSString stringWithUTF8String:hostPath([libraries UTF8String]).c_str()];
-        NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:folder error:NULL];
+        NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:folder error:nullptr];
         for (NSString* name in [names sortedArrayUsingSelector:@selector(compare:)]) {
             if ([[name pathExtension] isEqualToString:@"plist"]) {
                 inject([folder stringByAppendingPathComponent:name], loaded);

@@ -23,8 +23,8 @@ NSMutableDictionary* readDictionary(const std::string& file) {
         if (data) {
             list = [NSPropertyListSerialization propertyListWithData:data
                                                              options:NSPropertyListImmutable
-                                                              format:NULL
-                                                               error:NULL];
+                                                              format:nullptr
+                                                               error:nullptr];
         }
     } @catch (NSException*) {
         // Some kinds of garbage make the parser raise.

@@ -9,11 +9,11 @@
 
 #include "simulator/frameworks/core_foundation/core_foundation.h"
 
-typedef CFTypeRef ABAddressBookRef;
-typedef CFTypeRef ABRecordRef;
-typedef int32_t ABRecordID;
-typedef int32_t ABPropertyID;
-typedef enum { kABPersonImageFormatThumbnail = 0, kABPersonImageFormatOriginalSize = 2 } ABPersonImageFormat;
+using ABAddressBookRef = CFTypeRef;
+using ABRecordRef = CFTypeRef;
+using ABRecordID = int32_t;
+using ABPropertyID = int32_t;
+enum ABPersonImageFormat { kABPersonImageFormatThumbnail = 0, kABPersonImageFormatOriginalSize = 2 };
 
 #define kABRecordInvalidID ((ABRecordID)-1)
 

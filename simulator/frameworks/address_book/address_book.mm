@@ -35,7 +35,7 @@ const ABPropertyID kABPersonOrganizationProperty = 10;
 
 @implementation ABCAddressBook
 - (ABRecordRef)personWithRecordID:(ABRecordID)identifier {
-    if (!address_book::personExists(identifier)) return NULL;
+    if (!address_book::personExists(identifier)) return nullptr;
     @synchronized(self) {
         if (!_people) _people = [[NSMutableDictionary alloc] init];
         NSNumber* key = [[NSNumber alloc] initWithInt:identifier];
@@ -102,7 +102,7 @@ CFTypeRef ABRecordCopyValue(ABRecordRef record, ABPropertyID property) {
         [NSException raise:NSInvalidArgumentException
                     format:@"ABRecordCopyValue: property %d is not part of this phone", (int)property];
     }
-    if (!record) return NULL;
+    if (!record) return nullptr;
     std::optional<std::string> value = address_book::name(personOf(record)->_recordID, known->second);
     return value ? newText(*value) : nil;
 }
@@ -144,7 +144,7 @@ ABRecordRef ABCFindPersonMatchingPhoneNumber(ABAddressBookRef book, id number, u
         [NSException raise:NSInvalidArgumentException
                     format:@"ABCFindPersonMatchingPhoneNumber: only 0 is known for the last two arguments"];
     }
-    if (!book || !number) return NULL;
+    if (!book || !number) return nullptr;
     const std::string& region = phone::device().region;
     std::string wanted = utf8(number);
     phone_number::Match best = phone_number::Match::none;
@@ -155,7 +155,7 @@ ABRecordRef ABCFindPersonMatchingPhoneNumber(ABAddressBookRef book, id number, u
         best = match;
         found = person;
     }
-    return best == phone_number::Match::none ? NULL : ABAddressBookGetPersonWithRecordID(book, found);
+    return best == phone_number::Match::none ? nullptr : ABAddressBookGetPersonWithRecordID(book, found);
 }
 
 @implementation ABPhoneFormatting

@@ -6,7 +6,8 @@ namespace {
 
 // A cell keeps the kind that it was made with, so the two kinds have pools of their own.
 ABMemberCell* cellForMember(UITableView* table, ABMember* member, bool withNameView) {
-    Class kind = withNameView ? [ABNameViewMemberCell class] : [ABMemberCell class];
+    Class kind = [ABMemberCell class];
+    if (withNameView) kind = [ABNameViewMemberCell class];
     NSString* identifier = NSStringFromClass(kind);
     ABMemberCell* cell = [table dequeueReusableCellWithIdentifier:identifier];
     if (cell == nil)

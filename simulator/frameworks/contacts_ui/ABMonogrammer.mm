@@ -3,6 +3,7 @@
 #import "simulator/frameworks/contacts_ui/ABUIPerson.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -18,14 +19,16 @@ CGFloat mix(CGFloat a, CGFloat b, CGFloat share) { return a + (b - a) * share; }
 
 // From the lighter grey at the top to the darker at the bottom, one line of pixels at a time.
 void fillGradient(CGFloat side) {
-    const CGFloat line = 1 / [[UIScreen mainScreen] scale];
-    for (CGFloat y = 0; y < side; y += line) {
+    const CGFloat scale = [[UIScreen mainScreen] scale];
+    const auto lines = static_cast<int>(std::ceil(side * scale));
+    for (int line = 0; line < lines; ++line) {
+        const CGFloat y = line / scale;
         const CGFloat share = y / side;
         [[UIColor colorWithRed:mix(kTop.red, kBottom.red, share)
                          green:mix(kTop.green, kBottom.green, share)
                           blue:mix(kTop.blue, kBottom.blue, share)
                          alpha:1] setFill];
-        UIRectFill(CGRectMake(0, y, side, line));
+        UIRectFill(CGRectMake(0, y, side, 1 / scale));
     }
 }
 

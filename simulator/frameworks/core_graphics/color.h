@@ -6,8 +6,8 @@
 
 #include "simulator/frameworks/core_graphics/geometry.h"
 
-typedef struct CGColorSpace* CGColorSpaceRef;
-typedef struct CGColor* CGColorRef;
+using CGColorSpaceRef = struct CGColorSpace*;
+using CGColorRef = struct CGColor*;
 
 enum CGColorSpaceModel : int {
     kCGColorSpaceModelUnknown = -1,

@@ -7,7 +7,7 @@
 #include "simulator/frameworks/core_graphics/image.h"
 #include "simulator/frameworks/core_graphics/path.h"
 
-typedef struct CGContext* CGContextRef;
+using CGContextRef = struct CGContext*;
 
 enum CGInterpolationQuality : int {
     kCGInterpolationDefault,

@@ -4,7 +4,6 @@
 using core_graphics::areFinite;
 using core_graphics::checked;
 using core_graphics::logError;
-using core_graphics::object;
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <limits>
 
 #if !defined(CGFLOAT_DEFINED)
-typedef double CGFloat;  // as Foundation declares it for 64-bit programs
+using CGFloat = double;  // as Foundation declares it for 64-bit programs
 #endif
 
 struct CGPoint {

@@ -6,7 +6,7 @@
 
 #include "simulator/frameworks/core_graphics/color.h"
 
-typedef struct CGImage* CGImageRef;
+using CGImageRef = struct CGImage*;
 
 enum CGImageAlphaInfo : uint32_t {
     kCGImageAlphaNone,
@@ -18,7 +18,7 @@ enum CGImageAlphaInfo : uint32_t {
     kCGImageAlphaNoneSkipFirst,
     kCGImageAlphaOnly,
 };
-typedef uint32_t CGBitmapInfo;
+using CGBitmapInfo = uint32_t;
 // Numbers, not an enumeration: they are combined with a CGImageAlphaInfo.
 inline constexpr CGBitmapInfo kCGBitmapAlphaInfoMask = 0x1F;
 inline constexpr CGBitmapInfo kCGBitmapFloatComponents = 1 << 8;

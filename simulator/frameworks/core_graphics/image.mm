@@ -52,7 +52,7 @@ cairo_surface_t* copySurface(cairo_surface_t* source, int x, int y, int width, i
     }
     const size_t sourceStride = cairo_image_surface_get_stride(source);
     const size_t copyStride = cairo_image_surface_get_stride(copy);
-    const uint8_t* from = cairo_image_surface_get_data(source) + y * sourceStride + x * 4;
+    const uint8_t* from = cairo_image_surface_get_data(source) + y * sourceStride + size_t(x) * 4;
     uint8_t* to = cairo_image_surface_get_data(copy);
     for (int row = 0; row < height; ++row, from += sourceStride, to += copyStride) {
         std::memcpy(to, from, size_t(width) * 4);

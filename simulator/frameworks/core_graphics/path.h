@@ -3,8 +3,8 @@
 
 #include "simulator/frameworks/core_graphics/geometry.h"
 
-typedef const struct CGPath* CGPathRef;
-typedef struct CGPath* CGMutablePathRef;
+using CGPathRef = const struct CGPath*;
+using CGMutablePathRef = struct CGPath*;
 
 enum CGPathElementType : int {
     kCGPathElementMoveToPoint,
@@ -18,7 +18,7 @@ struct CGPathElement {
     CGPathElementType type;
     CGPoint* points;
 };
-typedef void (*CGPathApplierFunction)(void* info, const CGPathElement* element);
+using CGPathApplierFunction = void (*)(void* info, const CGPathElement* element);
 
 extern "C" {
 /// +1, empty.

@@ -6,11 +6,11 @@
 
 extern "C" {
 
-typedef struct dispatch_queue_s* dispatch_queue_t;
-typedef intptr_t dispatch_once_t;
-typedef void (*dispatch_function_t)(void* context);
+using dispatch_queue_t = struct dispatch_queue_s*;
+using dispatch_once_t = intptr_t;
+using dispatch_function_t = void (*)(void* context);
 // A block object; the simulator is compiled without the blocks extension.
-typedef void* dispatch_block_t;
+using dispatch_block_t = void*;
 
 extern struct dispatch_queue_s _dispatch_main_q;
 static inline dispatch_queue_t dispatch_get_main_queue(void) { return &_dispatch_main_q; }

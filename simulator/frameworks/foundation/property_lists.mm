@@ -37,7 +37,7 @@ NSData* xml(id list) {
     return [NSPropertyListSerialization dataWithPropertyList:list
                                                       format:NSPropertyListXMLFormat_v1_0
                                                      options:0
-                                                       error:NULL];
+                                                       error:nullptr];
 }
 
 using ReadList = id (*)(id, SEL, NSData*, NSPropertyListReadOptions, NSPropertyListFormat*, NSError**);
@@ -77,8 +77,8 @@ id initWithFile(id self, SEL selector, NSString* path) {
     if (!isBinary(data)) return initWithFileBefore(self, selector, path);
     id list = [NSPropertyListSerialization propertyListWithData:data
                                                         options:NSPropertyListImmutable
-                                                         format:NULL
-                                                          error:NULL];
+                                                         format:nullptr
+                                                          error:nullptr];
     if ([list isKindOfClass:[NSDictionary class]]) return [self initWithDictionary:list];
     [self release];
     return nil;

@@ -20,7 +20,7 @@ id objc_autorelease(id object);
 void* objc_autoreleasePoolPush(void);
 void objc_autoreleasePoolPop(void* pool);
 
-typedef uintptr_t objc_AssociationPolicy;
+using objc_AssociationPolicy = uintptr_t;
 enum : objc_AssociationPolicy {
     OBJC_ASSOCIATION_ASSIGN = 0,
     OBJC_ASSOCIATION_RETAIN_NONATOMIC = 1,
@@ -41,9 +41,8 @@ id objc_loadWeakRetained(id* slot);
 void objc_moveWeak(id* to, id* from);
 void objc_destroyWeak(id* slot);
 
-// Blocks, per the public Block ABI. `_Block_copy` answers a heap block owned by the caller (+1).
-void* _Block_copy(const void* block);
-void _Block_release(const void* block);
+// Blocks, per the public Block ABI. `_Block_copy`, which answers a heap block owned by the caller (+1), and
+// `_Block_release` are declared by Foundation and defined here.
 extern void* _NSConcreteStackBlock[];
 extern void* _NSConcreteMallocBlock[];
 extern void* _NSConcreteGlobalBlock[];

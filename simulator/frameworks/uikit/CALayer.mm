@@ -231,7 +231,7 @@ void addRounded(CGContextRef context, CGRect rect, CGFloat radius) {
     if (_masksToBounds) CGContextClipToRect(context, [self bounds]);
     if (composed) {
         CGContextSetAlpha(context, _opacity);
-        CGContextBeginTransparencyLayer(context, NULL);
+        CGContextBeginTransparencyLayer(context, nullptr);
     }
     [self _drawBackgroundInContext:context radius:cutsCorners ? 0 : _cornerRadius];
     [self _drawContentsInContext:context];
@@ -253,8 +253,8 @@ void addRounded(CGContextRef context, CGRect rect, CGFloat radius) {
 - (void)_drawContentsInContext:(CGContextRef)context {
     CGImageRef image = (CGImageRef)_contents;
     if (image && CGImageGetWidth(image) > 0 && CGImageGetHeight(image) > 0) {
-        const CGSize natural =
-            CGSizeMake(CGImageGetWidth(image) / _contentsScale, CGImageGetHeight(image) / _contentsScale);
+        const CGSize natural = CGSizeMake(static_cast<CGFloat>(CGImageGetWidth(image)) / _contentsScale,
+                                          static_cast<CGFloat>(CGImageGetHeight(image)) / _contentsScale);
         drawUpright(context, contentsRect(natural, [self bounds], _contentsGravity), image);
     }
     if (![_delegate respondsToSelector:@selector(drawLayer:inContext:)]) return;

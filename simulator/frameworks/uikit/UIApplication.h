@@ -2,7 +2,7 @@
 
 #include "simulator/frameworks/uikit/UIWindow.h"
 
-typedef NS_ENUM(NSInteger, UIInterfaceOrientation) {
+enum UIInterfaceOrientation : NSInteger {
     UIInterfaceOrientationUnknown = 0,
     UIInterfaceOrientationPortrait = 1,
     UIInterfaceOrientationPortraitUpsideDown = 2,
@@ -10,7 +10,7 @@ typedef NS_ENUM(NSInteger, UIInterfaceOrientation) {
     UIInterfaceOrientationLandscapeLeft = 4,
 };
 
-typedef NS_ENUM(NSInteger, UIUserInterfaceLayoutDirection) {
+enum UIUserInterfaceLayoutDirection : NSInteger {
     UIUserInterfaceLayoutDirectionLeftToRight,
     UIUserInterfaceLayoutDirectionRightToLeft,
 };

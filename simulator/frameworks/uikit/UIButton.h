@@ -4,7 +4,7 @@
 
 @class UIImage, UIImageView, UILabel;
 
-typedef NS_ENUM(NSInteger, UIButtonType) {
+enum UIButtonType : NSInteger {
     UIButtonTypeCustom = 0,
     UIButtonTypeSystem = 1,
     UIButtonTypeDetailDisclosure = 2,

@@ -2,14 +2,16 @@
 
 #include "simulator/frameworks/uikit/UIView.h"
 
-typedef NS_OPTIONS(NSUInteger, UIControlEvents) {
+using UIControlEvents = NSUInteger;
+enum : NSUInteger {
     UIControlEventTouchDown = 1 << 0,
     UIControlEventTouchUpInside = 1 << 6,
     UIControlEventValueChanged = 1 << 12,
     UIControlEventAllEvents = 0xFFFFFFFF,
 };
 
-typedef NS_OPTIONS(NSUInteger, UIControlState) {
+using UIControlState = NSUInteger;
+enum : NSUInteger {
     UIControlStateNormal = 0,
     UIControlStateHighlighted = 1 << 0,
     UIControlStateDisabled = 1 << 1,

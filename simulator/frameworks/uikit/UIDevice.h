@@ -2,7 +2,7 @@
 
 #import <Foundation/Foundation.h>
 
-typedef NS_ENUM(NSInteger, UIUserInterfaceIdiom) {
+enum UIUserInterfaceIdiom : NSInteger {
     UIUserInterfaceIdiomPhone,
     UIUserInterfaceIdiomPad,
 };

@@ -7,24 +7,24 @@
 @class UITableView, UITableViewIndex;
 struct UITableViewRowMap;
 
-typedef NS_ENUM(NSInteger, UITableViewStyle) {
+enum UITableViewStyle : NSInteger {
     UITableViewStylePlain,
     UITableViewStyleGrouped,
 };
 
-typedef NS_ENUM(NSInteger, UITableViewScrollPosition) {
+enum UITableViewScrollPosition : NSInteger {
     UITableViewScrollPositionNone,
     UITableViewScrollPositionTop,
     UITableViewScrollPositionMiddle,
     UITableViewScrollPositionBottom,
 };
 
-typedef NS_ENUM(NSInteger, UITableViewCellSeparatorStyle) {
+enum UITableViewCellSeparatorStyle : NSInteger {
     UITableViewCellSeparatorStyleNone,
     UITableViewCellSeparatorStyleSingleLine,
 };
 
-typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
+enum UITableViewRowAnimation : NSInteger {
     UITableViewRowAnimationFade,
     UITableViewRowAnimationNone = 5,
     UITableViewRowAnimationAutomatic = 100,

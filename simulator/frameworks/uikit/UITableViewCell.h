@@ -4,14 +4,14 @@
 
 @class UIImageView, UILabel, UITableViewCellEditControl, UITableViewCellScrollView;
 
-typedef NS_ENUM(NSInteger, UITableViewCellStyle) {
+enum UITableViewCellStyle : NSInteger {
     UITableViewCellStyleDefault,
     UITableViewCellStyleValue1,
     UITableViewCellStyleValue2,
     UITableViewCellStyleSubtitle,
 };
 
-typedef NS_ENUM(NSInteger, UITableViewCellAccessoryType) {
+enum UITableViewCellAccessoryType : NSInteger {
     UITableViewCellAccessoryNone,
     UITableViewCellAccessoryDisclosureIndicator,
     UITableViewCellAccessoryDetailDisclosureButton,
@@ -19,13 +19,13 @@ typedef NS_ENUM(NSInteger, UITableViewCellAccessoryType) {
     UITableViewCellAccessoryDetailButton,
 };
 
-typedef NS_ENUM(NSInteger, UITableViewCellEditingStyle) {
+enum UITableViewCellEditingStyle : NSInteger {
     UITableViewCellEditingStyleNone,
     UITableViewCellEditingStyleDelete,
     UITableViewCellEditingStyleInsert,
 };
 
-typedef NS_ENUM(NSInteger, UITableViewCellSelectionStyle) {
+enum UITableViewCellSelectionStyle : NSInteger {
     UITableViewCellSelectionStyleNone,
     UITableViewCellSelectionStyleBlue,
     UITableViewCellSelectionStyleGray,

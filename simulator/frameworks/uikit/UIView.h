@@ -9,7 +9,7 @@
 
 @class UIColor, UIViewController, UIWindow;
 
-typedef NS_ENUM(NSInteger, UIViewContentMode) {
+enum UIViewContentMode : NSInteger {
     UIViewContentModeScaleToFill,
     UIViewContentModeScaleAspectFit,
     UIViewContentModeScaleAspectFill,
@@ -25,7 +25,8 @@ typedef NS_ENUM(NSInteger, UIViewContentMode) {
     UIViewContentModeBottomRight,
 };
 
-typedef NS_OPTIONS(NSUInteger, UIViewAutoresizing) {
+using UIViewAutoresizing = NSUInteger;
+enum : NSUInteger {
     UIViewAutoresizingNone = 0,
     UIViewAutoresizingFlexibleLeftMargin = 1 << 0,
     UIViewAutoresizingFlexibleWidth = 1 << 1,

@@ -2,7 +2,7 @@
 
 #include "simulator/frameworks/uikit/UITableView.h"
 
-typedef NS_ENUM(NSInteger, UIViewAppearance) {
+enum UIViewAppearance : NSInteger {
     UIViewDisappeared,
     UIViewAppearing,
     UIViewAppeared,

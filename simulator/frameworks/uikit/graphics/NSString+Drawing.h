@@ -4,7 +4,7 @@
 
 #import "simulator/frameworks/uikit/graphics/UIFont.h"
 
-typedef NS_ENUM(NSInteger, NSLineBreakMode) {
+enum NSLineBreakMode : NSInteger {
     NSLineBreakByWordWrapping,
     NSLineBreakByCharWrapping,
     NSLineBreakByClipping,
@@ -12,7 +12,7 @@ typedef NS_ENUM(NSInteger, NSLineBreakMode) {
     NSLineBreakByTruncatingTail,
     NSLineBreakByTruncatingMiddle,
 };
-typedef NS_ENUM(NSInteger, NSTextAlignment) {
+enum NSTextAlignment : NSInteger {
     NSTextAlignmentLeft,
     NSTextAlignmentCenter,
     NSTextAlignmentRight,

@@ -34,7 +34,7 @@ std::string postNotification(const std::filesystem::path& root, std::string_view
     const int file = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
     if (file < 0) return problem(path);
     // The leading line end parts it from a record that a full disk cut short.
-    const std::string message = append(file, path, "\n" + std::string(name) + "\n");
+    std::string message = append(file, path, "\n" + std::string(name) + "\n");
     close(file);
     return message;
 }

@@ -4,6 +4,7 @@
 
 #include <errno.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <time.h>
 #include <unistd.h>
 
@@ -34,6 +35,16 @@ void writeWhole(const std::string& text) {
     }
 }
 
+// The beginnings of what Foundation logs when it has caught an exception of somebody else's and goes on.
+constexpr const char* kGoingOn[] = {"*** NSRunLoop ignoring exception", "*** NSTimer ignoring exception",
+                                    "Problem posting ", "Problem running operation "};
+
+bool tellsOfGoingOn(NSString* format) {
+    for (const char* beginning : kGoingOn)
+        if ([format hasPrefix:[NSString stringWithUTF8String:beginning]]) return true;
+    return false;
+}
+
 }  // namespace
 
 // Ahead of Foundation's own, behind NSLog, by definition order: that one drops a line that is no valid Unicode, where a
@@ -44,4 +55,8 @@ void NSLogv(NSString* format, va_list arguments) {
     [message release];
     if (line.back() != '\n') line += '\n';
     writeWhole(line);
+    // A phone's process ends there, and so does this one: what went wrong would stay unnoticed.
+    if (!tellsOfGoingOn(format)) return;
+    writeWhole("*** Terminating app due to uncaught exception, which the line above names\n");
+    abort();
 }

@@ -79,7 +79,8 @@ NSTextAlignment resolved(NSTextAlignment alignment) {
 
 - (CGSize)_textSizeForWidth:(CGFloat)width {
     if (_numberOfLines == 1) return [_text sizeWithFont:_font];
-    const CGFloat height = _numberOfLines == 0 ? CGFLOAT_MAX : std::ceil([_font lineHeight]) * _numberOfLines;
+    const CGFloat height =
+        _numberOfLines == 0 ? CGFLOAT_MAX : std::ceil([_font lineHeight]) * static_cast<CGFloat>(_numberOfLines);
     return [_text sizeWithFont:_font constrainedToSize:CGSizeMake(width, height) lineBreakMode:_lineBreakMode];
 }
 

@@ -200,8 +200,10 @@ BOOL wrapsCells() { return majorVersion() >= 7 && majorVersion() <= 10; }
     if (_tableFooterView || _rowHeight <= 0) return;
     const CGFloat line = 1 / [[UIScreen mainScreen] scale];
     [_separatorColor set];
-    for (CGFloat y = [self _rowMap].bottom() + _rowHeight; y < CGRectGetMaxY(rect); y += _rowHeight) {
+    CGFloat y = [self _rowMap].bottom() + _rowHeight;
+    while (y < CGRectGetMaxY(rect)) {
         UIRectFill(CGRectMake(_separatorInset.left, y - line, rect.size.width - _separatorInset.left, line));
+        y += _rowHeight;
     }
 }
 

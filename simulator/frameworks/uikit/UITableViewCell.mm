@@ -99,7 +99,8 @@ LabelLook lookOf(UITableViewCellStyle style) {
 }
 
 - (UILabel*)_makeLabelOfSize:(CGFloat)size {
-    Class labelClass = majorVersion() >= 8 ? [UITableViewLabel class] : [UILabel class];
+    Class labelClass = [UILabel class];
+    if (majorVersion() >= 8) labelClass = [UITableViewLabel class];
     UILabel* label = [[labelClass alloc] initWithFrame:CGRectZero];
     [label setFont:[UIFont systemFontOfSize:size]];
     [label setTextAlignment:NSTextAlignmentNatural];

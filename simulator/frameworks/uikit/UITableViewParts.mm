@@ -167,8 +167,9 @@ UIView* UITableViewMakeAccessory(UITableViewCellAccessoryType type) {
 
 - (void)drawRect:(CGRect)rect {
     UIFont* font = [UIFont boldSystemFontOfSize:11];
-    const CGFloat step = std::min<CGFloat>(14, rect.size.height / std::max<NSUInteger>(1, [_titles count]));
-    CGFloat y = std::floor((rect.size.height - step * [_titles count]) / 2);
+    const auto count = static_cast<CGFloat>([_titles count]);
+    const CGFloat step = std::min<CGFloat>(14, rect.size.height / std::max<CGFloat>(1, count));
+    CGFloat y = std::floor((rect.size.height - step * count) / 2);
     [[self tintColor] set];
     for (NSString* title in _titles) {
         [title drawInRect:CGRectMake(0, y, rect.size.width, step)

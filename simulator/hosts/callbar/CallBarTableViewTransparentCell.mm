@@ -60,7 +60,8 @@ bool rightToLeft() {
 
 - (void)makeTexts {
     const NSTextAlignment leading = rightToLeft() ? NSTextAlignmentRight : NSTextAlignmentLeft;
-    Class nameClass = systemIsAtLeast(8) ? [UITableViewLabel class] : [UILabel class];
+    Class nameClass = [UILabel class];
+    if (systemIsAtLeast(8)) nameClass = [UITableViewLabel class];
     _nameLabel = [[nameClass alloc] initWithFrame:CGRectZero];
     [_nameLabel setFont:[UIFont systemFontOfSize:17]];
     [_nameLabel setTextAlignment:leading];

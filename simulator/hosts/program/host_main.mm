@@ -13,7 +13,7 @@
 #include "simulator/runtime/process.h"
 
 // Declared by Foundation in debug builds alone, but always there.
-extern "C" BOOL GSDebugAllocationActive(BOOL active);
+extern "C" BOOL GSDebugAllocationActive(BOOL active);  // NOLINT(readability-redundant-declaration)
 
 namespace hosts {
 namespace {

@@ -10,7 +10,7 @@
 #include "simulator/runtime/process.h"
 
 // Declared by Foundation in debug builds alone, but always there.
-extern "C" int GSDebugAllocationCount(Class cls);
+extern "C" int GSDebugAllocationCount(Class cls);  // NOLINT(readability-redundant-declaration)
 
 namespace hosts {
 namespace {
@@ -250,7 +250,7 @@ const std::map<std::string, Handler>& handlers() {
     static const std::map<std::string, Handler> table{
         {"show", show}, {"settle", settle},       {"layout", layout}, {"reload", reload}, {"scroll", scroll},
         {"rows", rows}, {"favorites", favorites}, {"shot", shot},     {"toggle", toggle}, {"monogram", monogram},
-        {"info", info}, {"objects", objects}, {"watch", watch},         {"quit", quit}};
+        {"info", info}, {"objects", objects},     {"watch", watch},   {"quit", quit}};
     return table;
 }
 

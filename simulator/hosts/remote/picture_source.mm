@@ -29,12 +29,13 @@ using Colour = std::array<int, 3>;
 // Calls `visit(pixel of a, x, y)` for the inner disc.
 template <class Visit>
 void forInnerDisc(const Pixels& pixels, Visit visit) {
-    const double cx = pixels.width / 2.0;
-    const double cy = pixels.height / 2.0;
+    const auto fromMiddle = [](size_t position, size_t length) {
+        return (static_cast<double>(position) + 0.5) / static_cast<double>(length) - 0.5;
+    };
     for (size_t y = 0; y < pixels.height; ++y) {
         for (size_t x = 0; x < pixels.width; ++x) {
-            const double dx = (x + 0.5 - cx) / pixels.width;
-            const double dy = (y + 0.5 - cy) / pixels.height;
+            const double dx = fromMiddle(x, pixels.width);
+            const double dy = fromMiddle(y, pixels.height);
             if (dx * dx + dy * dy <= kInnerRadius * kInnerRadius) visit(pixels.at(x, y), x, y);
         }
     }
@@ -167,7 +168,7 @@ std::optional<PictureSource> monogram(const Pixels& shown) {
         if (share > 0.8) ++letters;
     });
     if (strange > 0) return std::nullopt;
-    const bool written = letters >= kLetterShare * static_cast<double>(all);
+    const bool written = static_cast<double>(letters) >= kLetterShare * static_cast<double>(all);
     return PictureSource{written ? "monogram" : "plain", 0, colourText(*colour)};
 }
 

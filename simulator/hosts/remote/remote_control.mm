@@ -62,6 +62,7 @@ id wellFormedJson(id value) {
   @public
     int _input;
     int _output;
+    BOOL _inputEnded;
     BOOL _quit;
     NSMutableArray* _waiting;
     const std::vector<std::string>* _injected;
@@ -112,7 +113,7 @@ id wellFormedJson(id value) {
 }
 
 - (void)inputEnded {
-    _quit = YES;
+    _inputEnded = YES;
 }
 
 - (void)takeLine:(NSData*)line {
@@ -129,6 +130,7 @@ id wellFormedJson(id value) {
             [self answerLine:next];
         }
     }
+    _quit = _quit || _inputEnded;
 }
 
 - (void)answerLine:(NSData*)line {

@@ -37,8 +37,10 @@ NSString* ScreenWatch::start(NSString* out, double interval) {
 
 NSDate* ScreenWatch::endOfNextTurn() const {
     double wait = kNothingToDo;
-    if (out_ != nil && lookWanted_ > 0)
-        wait = phone::pendingWork() > 0 ? kShortTurn : std::max(0.0, lastLook_ + interval_ - now());
+    if (phone::pendingWork() > 0)
+        wait = kShortTurn;
+    else if (out_ != nil && lookWanted_ > 0)
+        wait = std::max(0.0, lastLook_ + interval_ - now());
     return [NSDate dateWithTimeIntervalSinceNow:wait];
 }
 

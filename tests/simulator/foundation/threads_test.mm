@@ -16,6 +16,7 @@
 - (void)record;
 - (void)recordOnMainAndWait;
 - (void)recordOnMain;
+- (void)raise;
 @end
 
 @implementation Recorder
@@ -29,6 +30,17 @@
 }
 - (void)recordOnMain {
     [self performSelectorOnMainThread:@selector(record) withObject:nil waitUntilDone:NO];
+}
+- (void)raise {
+    [NSException raise:@"SomeException" format:@"because %d", 3];
+}
+@end
+
+@interface RaisingOperation : NSOperation
+@end
+@implementation RaisingOperation
+- (void)main {
+    [NSException raise:@"SomeException" format:@"because %d", 3];
 }
 @end
 
@@ -88,6 +100,16 @@ TEST_F(Threads, PendingWorkCountsOperationsOfEveryQueue) {
     EXPECT_EQ(recorder_->elsewhere, 3);
 }
 
+TEST_F(Threads, PendingWorkCountsWhatIsToBePerformedOnMain) {
+    [recorder_ recordOnMain];
+    NSOperationQueue* queue = [[[NSOperationQueue alloc] init] autorelease];
+    [queue addOperation:operation(@selector(recordOnMain))];
+    [queue waitUntilAllOperationsAreFinished];
+    EXPECT_EQ(phone::pendingWork(), 2);
+    EXPECT_TRUE(phone::settle(10));
+    EXPECT_EQ(recorder_->onMain, 2);
+}
+
 TEST_F(Threads, QueuesThatWentAwayAreForgotten) {
     for (int i = 0; i < 20; ++i) {
         NSOperationQueue* queue = [[NSOperationQueue alloc] init];
@@ -124,6 +146,62 @@ void raiseUncaught() {
     pthread_t thread;
     pthread_create(&thread, nullptr, raise, nullptr);
     pthread_join(thread, nullptr);
+}
+
+// Nobody is there to catch what is raised in the middle of Foundation's own work.
+constexpr const char* kEnd = "SomeException.*because 3.*\n.*uncaught exception";
+
+TEST_F(ThreadsDeathTest, RaisingInAPerformedMethodEndsTheProcess) {
+    EXPECT_EXIT(
+        {
+            [recorder_ performSelectorOnMainThread:@selector(raise) withObject:nil waitUntilDone:NO];
+            phone::settle(5);
+        },
+        testing::KilledBySignal(SIGABRT), kEnd);
+}
+
+TEST_F(ThreadsDeathTest, RaisingLaterEndsTheProcess) {
+    EXPECT_EXIT(
+        {
+            [recorder_ performSelector:@selector(raise) withObject:nil afterDelay:0];
+            [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:1]];
+        },
+        testing::KilledBySignal(SIGABRT), kEnd);
+}
+
+TEST_F(ThreadsDeathTest, RaisingInATimerEndsTheProcess) {
+    EXPECT_EXIT(
+        {
+            [NSTimer scheduledTimerWithTimeInterval:0
+                                             target:recorder_
+                                           selector:@selector(raise)
+                                           userInfo:nil
+                                            repeats:NO];
+            [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:1]];
+        },
+        testing::KilledBySignal(SIGABRT), kEnd);
+}
+
+TEST_F(ThreadsDeathTest, RaisingInAnObserverEndsTheProcess) {
+    EXPECT_EXIT(
+        {
+            [[NSNotificationCenter defaultCenter] addObserver:recorder_
+                                                     selector:@selector(raise)
+                                                         name:@"happened"
+                                                       object:nil];
+            [[NSNotificationCenter defaultCenter] postNotificationName:@"happened" object:nil];
+        },
+        testing::KilledBySignal(SIGABRT), kEnd);
+}
+
+TEST_F(ThreadsDeathTest, RaisingInAnOperationEndsTheProcess) {
+    EXPECT_EXIT(
+        {
+            NSOperationQueue* queue = [[NSOperationQueue alloc] init];
+            [queue addOperation:[[[RaisingOperation alloc] init] autorelease]];
+            phone::settle(5);
+        },
+        testing::KilledBySignal(SIGABRT), kEnd);
 }
 
 TEST_F(ThreadsDeathTest, UncaughtExceptionsAreNamedAndEndTheProcess) {

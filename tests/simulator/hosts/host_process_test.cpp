@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <thread>
 
 #include "tests/simulator/hosts/host_fixture.h"
@@ -42,6 +43,23 @@ TEST_F(HostTest, PlaysAnotherProcessWhenGivenAnIdentifier) {
     other.bundleIdentifier = "com.example.other";
     HostProcess host(HostKind::springBoard, other);
     EXPECT_EQ(host.call({{"do", "info"}}).at("bundleIdentifier"), "com.example.other");
+}
+
+TEST_F(HostTest, AnswersEveryLineOfAnInputThatHasEnded) {
+    makePhone();
+    std::ofstream(folder_ / "commands") << "{\"do\":\"show\",\"screen\":\"contacts\"}\n"
+                                        << "{\"do\":\"settle\",\"timeout\":10}\n"
+                                        << "{\"do\":\"rows\"}\n";
+    const std::string program = hosts::programPath(HostKind::callBarViewService);
+    EXPECT_EQ(std::system(("cd '" + folder_.string() + "' && '" + program + "' --root '" + root_.string() +
+                           "' <commands >answers 2>errors")
+                              .c_str()),
+              0);
+    std::ifstream answers(folder_ / "answers");
+    std::vector<Json> lines;
+    for (std::string line; std::getline(answers, line);) lines.push_back(Json::parse(line));
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[3].at("rows").size(), 6u);
 }
 
 TEST_F(HostTest, StartingInNoPhoneTellsWhy) {

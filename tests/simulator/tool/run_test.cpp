@@ -114,6 +114,17 @@ TEST_F(PhoneSimRun, RedrawsWhatOtherProcessesChangeAndNothingElse) {
     expectExit(tool.end(SIGTERM), 0, tool);
 }
 
+TEST_F(PhoneSimRun, TheContactsListFollowsEveryEdit) {
+    makePhoneWithCalls();
+    BackgroundTool tool(path_, {"run", "phone", "--process", "callbar"});
+    ASSERT_TRUE(tool.waitFor("running; ")) << tool.err();
+    expectRedraw(tool, "edit phone 1 --photo " + bundlePicture("user_monogram"), "callbar", "contacts");
+    expectRedraw(tool, "edit phone 1 --photo " + bundlePicture("recent@2x"), "callbar", "contacts");
+    expectRedraw(tool, "edit phone 1 --first Xaver", "callbar", "contacts");
+    expectRedraw(tool, "edit phone 1 --delete", "callbar", "contacts");
+    expectExit(tool.end(SIGTERM), 0, tool);
+}
+
 // Seconds of the day, from the line's beginning.
 double timeOf(const std::string& line) {
     int hours = 0, minutes = 0;

@@ -60,6 +60,7 @@ static CGColorRef createColor(CGColorSpaceModel model, std::initializer_list<CGF
 }
 
 // The named colours are made once and live as long as the process.
+// NOLINTBEGIN(bugprone-macro-parentheses): a method's name takes none
 #define NAMED_GRAY(name, w, a)                                                   \
     +(UIColor*)name {                                                            \
         static UIColor* const color = [[UIColor alloc] initWithWhite:w alpha:a]; \
@@ -70,6 +71,7 @@ static CGColorRef createColor(CGColorSpaceModel model, std::initializer_list<CGF
         static UIColor* const color = [[UIColor alloc] initWithRed:r green:g blue:b alpha:1]; \
         return color;                                                                         \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 // clang-format off
 NAMED_GRAY(blackColor, 0, 1)
 NAMED_GRAY(darkGrayColor, 1.0 / 3.0, 1)

@@ -21,7 +21,8 @@ ABRecordID contactOfEmailAddress(NSString address) {
     if (!NSFileManager::shared().exists(NSString::fromUTF8(kAddressBookDatabase))) return kUnknownAddress;
     Database database(kAddressBookDatabase);
     if (!database.isOpen()) return kUnknownAddress;
-    // The address stands in the statement as it is: one with a quote makes no statement and belongs to nobody.
+    // The address stands in the statement as it is: a quote in it ends the pattern, and what follows is SQL. Mostly
+    // that cannot be prepared; when it can, its answer counts, an error while stepping as a 0.
     NSString query = joinText("Select record_id from ABMULTIVALUE where value like'", address, "'");
     Statement statement(database, query.utf8());
     if (!statement.isPrepared() || statement.step() == SQLITE_DONE) return kUnknownAddress;

@@ -19,7 +19,8 @@ UIImage getContactImageOnly(ABRecordID contactID, NSString monogramText, bool ne
 UIImage getContactImageOnly(ABRecordID contactID, NSString monogramText, bool newImage, CGSize size);
 UIImage getContactImageOnly(ABRecordID contactID, NSString monogramText, bool newImage);
 
-// The same with the monogram's text from the address-book database.
+// The same with the monogram's text from the address-book database. The default picture is not stored under the
+// contact.
 UIImage getContactImage(ABRecordID contactID);
 
 // The same for whom a phone number or an e-mail address belongs to; nil when that is nobody.

@@ -47,7 +47,7 @@ namespace ZelkaCBUtils {
 
 NSData getContactImageDataFromAB(ABRecordID contactID) {
     logInformation(LogSite("+[ZelkaCBUtils getContactImageDataFromAB:]"), "Getting image for ", contactID);
-    // Never released: the people that it hands out belong to it.
+    // Kept for the life of the process, one for each lookup.
     ABAddressBookRef book = ABAddressBookCreate();
     ABRecordRef person = ABAddressBookGetPersonWithRecordID(book, contactID);
     if (person == nullptr || !isIOS_7()) return {};

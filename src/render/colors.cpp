@@ -12,7 +12,7 @@ constexpr std::array kFullPalette{
     "#839096", "#a2c257", "#a5682a", "#B294D1", "#c9b580", "#cd6b80", "#cfd8f0", "#cff0e2", "#d2cf9c", "#d7d242",
     "#D8BFD8", "#d8f0cf", "#dacff0", "#e3b333", "#EE9572", "#f0cfcf", "#f0cfe7", "#f0eacf", "#f9cccc", "#f484c6"};
 
-// The saturated colours of the full palette, which carry white letters better on a dark screen.
+// The saturated colours of the full palette, in its order.
 constexpr std::array kDarkPalette{"#4b9484", "#12a9d5", "#576c93", "#898c66", "#4785f2", "#839096", "#a2c257",
                                   "#a5682a", "#cd6b80", "#d7d242", "#e3b333", "#EE9572", "#f484c6"};
 

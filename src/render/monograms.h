@@ -1,6 +1,7 @@
 // Monogram pictures: initials on a coloured disc or square, and the silhouette for those without. Pictures of contact
-// IDs of 1 and above are kept in the image cache, and a cached one is answered whatever was asked for. Sizes are in
-// points; results are unowned (+0). Any thread.
+// IDs of 1 and above are kept in the image cache, and a cached one is answered whatever was asked for; but with
+// monograms off, who brings a source picture gets that one back. Sizes are in points; results are unowned (+0). Any
+// thread.
 #pragma once
 
 #include <span>

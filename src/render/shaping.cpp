@@ -119,7 +119,8 @@ UIImage ZelkaCBUtils::resizeImage(UIImage picture, std::int32_t width, std::int3
     CGSize size = picture.size();
     float ratio = std::min(static_cast<float>(doubled(width) / static_cast<double>(size.width)),
                            static_cast<float>(doubled(height) / static_cast<double>(size.height)));
-    // In single precision like the ratio, whose rounding would else add a row of pixels.
+    // In single precision like the ratio: 200 points made 80 are then just 80, where double would have a little more
+    // and with it one more column of pixels. Some sizes have that column even so, such as 300 made 80.
     auto scaled = [ratio](CGFloat length) { return static_cast<CGFloat>(ratio * static_cast<float>(length)); };
     CGSize newSize{scaled(size.width), scaled(size.height)};
     ImageContext context(newSize, kMainScreenScale);

@@ -3,8 +3,8 @@
 
 #include "src/platform/log.h"
 
-// Where a line is logged: the full signature of the operation and the line number of the statement, which is this
-// file's own where none is given.
+// Where a line is logged: the full signature of the operation and a line number, the calling statement's own where none
+// is given.
 struct LogSite {
     constexpr explicit LogSite(const char* operation, int line = __builtin_LINE()) : operation(operation), line(line) {}
 

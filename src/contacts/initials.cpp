@@ -21,14 +21,20 @@ NSCharacterSet separators() {
     return set;
 }
 
-NSString copiedName(ABRecordRef person, ABPropertyID property) {
-    return Owned<NSString>::adopt(NSString{{ABRecordCopyValue(person, property)}}).autorelease();
+Owned<NSString> copyName(ABRecordRef person, ABPropertyID property) {
+    return Owned<NSString>::adopt(NSString{{ABRecordCopyValue(person, property)}});
 }
 
 NSString initialsOf(NSString first, NSString last) {
     if (first.length() > 0 && last.length() > 0) return ZelkaCBUtils::monogramTextFromName(joinText(first, " ", last));
     if (first.length() > 0) return ZelkaCBUtils::monogramTextFromName(first);
     return last.length() > 0 ? ZelkaCBUtils::monogramTextFromName(last) : NSString{};
+}
+
+// Pools what the question takes, for a wait asks it every second.
+bool addressBookExists() {
+    AutoreleasePool pool;
+    return NSFileManager::shared().exists(NSString::fromUTF8(kAddressBookDatabase));
 }
 
 struct Names {
@@ -84,16 +90,15 @@ NSString monogramTextFromName(NSString name) {
 NSString monogramTextFromContactID(ABRecordID contactID) {
     ABRecordRef person = getPersonRecordFromDB(contactID);
     if (person == nullptr) return {};
-    NSString first = copiedName(person, kABPersonFirstNameProperty);
-    NSString last = copiedName(person, kABPersonLastNameProperty);
-    if (first.length() > 0 && last.length() > 0) return firstCharacter(first).appending(firstCharacter(last));
-    if (first.length() > 0) return firstCharacter(first);
-    return last.length() > 0 ? firstCharacter(last) : NSString{};
+    Owned<NSString> first = copyName(person, kABPersonFirstNameProperty);
+    Owned<NSString> last = copyName(person, kABPersonLastNameProperty);
+    NSString initial = first->length() > 0 ? firstCharacter(first.get()) : NSString{};
+    if (last->length() == 0) return initial;
+    return initial ? initial.appending(firstCharacter(last.get())) : firstCharacter(last.get());
 }
 
 NSString getMonogramTextFromAB(ABRecordID contactID, std::int32_t currentReadCount) {
-    NSString path = NSString::fromUTF8(kAddressBookDatabase);
-    while (NSFileManager::shared().exists(path)) {
+    while (addressBookExists()) {
         Names names;
         if (readNames(contactID, names)) return initialsOf(names.first, names.last);
         if (currentReadCount >= kMaxReadCount) {

@@ -32,6 +32,12 @@ extern "C" __attribute__((visibility("default"))) int sqlite3_open(const char* n
     return before(name, database);
 }
 
+extern "C" __attribute__((visibility("default"))) int sqlite3_close(sqlite3* database) {
+    static const auto before = next<decltype(&sqlite3_close)>("sqlite3_close");
+    if (database != nullptr && !comesFromSqlite(__builtin_return_address(0))) ++test::sqliteCalls().closed;
+    return before(database);
+}
+
 extern "C" __attribute__((visibility("default"))) int sqlite3_prepare_v2(sqlite3* database, const char* sql, int length,
                                                                          sqlite3_stmt** statement, const char** tail) {
     static const auto before = next<decltype(&sqlite3_prepare_v2)>("sqlite3_prepare_v2");

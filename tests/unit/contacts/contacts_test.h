@@ -1,6 +1,7 @@
 // A phone with an address book of the test's own, and the library loaded.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,11 @@ class ContactsTest : public ExtensionTest {
     // Links the contacts and their names stay as they are.
     void link(const std::vector<int>& contacts);
 
+    // Removes the pictures that stand for contacts without initials: where there is no text, no monogram is made.
+    void removeSilhouettes();
+    // Whether the picture is the 40 by 40 monogram of the text, of whichever colour.
+    static bool isMonogramOf(NSString* text, UIImage* picture);
+
     // Puts something else in the place of a database; restore() brings the database back.
     void replaceByGarbage(std::string_view database);
     void replaceByDirectory(std::string_view database);
@@ -48,5 +54,8 @@ class ContactsTest : public ExtensionTest {
 
 // Seconds since some fixed moment.
 double now();
+
+// How many objects the caller's pool has to release after the work.
+unsigned leftInPool(const std::function<void()>& work);
 
 }  // namespace test

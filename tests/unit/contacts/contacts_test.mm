@@ -10,6 +10,14 @@ namespace fs = std::filesystem;
 
 double now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
 
+unsigned leftInPool(const std::function<void()>& work) {
+    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+    work();
+    const unsigned count = [pool autoreleaseCount];
+    [pool drain];
+    return count;
+}
+
 phone::AddressBookBuilder ContactsTest::builder() { return phone::AddressBookBuilder::open(root.path()).value(); }
 
 int ContactsTest::add(const phone::Person& person) {
@@ -42,6 +50,21 @@ void ContactsTest::link(const std::vector<int>& contacts) {
     phone::AddressBookBuilder book = builder();
     EXPECT_EQ(book.link(contacts).text(), "");
     EXPECT_EQ(book.finish().text(), "");
+}
+
+void ContactsTest::removeSilhouettes() {
+    const std::string bundle = root.host("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle");
+    int removed = 0;
+    for (const char* name : {"user_monogram", "user_monogram_round"})
+        for (const char* suffix : {".png", "@2x.png", "@3x.png"}) removed += fs::remove(bundle + "/" + name + suffix);
+    EXPECT_EQ(removed, 6);
+}
+
+bool ContactsTest::isMonogramOf(NSString* text, UIImage* picture) {
+    const phone::Pixel disc = pixel(picture, 40, 3);
+    UIColor* color = [UIColor colorWithRed:disc.r / 255.0 green:disc.g / 255.0 blue:disc.b / 255.0 alpha:1];
+    UIFont* font = [UIFont systemFontOfSize:17];
+    return samePixels(picture, [Utils monogramImage:text size:CGSizeMake(40, 40) color:color font:font]);
 }
 
 void ContactsTest::replaceByGarbage(std::string_view database) {

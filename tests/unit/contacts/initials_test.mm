@@ -1,10 +1,16 @@
 #include "tests/unit/contacts/contacts_test.h"
 
 #include <sanitizer/lsan_interface.h>
+#include <sqlite3.h>
+
+#include <chrono>
+#include <filesystem>
+#include <thread>
 
 namespace {
 
 using test::kAddressBook;
+using test::leftInPool;
 
 constexpr const char* kReader = "+[ZelkaCBUtils getMonogramTextFromAB:currentReadCount:]";
 
@@ -172,6 +178,23 @@ TEST_F(InitialsFromDatabase, AreNilAtOnceWithoutADatabase) {
     EXPECT_EQ(log().find(kReader), std::string::npos);
 }
 
+TEST_F(InitialsFromDatabase, AreNilWhenTheReadFails) {
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(root.host(kAddressBook).c_str(), &database), SQLITE_OK);
+    // A number that is too large for its sign to change: an error, but only when the row is asked for.
+    EXPECT_EQ(sqlite3_exec(database,
+                           "CREATE VIEW ABPerson AS SELECT 7 AS ROWID, abs(-9223372036854775807 - 1) AS First, "
+                           "'Smith' AS Last",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(database);
+    boot();
+    const double start = test::now();
+    EXPECT_EQ([Utils getMonogramTextFromAB:7], nil);
+    EXPECT_LT(test::now() - start, 0.9);
+    EXPECT_EQ(log().find(kReader), std::string::npos);
+}
+
 TEST_F(InitialsFromDatabase, StepOneStatement) {
     const int contact = addNamed("John", "Smith");
     boot();
@@ -196,12 +219,44 @@ TEST_F(InitialsFromDatabase, WaitForADatabaseThatCannotBeOpened) {
     replaceByDirectory(kAddressBook);
     boot();
     Restoring restoring(*this, kAddressBook, 0.4);
+    const int opened = test::sqliteCalls().opened;
+    const int closed = test::sqliteCalls().closed;
     __lsan_disable();  // a connection that failed to open is never closed
     NSString* text = [Utils getMonogramTextFromAB:contact];
     __lsan_enable();
     EXPECT_TRUE([text isEqualToString:@"JS"]);
     EXPECT_EQ(loggedLines("], Error while opening database connection: 'unable to open database file'"), 1);
     EXPECT_NE(log().find("com.norvex.ZelkaCB: Error => " + std::string(kReader) + ", [Line "), std::string::npos);
+    EXPECT_EQ(test::sqliteCalls().opened - opened, 2);
+    EXPECT_EQ(test::sqliteCalls().closed - closed, 1);
+}
+
+TEST_F(InitialsFromDatabase, AreNilOnceTheDatabaseThatTheyWaitForIsGone) {
+    const int contact = addNamed("John", "Smith");
+    replaceByGarbage(kAddressBook);
+    boot();
+    // Back after the test's time, for a reader that would wait without end.
+    Restoring restoring(*this, kAddressBook, 3);
+    std::thread removing([this] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(400));
+        std::filesystem::remove(root.host(kAddressBook));
+    });
+    const double start = test::now();
+    EXPECT_EQ([Utils getMonogramTextFromAB:contact], nil);
+    EXPECT_LT(test::now() - start, 2.5);
+    EXPECT_FALSE(root.exists(kAddressBook));
+    removing.join();
+}
+
+TEST_F(InitialsFromDatabase, LeaveNothingInTheCallersPoolForTheSecondsThatTheyWait) {
+    const int contact = addNamed("John", "Smith");
+    boot();
+    auto initials = [contact] { [Utils getMonogramTextFromAB:contact]; };
+    leftInPool(initials);  // what is made once
+    const unsigned withoutWaiting = leftInPool(initials);
+    replaceByGarbage(kAddressBook);
+    Restoring restoring(*this, kAddressBook, 1.2);
+    EXPECT_EQ(leftInPool(initials), withoutWaiting);
 }
 
 TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFour) {
@@ -216,6 +271,21 @@ TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFour) {
     EXPECT_NE(log().find("com.norvex.ZelkaCB: Information => " + std::string(kReader) + ", [Line "), std::string::npos);
     // Once at once, and once more before the wait.
     EXPECT_EQ(loggedLines("], Error while preparing statement: 'file is not a database'"), 2);
+}
+
+TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFourWhenTheDatabaseCannotBeOpened) {
+    const int contact = addNamed("John", "Smith");
+    replaceByDirectory(kAddressBook);
+    boot();
+    Restoring restoring(*this, kAddressBook, 0.4);
+    __lsan_disable();  // a connection that failed to open is never closed
+    NSString* text = [Utils getMonogramTextFromAB:contact currentReadCount:4];
+    __lsan_enable();
+    EXPECT_TRUE([text isEqualToString:@"JS"]);
+    const std::string line =
+        "], Max waiting attempts over, hence returning monogram thorugh AB API for contact: " + std::to_string(contact);
+    EXPECT_EQ(loggedLines(line), 1);
+    EXPECT_EQ(loggedLines("], Error while opening database connection: 'unable to open database file'"), 2);
 }
 
 TEST_F(InitialsFromDatabase, WaitWithAReadCountOfThreeWithoutGivingUp) {
@@ -240,6 +310,19 @@ TEST_F(InitialsFromAddressBook, TakeNamesAsTheyAre) {
     EXPECT_TRUE([[Utils monogramTextFromContactID:last] isEqualToString:@"P"]);
     EXPECT_EQ([Utils monogramTextFromContactID:none], nil);
     EXPECT_EQ([Utils monogramTextFromContactID:4711], nil);
+}
+
+TEST_F(InitialsFromAddressBook, LeaveNoCopiesOfTheNamesInTheCallersPool) {
+    const int contact = addNamed("Anna Maria Magdalena", std::nullopt);
+    boot();
+    NSString* name = [NSString stringWithUTF8String:"Anna Maria Magdalena"];
+    auto initials = [contact] { EXPECT_TRUE([[Utils monogramTextFromContactID:contact] isEqualToString:@"A"]); };
+    auto personAndInitial = [contact, name] {
+        EXPECT_NE([Utils getPersonRecordFromDB:contact], nullptr);
+        EXPECT_TRUE([[name substringToIndex:1] isEqualToString:@"A"]);
+    };
+    leftInPool(initials);  // what is made once
+    EXPECT_EQ(leftInPool(initials), leftInPool(personAndInitial));
 }
 
 TEST_F(InitialsFromAddressBook, AreNilOnceTheSharedAddressBookIsGivenUp) {

@@ -100,6 +100,12 @@ TEST_F(ContactIDs, OfAddressesWhoseQuotesMakeAStatementAreWhateverItGives) {
     EXPECT_EQ([Utils getContactID:@"@' or record_id > 0 and value like '%"], contact);
 }
 
+TEST_F(ContactIDs, OfAddressesWhoseQuotesMakeAStatementThatFailsAreZero) {
+    addReachable(std::nullopt, "anna@example.com");
+    boot();
+    EXPECT_EQ([Utils getContactID:@"@' or abs(-9223372036854775807-1) or '"], 0);
+}
+
 TEST_F(ContactIDs, OfAddressesThatAreNoUnicodeOrEndInsideAreMinusOne) {
     addReachable(std::nullopt, "anna@example.com");
     boot();

@@ -6,6 +6,7 @@ namespace {
 
 using phone::Pixel;
 using test::kImages;
+using test::leftInPool;
 using test::near;
 using test::pixel;
 
@@ -106,6 +107,17 @@ TEST_F(Lookup, OfLinkedThumbnailsLeavesOutTheContactsOwn) {
     EXPECT_EQ([Utils getContactImageDataFromAB:4711], nil);
 }
 
+TEST_F(Lookup, OfLinkedThumbnailsNeedsNoSharedAddressBook) {
+    const int contact = addNamed("Anna", "Zuse");
+    const int red = addWithThumbnail(test::kRed);
+    link({contact, red});
+    boot();
+    EXPECT_NE([Utils getAddressBook], nullptr);
+    [Utils clearImageCache];
+    EXPECT_EQ([Utils getAddressBook], nullptr);
+    EXPECT_TRUE([[Utils getContactImageDataFromAB:contact] isEqual:test::data(test::bmp(16, 16, test::kRed))]);
+}
+
 TEST_F(Lookup, WithoutAnyPictureDrawsAMonogramOfTheSizeAndFont) {
     const int contact = addNamed("Anna", "Zuse");
     const int other = addNamed("Anna", "Zuse");
@@ -133,6 +145,28 @@ TEST_F(Lookup, WithoutAnyPictureAndMonogramsKeepsTheDefaultPictureUnderTheContac
     const int opened = test::sqliteCalls().opened;
     EXPECT_EQ(look(contact), picture);
     EXPECT_EQ(test::sqliteCalls().opened, opened);
+}
+
+TEST_F(Lookup, KeepsTheDefaultPictureUnderAContactWhoseMonogramCannotBeMade) {
+    const int contact = addNamed(std::nullopt, std::nullopt);
+    boot();
+    removeSilhouettes();
+    UIImage* picture = [Utils getContactImageOnly:contact monogramText:nil newImage:NO];
+    EXPECT_EQ(picture, recent());
+    EXPECT_EQ([Utils getContactImageInCache:contact], picture);
+}
+
+TEST_F(Lookup, KeepsPicturesUnderAnyNumber) {
+    addNamed("Anna", "Zuse");
+    boot();
+    [settings() setIsMonogramEnabled:NO];
+    for (int nobody : {0, -1}) {
+        EXPECT_EQ(look(nobody), recent());
+        EXPECT_EQ([Utils getContactImageInCache:nobody], recent());
+        UIImage* picture = [Utils getImageFromImageData:test::data(test::bmp(9, 9, test::kBlue)) contactId:nobody];
+        EXPECT_EQ([Utils getContactImageInCache:nobody], picture);
+        EXPECT_EQ(look(nobody), picture);
+    }
 }
 
 TEST_F(Lookup, TakesAnEmptyThumbnailForNone) {
@@ -208,6 +242,19 @@ TEST_F(Lookup, WaitsForImagesThatCannotBeOpened) {
     EXPECT_TRUE(logged(std::string("com.norvex.ZelkaCB: Error => ") + kReader + ", [Line "));
 }
 
+TEST_F(Lookup, LeavesNothingInTheCallersPoolForTheSecondsThatItWaits) {
+    const int linked = addNamed("Anna", "Zuse");
+    const int contact = addWithThumbnail(test::kRed);
+    link({linked, contact});
+    boot();
+    auto read = [linked] { [Utils getContactImageDataFromAB:linked]; };
+    leftInPool(read);  // what is made once
+    const unsigned withoutWaiting = leftInPool(read);
+    replaceByGarbage(kImages);
+    Restoring restoring(*this, kImages, 1.2);
+    EXPECT_EQ(leftInPool(read), withoutWaiting);
+}
+
 TEST_F(Lookup, WaitsForImagesThatAreNotThere) {
     const int contact = addWithThumbnail(test::kRed);
     std::error_code error;
@@ -227,10 +274,7 @@ TEST_F(Lookup, ByContactTakesTheInitialsFromTheDatabase) {
     EXPECT_TRUE(shows([Utils getContactImage:photo], kRed));
     EXPECT_TRUE(shows([Utils getContactImage:linked], kRed));
     UIImage* picture = [Utils getContactImage:contact];
-    const Pixel disc = pixel(picture, 40, 3);
-    UIColor* color = [UIColor colorWithRed:disc.r / 255.0 green:disc.g / 255.0 blue:disc.b / 255.0 alpha:1];
-    UIFont* font = [UIFont systemFontOfSize:17];
-    EXPECT_TRUE(test::samePixels(picture, [Utils monogramImage:@"AZ" size:CGSizeMake(40, 40) color:color font:font]));
+    EXPECT_TRUE(isMonogramOf(@"AZ", picture));
     EXPECT_EQ([Utils getContactImageInCache:contact], picture);
     EXPECT_EQ([Utils getContactImage:contact], picture);
 }
@@ -239,6 +283,14 @@ TEST_F(Lookup, ByContactDoesNotKeepTheDefaultPictureUnderTheContact) {
     const int contact = addNamed("Anna", "Zuse");
     boot();
     [settings() setIsMonogramEnabled:NO];
+    EXPECT_EQ([Utils getContactImage:contact], recent());
+    EXPECT_EQ([Utils getContactImageInCache:contact], nil);
+}
+
+TEST_F(Lookup, ByContactDoesNotKeepTheDefaultPictureForAMonogramThatCannotBeMade) {
+    const int contact = addNamed(std::nullopt, std::nullopt);
+    boot();
+    removeSilhouettes();
     EXPECT_EQ([Utils getContactImage:contact], recent());
     EXPECT_EQ([Utils getContactImageInCache:contact], nil);
 }

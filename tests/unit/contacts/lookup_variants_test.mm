@@ -54,8 +54,6 @@ class Variants : public test::ContactsTest {
         return [InterfacePerson personWithID:contact linkedTo:linked];
     }
     static bool shows(UIImage* picture, Pixel color) { return near(pixel(picture, 40, 40), color); }
-    // A monogram of the default size; photos are finished at 80 points.
-    static bool isMonogram(UIImage* picture) { return [picture size].width == 40; }
     UIImage* recent() {
         return [Utils getImage:@"/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/recent@2x.png"];
     }
@@ -88,16 +86,38 @@ TEST_F(Variants, OfAnInterfacePersonAskItsLinkedPeopleInOrder) {
 }
 
 TEST_F(Variants, OfAnInterfacePersonWithoutPhotoAreAMonogramOrTheDefaultPicture) {
-    const int contact = addNamed("Anna", "Zuse");
+    const int contact = addNamed("\"Anna\"", "Zuse");
     const int other = addNamed("Bob", "Zuse");
     boot();
     UIImage* picture = [Utils getContactImageOnlyIOS7:person(contact)];
-    EXPECT_TRUE(isMonogram(picture));
+    EXPECT_TRUE(isMonogramOf(@"AZ", picture));
     EXPECT_EQ([Utils getContactImageInCache:contact], picture);
     [settings() setIsMonogramEnabled:NO];
     picture = [Utils getContactImageOnlyIOS7:person(other)];
     EXPECT_EQ(picture, recent());
     EXPECT_EQ([Utils getContactImageInCache:other], picture);
+}
+
+TEST_F(Variants, OfAnInterfacePersonAreKeptUnderAnyNumber) {
+    addNamed("Anna", "Zuse");
+    boot();
+    for (int nobody : {0, -1}) {
+        UIImage* picture = [Utils getContactImageOnlyIOS7:person(nobody)];
+        EXPECT_NE(picture, nil);
+        EXPECT_EQ([Utils getContactImageInCache:nobody], picture);
+    }
+}
+
+TEST_F(Variants, WhoseMonogramCannotBeMadeAreTheDefaultPictureForAnInterfacePersonOnly) {
+    const int contact = addNamed(std::nullopt, std::nullopt);
+    const int other = addNamed(std::nullopt, std::nullopt);
+    boot();
+    removeSilhouettes();
+    EXPECT_EQ([Utils getContactImageOnlyIOS7:person(contact)], recent());
+    EXPECT_EQ([Utils getContactImageInCache:contact], recent());
+    EXPECT_EQ(([Utils getContactImageFromAB:other addressBook:YES monogramText:nil]), nil);
+    EXPECT_EQ(([Utils getChatKitContactImageOnly:other monogramText:nil date:0]), nil);
+    EXPECT_EQ([Utils getContactImageInCache:other], nil);
 }
 
 TEST_F(Variants, FromTheBookWithoutMonogramTellThatTheyGoOnToLinkedContacts) {
@@ -135,9 +155,9 @@ TEST_F(Variants, ThroughTheInterfaceTakeTheThumbnailOrAMonogram) {
     UIImage* picture = [Utils getContactImageFromAB:red addressBook:YES monogramText:@"A"];
     EXPECT_TRUE(shows(picture, kRed));
     EXPECT_EQ([Utils getContactImageInCache:red], picture);
-    EXPECT_TRUE(isMonogram([Utils getContactImageFromAB:plain addressBook:YES monogramText:@"A"]));
+    EXPECT_TRUE(isMonogramOf(@"A", [Utils getContactImageFromAB:plain addressBook:YES monogramText:@"A"]));
     EXPECT_NE([Utils getContactImageInCache:plain], nil);
-    EXPECT_TRUE(isMonogram([Utils getContactImageFromAB:4711 addressBook:YES monogramText:@"A"]));
+    EXPECT_TRUE(isMonogramOf(@"A", [Utils getContactImageFromAB:4711 addressBook:YES monogramText:@"A"]));
 }
 
 TEST_F(Variants, ThroughTheInterfaceNeverTakeALinkedContactsThumbnail) {
@@ -145,7 +165,33 @@ TEST_F(Variants, ThroughTheInterfaceNeverTakeALinkedContactsThumbnail) {
     const int red = addWithThumbnail(test::kRed);
     link({contact, red});
     boot();
-    EXPECT_TRUE(isMonogram([Utils getContactImageFromAB:contact addressBook:YES monogramText:@"A"]));
+    EXPECT_TRUE(isMonogramOf(@"A", [Utils getContactImageFromAB:contact addressBook:YES monogramText:@"A"]));
+}
+
+TEST_F(Variants, ThroughTheInterfaceReadAThumbnailOnceMoreForALinkedContactsPhoto) {
+    const int alone = addNamed("Anna", "Zuse");
+    const int plain = addNamed("Anna", "Zuse");
+    const int contact = addNamed("Anna", "Zuse");
+    const int red = addWithThumbnail(test::kRed);
+    link({alone, plain});
+    link({contact, red});
+    boot();
+    auto statements = [](int each) {
+        const int before = test::sqliteCalls().prepared;
+        [Utils getContactImageFromAB:each addressBook:YES monogramText:@"A"];
+        return test::sqliteCalls().prepared - before;
+    };
+    const int withoutPhoto = statements(alone);
+    EXPECT_EQ(statements(contact), withoutPhoto + 1);
+}
+
+TEST_F(Variants, ThroughTheInterfaceNeedNoSharedAddressBook) {
+    const int red = addWithThumbnail(test::kRed);
+    boot();
+    EXPECT_NE([Utils getAddressBook], nullptr);
+    [Utils clearImageCache];
+    EXPECT_EQ([Utils getAddressBook], nullptr);
+    EXPECT_TRUE(shows([Utils getContactImageFromAB:red addressBook:YES monogramText:@"A"], kRed));
 }
 
 TEST_F(Variants, ForMessagesTellOfACacheHit) {
@@ -174,7 +220,7 @@ TEST_F(Variants, ForMessagesKeepAMonogramUnderADateThatTheCacheKnows) {
     const int other = addNamed("Anna", "Zuse");
     boot();
     UIImage* picture = [Utils getChatKitContactImageOnly:contact monogramText:@"A" date:7000];
-    EXPECT_TRUE(isMonogram(picture));
+    EXPECT_TRUE(isMonogramOf(@"A", picture));
     EXPECT_EQ([Utils getContactImageInCache:contact], picture);
     EXPECT_EQ([Utils getContactImageInCache:7000], nil);
     [Utils setContactImage:picture contactId:7000];

@@ -82,6 +82,32 @@ TEST_F(Monograms, ShowWhiteCapitalsCentredInTheirLineBox) {
     EXPECT_GT(letters.bottom - letters.top, 17);
 }
 
+// What a square of blue with the letters in a box of 21 points, 9.5 from the top, comes to.
+UIImage* lettersInTheirBox(NSString* letters) {
+    UIGraphicsBeginImageContextWithOptions(kSmall, NO, 2);
+    [[UIColor blueColor] setFill];
+    UIRectFill(CGRectMake(0, 0, 40, 40));
+    [[UIColor whiteColor] setFill];
+    [letters drawInRect:CGRectMake(0, 9.5, 40, 21)
+               withFont:[UIFont systemFontOfSize:17]
+          lineBreakMode:NSLineBreakByTruncatingTail
+              alignment:NSTextAlignmentCenter];
+    UIImage* picture = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    return [picture imageWithRoundedCornersRadius:5];
+}
+
+TEST_F(Monograms, AreTheSameAsTheirCapitalsDrawnCentredInTheLineBox) {
+    start(false);
+    EXPECT_TRUE(samePixels(draw(@"ab"), lettersInTheirBox(@"AB")));
+}
+
+TEST_F(Monograms, CutOffAtTheTailWhatDoesNotFitTheLineBox) {
+    start(false);
+    for (NSString* letters in @[ @"WWWWWWWWWWWW", @"ABCDEFGHIJKL" ])
+        EXPECT_TRUE(samePixels(draw(letters), lettersInTheirBox(letters))) << [letters UTF8String];
+}
+
 TEST_F(Monograms, AreSmoothDiscsWhenRounded) {
     start(true);
     UIImage* picture = draw(@"A");
@@ -314,6 +340,18 @@ TEST_F(Monograms, SwitchedOffGiveTheVerySource) {
     EXPECT_EQ([Utils getContactImageInCache:1], nil);
     EXPECT_EQ(([Utils getMonogramImage:1 source:nil size:kSmall color:nil]), nil);
     EXPECT_EQ(log().find("Source image is nil."), std::string::npos);
+}
+
+TEST_F(Monograms, SwitchedOffAreTheCachedPictureUnlessASourceIsGiven) {
+    start(true, false);
+    UIImage* kept = test::redPicture(10, 10, 1);
+    UIImage* source = test::redPicture(20, 20, 1);
+    [Utils setContactImage:kept contactId:5];
+    EXPECT_EQ(([Utils getMonogramImage:5 source:source size:kSmall color:[UIColor blueColor]]), source);
+    EXPECT_EQ(([Utils getMonogramImage:5 color:[UIColor blueColor]]), kept);
+    test::scriptRandomDraws({1});
+    EXPECT_EQ([Utils getMonogramImage:5], kept);
+    EXPECT_EQ(test::scriptedDrawsLeft(), 1) << "a colour was drawn for nothing";
 }
 
 class MonogramsOnAThreefoldScreen : public Monograms {

@@ -20,7 +20,8 @@ test::Rgb quarters(int x, int y) {
     if (y < 5) return x < 10 ? test::kRed : test::kGreen;
     return x < 10 ? test::kBlue : test::kYellow;
 }
-test::Rgb stripes(int x, int) { return x < 30 ? test::kRed : x < 90 ? test::kGreen : test::kBlue; }
+test::Rgb redUpToColumn40(int x, int) { return x < 40 ? test::kRed : test::kGreen; }
+test::Rgb redUpToRow40(int, int y) { return y < 40 ? test::kRed : test::kGreen; }
 
 // What a disc covers, in whole pixels: the sum of all alphas.
 double coveredPixels(UIImage* picture) {
@@ -188,6 +189,17 @@ TEST_F(Shaping, ResizesToTwiceTheSizeKeepingTheShape) {
     EXPECT_EQ([high size].height, 60);
 }
 
+TEST_F(Shaping, ResizesInSinglePrecision) {
+    start(true);
+    // In double precision the product would be a little over 80, and one more column of pixels.
+    UIImage* picture = [Utils resizeImage:test::redPicture(240, 100, 1) withWidth:40 withHeight:40];
+    EXPECT_EQ([picture size].width, 80);
+    EXPECT_EQ(test::pixelsWide(picture), 160u);
+    // A ratio in double precision would make it 80 here.
+    picture = [Utils resizeImage:test::redPicture(300, 100, 1) withWidth:40 withHeight:40];
+    EXPECT_EQ(test::pixelsWide(picture), 161u);
+}
+
 TEST_F(Shaping, EnlargesAPictureThatFitsTheBoxByTheScreensScale) {
     start(true);
     UIImage* picture = [Utils scaleImage:test::redPicture(10, 10, 1) toSize:CGSizeMake(60, 60)];
@@ -199,14 +211,36 @@ TEST_F(Shaping, EnlargesAPictureThatFitsTheBoxByTheScreensScale) {
     EXPECT_TRUE(near(pixel(picture, 39, 39), kRed));
 }
 
-TEST_F(Shaping, CoversTheBoxWithAPictureThatDoesNotFit) {
+TEST_F(Shaping, CoversTheBoxWithAPictureThatIsTooWide) {
     start(true);
-    UIImage* picture = [Utils scaleImage:decoded(test::bmp(120, 60, stripes)) toSize:CGSizeMake(60, 60)];
+    // As high as the box: drawn as it is, 30 points of it on either side of the box.
+    UIImage* picture = [Utils scaleImage:decoded(test::bmp(120, 60, redUpToColumn40)) toSize:CGSizeMake(60, 60)];
     EXPECT_EQ(coveredPixels(picture), 3600);
-    EXPECT_TRUE(near(pixel(picture, 1, 30), kGreen));
-    EXPECT_TRUE(near(pixel(picture, 58, 30), kGreen));
-    UIImage* high = [Utils scaleImage:test::redPicture(30, 120, 1) toSize:CGSizeMake(60, 60)];
-    EXPECT_EQ(coveredPixels(high), 3600);
+    for (int y : {1, 30, 58}) {
+        EXPECT_TRUE(near(pixel(picture, 8, y), kRed));
+        EXPECT_TRUE(near(pixel(picture, 12, y), kGreen));
+    }
+}
+
+TEST_F(Shaping, CoversTheBoxWithAPictureThatIsTooHigh) {
+    start(true);
+    UIImage* picture = [Utils scaleImage:decoded(test::bmp(60, 120, redUpToRow40)) toSize:CGSizeMake(60, 60)];
+    EXPECT_EQ(coveredPixels(picture), 3600);
+    for (int x : {1, 30, 58}) {
+        EXPECT_TRUE(near(pixel(picture, x, 8), kRed));
+        EXPECT_TRUE(near(pixel(picture, x, 12), kGreen));
+    }
+}
+
+TEST_F(Shaping, EnlargesAPictureThatIsTooHighToTheWidthOfTheBox) {
+    start(true);
+    // One and a half times as large: 150 points high, of which the first 45 are above the box.
+    UIImage* picture = [Utils scaleImage:decoded(test::bmp(40, 100, redUpToRow40)) toSize:CGSizeMake(60, 60)];
+    EXPECT_EQ(coveredPixels(picture), 3600);
+    EXPECT_TRUE(near(pixel(picture, 30, 12), kRed));
+    EXPECT_TRUE(near(pixel(picture, 30, 17), kGreen));
+    UIImage* narrow = [Utils scaleImage:test::redPicture(30, 120, 1) toSize:CGSizeMake(60, 60)];
+    EXPECT_EQ(coveredPixels(narrow), 3600);
 }
 
 TEST_F(Shaping, CutsCornersAtARadiusInPoints) {

@@ -5,7 +5,7 @@
 namespace hooks {
 namespace {
 
-// The association's key is this text's address; other code that knows the library looks for the text.
+// The association's key: the runtime goes by the address and reads no text.
 constexpr char kContactIDKey[] = "ZelkaCB_ContactID";
 
 NSInteger contactID(NSObject object) {

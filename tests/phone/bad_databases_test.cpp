@@ -88,7 +88,7 @@ TEST_P(DamagedImages, RecentsShowPlaceholdersUntilTheImagesCanBeRead) {
                                       testing::Not(testing::HasSubstr("Error"))));
 }
 
-TEST_P(DamagedBook, RecentsOfKnownCallersStillHaveTheirPhotos) {
+TEST_P(DamagedBook, CallersAreStrangersUntilTheBookCanBeRead) {
     makePhone();
     const fs::path book = root_ / kBookPath;
     damage(book, GetParam());

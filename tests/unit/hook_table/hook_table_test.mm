@@ -1,3 +1,4 @@
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 
 #include "simulator/runtime/library_loader.h"
@@ -16,6 +17,52 @@
     [application self];
 }
 @end
+
+// Stands in for the host's methods, whatever their signatures: notes who was asked for what with which first argument,
+// and answers nil. A method's code, unlike a function's, may be called as one of another type under the sanitizers.
+@interface NotedHost : NSObject
+- (id)noted:(id)first;
+@end
+
+// An argument of every kind that a replacement asks something of: a button, an index path.
+@interface AnyArgument : NSObject
+- (BOOL)isSelected;
+- (NSInteger)row;
+@end
+
+struct Call {
+    id receiver;
+    SEL command;
+    id first;
+};
+static std::vector<Call> noted;
+
+@implementation NotedHost
+- (id)noted:(id)first {
+    noted.push_back({self, _cmd, first});
+    return nil;
+}
+@end
+
+@implementation AnyArgument
+- (BOOL)isSelected {
+    return NO;
+}
+- (NSInteger)row {
+    return 0;
+}
+@end
+
+// The classes that the library asks for while it is loaded, in order.
+static std::vector<std::string> lookedUp;
+static bool loading = false;
+
+// Ahead of the runtime's own by definition order.
+extern "C" __attribute__((visibility("default"))) Class objc_getClass(const char* name) {
+    static const auto before = reinterpret_cast<decltype(&objc_getClass)>(dlsym(RTLD_NEXT, "objc_getClass"));
+    if (loading && phone::libraryOf(__builtin_return_address(0)) == test::libraryPath()) lookedUp.push_back(name);
+    return before(name);
+}
 
 namespace {
 
@@ -76,6 +123,58 @@ TEST_F(HookTable, ReplacesOrAddsEveryRowsMethod) {
 TEST_F(HookTable, IsInstalledInEveryProcess) {
     boot("com.apple.mobilephone");
     for (const Row& row : kRows) EXPECT_TRUE(isInLibrary(implementationOf(row))) << row.className << row.selector;
+}
+
+TEST_F(HookTable, IsInstalledInAProcessWithoutIdentifierToo) {
+    boot("");
+    ASSERT_EQ([[NSBundle mainBundle] bundleIdentifier], nil);
+    for (const Row& row : kRows) EXPECT_TRUE(isInLibrary(implementationOf(row))) << row.className << row.selector;
+}
+
+TEST_F(HookTable, LooksEachClassUpOnceAndInOrder) {
+    std::vector<std::string> wanted;
+    for (const Row& row : kRows)
+        if (wanted.empty() || wanted.back() != row.className) wanted.push_back(row.className);
+    ASSERT_EQ(wanted.size(), 10u);
+    bootPhone("com.apple.springboard");
+    loading = true;
+    loadExtension();
+    loading = false;
+    // The library's own classes and the platform's, which it looks up meanwhile, are not the host's.
+    std::erase_if(lookedUp, [&](const std::string& name) { return !std::ranges::count(wanted, name); });
+    EXPECT_EQ(lookedUp, wanted);
+}
+
+// A method of the class's own is swapped, an inherited one overridden.
+void takeOver(const Row& row) {
+    Class cls = objc_getClass(row.className);
+    const SEL selector = sel_registerName(row.selector);
+    const IMP code = class_getMethodImplementation([NotedHost class], @selector(noted:));
+    Method method = class_getInstanceMethod(cls, selector);
+    if (!class_addMethod(cls, selector, code, method_getTypeEncoding(method))) method_setImplementation(method, code);
+}
+
+TEST_F(HookTable, EveryReplacementCallsTheHostOnceWithWhatItWasGiven) {
+    bootPhone("com.apple.springboard");
+    for (const Row& row : kRows)
+        if (row.kind == Kind::hooked) takeOver(row);
+    loadExtension();
+    AnyArgument* argument = [[[AnyArgument alloc] init] autorelease];
+    for (const Row& row : kRows) {
+        if (row.kind == Kind::added) continue;
+        SCOPED_TRACE(std::string(row.className) + " " + row.selector);
+        // Bare: its own initialiser may be one that was taken over.
+        id receiver = class_createInstance(objc_getClass(row.className), 0);
+        const SEL command = sel_registerName(row.selector);
+        const std::string_view name = row.selector;
+        id first = name == "viewDidAppear:" ? (id)YES : argument;
+        noted.clear();
+        [receiver performSelector:command withObject:first withObject:argument];
+        ASSERT_EQ(noted.size(), 1u);
+        EXPECT_EQ(noted.front().receiver, receiver);
+        EXPECT_STREQ(sel_getName(noted.front().command), row.selector);
+        if (name.ends_with(':')) EXPECT_EQ(noted.front().first, first);
+    }
 }
 
 TEST_F(HookTable, HookedMethodsKeepTheirEncodingAndAddedOnesGetTheirs) {

@@ -42,6 +42,13 @@ TEST_F(Controller, ListensToSettingsChangesOnceItsViewIsLoaded) {
     EXPECT_EQ(happened(), "cleanup reset ");
 }
 
+TEST_F(Controller, AChangeWhileItsViewIsLoadedIsNotHeard) {
+    startWithController();
+    controller_->postedWhileLoading = [NSString stringWithUTF8String:kChanged];
+    [controller_ viewDidLoad];
+    EXPECT_EQ(happened(), "loaded ");
+}
+
 TEST_F(Controller, AViewLoadedTwiceListensTwice) {
     startWithController();
     [controller_ viewDidLoad];
@@ -117,15 +124,24 @@ TEST_F(Controller, TheRememberedGeneratorIsKept) {
 }
 
 TEST_F(Controller, AppearingListsLetGoOfWhatTheHostMadeForAMoment) {
-    start();
-    for (NSString* name in @[ @"CallBarFavoritesViewController", @"CallBarABViewController" ]) {
-        forget();
+    bootPhone("com.apple.springboard");
+    // The system's own list appears like CallBar's here.
+    const SEL appear = @selector(viewDidAppear:);
+    method_setImplementation(class_getInstanceMethod([ABMembersViewController class], appear),
+                             class_getMethodImplementation([CallBarFavoritesViewController class], appear));
+    loadExtension();
+    for (NSString* name in
+         @[ @"CallBarFavoritesViewController", @"CallBarABViewController", @"ABMembersViewController" ]) {
         UIViewController* list = [[[NSClassFromString(name) alloc] init] autorelease];
-        @autoreleasepool {
-            [list viewDidAppear:YES];
-            [hostEvents() appendString:@"returned "];
+        for (const BOOL animated : {YES, NO}) {
+            forget();
+            @autoreleasepool {
+                [list viewDidAppear:animated];
+                [hostEvents() appendString:@"returned "];
+            }
+            EXPECT_EQ(happened(), animated ? "appeared-animated freed returned " : "appeared freed returned ")
+                << [name UTF8String];
         }
-        EXPECT_EQ(happened(), "appeared-animated freed returned ");
     }
 }
 
@@ -135,16 +151,19 @@ TEST_F(Controller, SpringBoardTellsItsNameAndVersionAfterItsStart) {
         "/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/ZelkaCB.plist",
         "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Name</key><string>Zelka</string><key>Version</key>"
         "<string>1.2-3</string></dict></plist>");
-    [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:nil];
-    EXPECT_EQ(happened(), "launched ");
+    NSObject* application = [[[NSObject alloc] init] autorelease];
+    [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:application];
+    NSString* expected = [NSString stringWithFormat:@"launched(%p) ", application];
+    EXPECT_EQ(happened(), [expected UTF8String]);
     EXPECT_EQ(loggedLines("com.norvex.ZelkaCB => Info: Zelka (1.2-3) loading...."), 1);
+    EXPECT_LT(log().find("the host has launched"), log().find("loading...."));
 }
 
 TEST_F(Controller, SpringBoardSaysNothingWhileTheFeatureIsOff) {
     start();
     [settings() setIsZelkaCBEnabled:NO];
     [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:nil];
-    EXPECT_EQ(happened(), "launched ");
+    EXPECT_THAT(happened(), testing::StartsWith("launched("));
     EXPECT_EQ(log().find("loading...."), std::string::npos);
 }
 

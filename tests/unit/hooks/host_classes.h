@@ -13,12 +13,16 @@ NSMutableString* hostEvents(void);
 @interface FreedWitness : NSObject
 @end
 
+// Makes a witness that nobody keeps.
+void makeShortLived(void);
+
 @interface SpringBoard : NSObject
 - (void)applicationDidFinishLaunching:(id)application;
 @end
 
 @interface CallBarControllerModern : UIViewController {
   @public
+    NSString* postedWhileLoading;  // the notification that its view's loading posts, if any
     ABMonogrammer* generator;
 }
 - (void)toggleFavorites:(id)sender;
@@ -37,6 +41,7 @@ NSMutableString* hostEvents(void);
 
 @interface CallBarABViewController : UIViewController {
   @public
+    NSString* postedWhileLoading;  // as above
     BOOL onlyMissed;
     char neighbour[7];  // what stands beside the flag is not the flag's
     NSArray* _missedEntries;

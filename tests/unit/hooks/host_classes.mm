@@ -7,8 +7,11 @@ NSMutableString* hostEvents(void) {
 
 static void note(NSString* word) { [hostEvents() appendFormat:@"%@ ", word]; }
 
-// For a host that makes something short-lived.
-static void makeShortLived() { [[[FreedWitness alloc] init] autorelease]; }
+static void post(NSString* notification) {
+    if (notification != nil) [[NSNotificationCenter defaultCenter] postNotificationName:notification object:nil];
+}
+
+void makeShortLived(void) { [[[FreedWitness alloc] init] autorelease]; }
 
 @implementation FreedWitness
 - (void)dealloc {
@@ -19,14 +22,15 @@ static void makeShortLived() { [[[FreedWitness alloc] init] autorelease]; }
 
 @implementation SpringBoard
 - (void)applicationDidFinishLaunching:(id)application {
-    note(@"launched");
-    [application self];
+    [hostEvents() appendFormat:@"launched(%p) ", application];
+    NSLog(@"the host has launched");
 }
 @end
 
 @implementation CallBarControllerModern
 - (void)viewDidLoad {
     note(@"loaded");
+    post(postedWhileLoading);
 }
 - (void)toggleFavorites:(id)sender {
     [hostEvents() appendFormat:@"%s(%p) ", sel_getName(_cmd), sender];
@@ -73,6 +77,7 @@ static void makeShortLived() { [[[FreedWitness alloc] init] autorelease]; }
 }
 - (void)viewDidLoad {
     note(@"loaded");
+    post(postedWhileLoading);
 }
 - (void)viewDidAppear:(BOOL)animated {
     makeShortLived();

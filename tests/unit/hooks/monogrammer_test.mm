@@ -1,3 +1,4 @@
+#include "tests/support/property_list.h"
 #include "tests/unit/hooks/hook_test.h"
 
 namespace {
@@ -38,6 +39,17 @@ class Monogrammer : public test::HookTest {
     static bool isMiddle(UIImage* image, test::Rgb color) {
         return test::near(middle(image), {color.r, color.g, color.b, 255}, 3);
     }
+    // Whether the picture is white exactly where the generator's font draws the letters, whatever its disc's colour.
+    bool showsInGeneratorsFont(UIImage* picture, NSString* letters) {
+        UIFont* font = [generator_ font];
+        UIImage* drawn = [Utils monogramImage:letters size:CGSizeMake(60, 60) color:[UIColor blackColor] font:font];
+        for (int y = 0; y < 120; y += 3)
+            for (int x = 30; x < 90; x += 3) {
+                const bool white = test::pixel(drawn, x, y).r > 250;
+                if (test::near(test::pixel(picture, x, y), {255, 255, 255, 255}, 5) != white) return false;
+            }
+        return true;
+    }
     static std::string sizeOf(UIImage* image) {
         return [[NSString stringWithFormat:@"%g x %g", [image size].width, [image size].height] UTF8String];
     }
@@ -57,14 +69,16 @@ TEST_F(Monogrammer, InitialsAreDrawnByTheLibraryAtSixtyPoints) {
 
 TEST_F(Monogrammer, InitialsAreDrawnInTheGeneratorsFont) {
     startWithGenerator();
-    UIFont* font = [generator_ font];
-    UIImage* expected = [Utils monogramImage:@"AL" size:CGSizeMake(60, 60) color:[UIColor blackColor] font:font];
-    UIImage* picture = initials(generator_);
-    for (int y = 0; y < 120; y += 3)
-        for (int x = 30; x < 90; x += 3) {
-            const bool white = test::pixel(expected, x, y).r > 250;
-            EXPECT_EQ(test::near(test::pixel(picture, x, y), {255, 255, 255, 255}, 5), white) << x << "," << y;
-        }
+    EXPECT_TRUE(showsInGeneratorsFont(initials(generator_), @"AL"));
+    EXPECT_FALSE(showsInGeneratorsFont(initials(generator_), @"ZY"));
+}
+
+TEST_F(Monogrammer, SquarePersonsInitialsAreDrawnInTheGeneratorsFont) {
+    startWithGenerator();
+    [settings() setIsRoundedPicsEnabled:NO];
+    UIImage* picture = person(generator_, addNamed("Ann", "Lee"));
+    EXPECT_TRUE(showsInGeneratorsFont(picture, @"AL"));
+    EXPECT_FALSE(showsInGeneratorsFont(picture, @"ZY"));
 }
 
 TEST_F(Monogrammer, EveryResultIsTheCallersToRelease) {
@@ -165,6 +179,20 @@ TEST_F(Monogrammer, MonogramsOffThePersonGetsTheRecentPicture) {
     EXPECT_TRUE(isMiddle(person(generator_, addNamed("Ann", "Lee")), kRed));
 }
 
+TEST_F(Monogrammer, TheAddressBookIsAskedForInitialsOnlyWhileMonogramsAreOn) {
+    startWithGenerator();
+    [settings() setIsRoundedPicsEnabled:NO];
+    ABRecordRef ann = [[ABUIPerson personWithRecordID:addWithPhoto(kGreen)] record];
+    for (const BOOL monograms : {YES, NO}) {
+        [settings() setIsMonogramEnabled:monograms];
+        [Utils clearImageCache];
+        const int before = test::sqliteCalls().prepared;
+        [[generator_ monogramForPerson:ann isPersonImage:&flag_] release];
+        // One statement reads the photo, another the name.
+        EXPECT_EQ(test::sqliteCalls().prepared - before, monograms ? 2 : 1);
+    }
+}
+
 TEST_F(Monogrammer, AnUnsavedPersonKeepsTheSystemsPicture) {
     startWithGenerator();
     [settings() setIsRoundedPicsEnabled:NO];
@@ -205,6 +233,26 @@ TEST_F(Monogrammer, TheViewServiceKeepsTheSystemsPictures) {
     [settings() setIsRoundedPicsEnabled:NO];
     EXPECT_TRUE(isSystemDisc(initials(generator_)));
     EXPECT_EQ(fromData(generator_, nil), nil);
+    EXPECT_TRUE(isSystemDisc(person(generator_, addNamed("Ann", "Lee"))));
+    EXPECT_TRUE(isSystemDisc(person(generator_, 0)));
+}
+
+TEST_F(Monogrammer, AnotherProcessKeepsTheSystemsPictures) {
+    root.write(test::kSettingsPath, test::propertyList({{"ZelkaCBEnabled", true},
+                                                        {"ZelkaCBEnabledRoundedPictures", true},
+                                                        {"ZelkaCBEnabledMonogramPictures", true},
+                                                        {"ZelkaCBEnabledFavorites", true},
+                                                        {"ZelkaCBEnabledRecents", true},
+                                                        {"ZelkaCBEnabledContacts", true}}));
+    startWithGenerator("com.apple.mobilephone");
+    ASSERT_EQ(test::text([settings() description]),
+              "Zelka For Call Enabled: 1\nRound Pictures Enabled: 1\nMonogram Enabled: 1\nZelka on Favorites: 1\n"
+              "Zelka on Recents:1\nZelka on Contacts:1.");
+    // Round persons are the system's everywhere.
+    [settings() setIsRoundedPicsEnabled:NO];
+    EXPECT_TRUE(isSystemDisc(initials(generator_)));
+    EXPECT_EQ(fromData(generator_, nil), nil);
+    EXPECT_EQ(sizeOf(fromData(generator_, test::data(test::bmp(8, 8, kRed)))), "60 x 60");
     EXPECT_TRUE(isSystemDisc(person(generator_, addNamed("Ann", "Lee"))));
     EXPECT_TRUE(isSystemDisc(person(generator_, 0)));
 }

@@ -1,15 +1,21 @@
 #include "tests/unit/hooks/hook_test.h"
 
-// A UILabel of another class that is also told apart from the date label by its name alone.
+// A label of a class that is neither the name's nor the date's.
 @interface FancyLabel : UILabel
 @end
 @implementation FancyLabel
 @end
 
-// Under the library's other cells, and above the table: a view between them.
-@interface BetweenView : UIView
+// Makes a cell that answers another one in its own place.
+@interface OtherAnswer : UITableViewCell
 @end
-@implementation BetweenView
+static UITableViewCell* otherCell;
+@implementation OtherAnswer
+- (instancetype)initWithStyle:(UITableViewCellStyle)style reuseIdentifier:(NSString*)reuseIdentifier {
+    [hostEvents() appendFormat:@"init(%d, %@) ", (int)style, reuseIdentifier];
+    [super initWithStyle:style reuseIdentifier:reuseIdentifier];
+    return (id)otherCell;
+}
 @end
 
 namespace {
@@ -64,6 +70,20 @@ TEST_F(TransparentCell, IsMadeWithAPictureViewInItsContentView) {
     EXPECT_EQ(frameOf(picture), "2 2 40 40");
     EXPECT_EQ([picture image], nil);
     EXPECT_EQ(test::text([cell_ reuseIdentifier]), "row");
+}
+
+TEST_F(TransparentCell, WhoWasAskedToInitialiseGetsThePictureViewAndTheHostsAnswerIsReturned) {
+    bootPhone("com.apple.springboard");
+    const SEL init = @selector(initWithStyle:reuseIdentifier:);
+    method_setImplementation(class_getInstanceMethod([CallBarTableViewTransparentCell class], init),
+                             class_getMethodImplementation([OtherAnswer class], init));
+    loadExtension();
+    otherCell = [[UITableViewCell alloc] initWithStyle:UITableViewCellStyleDefault reuseIdentifier:nil];
+    CallBarTableViewTransparentCell* asked = [CallBarTableViewTransparentCell alloc];
+    EXPECT_EQ([asked initWithStyle:UITableViewCellStyleSubtitle reuseIdentifier:@"row"], otherCell);
+    EXPECT_EQ(happened(), "init(3, row) ");
+    EXPECT_EQ(frameOf(pictureOf(asked)), "2 2 40 40");
+    EXPECT_EQ(pictureOf(otherCell), nil);
 }
 
 TEST_F(TransparentCell, IsMadeWithoutPictureViewWhileTheFeatureIsOff) {
@@ -124,16 +144,22 @@ TEST_F(TransparentCell, APictureOfAnotherSizeKeepsItsSize) {
     EXPECT_EQ(frameOf(pictureOf(cell_)), "2 20 30 20");
 }
 
-TEST_F(TransparentCell, RecentsOffThePictureKeepsItsLastFrame) {
+TEST_F(TransparentCell, SwitchedOffThePictureKeepsItsLastFrameAndTheLabelsTheHosts) {
     boot();
     makeCell();
     [pictureOf(cell_) setFrame:CGRectMake(7, 8, 40, 40)];
     UILabel* name = label([cell_ contentView], @"Ann", CGRectMake(15, 5, 100, 20), [UITableViewLabel class]);
-    [settings() setIsShowPicturesOnRecents:NO];
-    layOut();
-    EXPECT_EQ(frameOf(pictureOf(cell_)), "7 8 40 40");
-    EXPECT_EQ(frameOf(name), "15 5 100 20");
-    EXPECT_EQ([name tag], 0);
+    UILabel* detail = label(cell_, @"mobile", CGRectMake(15, 30, 80, 16));
+    for (NSString* key in @[ @"isShowPicturesOnRecents", @"isZelkaCBEnabled" ]) {
+        [settings() loadSettings];
+        [settings() setValue:@(NO) forKey:key];
+        layOut();
+        EXPECT_EQ(frameOf(pictureOf(cell_)), "7 8 40 40") << [key UTF8String];
+        EXPECT_EQ(frameOf(name), "15 5 100 20") << [key UTF8String];
+        EXPECT_EQ([name tag], 0) << [key UTF8String];
+        EXPECT_EQ(frameOf(detail), "15 30 80 16") << [key UTF8String];
+        EXPECT_EQ([detail tag], 0) << [key UTF8String];
+    }
 }
 
 // The accessory is laid out by the cell itself, so a cell is asked that keeps it where the test put it.
@@ -251,6 +277,15 @@ TEST_F(System8, TheDateClipsTheName) {
 TEST_F(System8, ANameThatEndsBeforeTheDateKeepsItsWidth) {
     boot();
     makeCell();
+    UILabel* name = label([cell_ contentView], @"Ann", CGRectMake(15, 5, 100, 20), [UITableViewLabel class]);
+    addLabel<UIDateLabel>(cell_, @"6/9/15", CGRectMake(240, 10, 60, 20), [UIDateLabel class]);
+    layOut();
+    EXPECT_EQ(frameOf(name), "52 5 100 20");
+}
+
+TEST_F(System8, ANameThatEndsAtTheDateKeepsItsWidth) {
+    boot();
+    makeCell();
     UILabel* name = label([cell_ contentView], @"Ann", CGRectMake(15, 5, 188, 20), [UITableViewLabel class]);
     addLabel<UIDateLabel>(cell_, @"6/9/15", CGRectMake(240, 10, 60, 20), [UIDateLabel class]);
     layOut();
@@ -346,41 +381,6 @@ TEST_F(System8, WithoutPictureViewAndLabelsThingsArePlacedAsIfTheyWereEmpty) {
     EXPECT_EQ(frameOf(name), "10 5 100 20");
     EXPECT_EQ(frameOf(icon), "5 4 12 10");
     EXPECT_EQ(pictureOf(cell_), nil);
-}
-
-TEST_F(TransparentCell, OutsideOfATableThereIsNoParentTableView) {
-    boot();
-    makeCell();
-    EXPECT_EQ([cell_ parentTableView], nil);
-    UIView* elsewhere = [[[UIView alloc] initWithFrame:CGRectMake(0, 0, 10, 10)] autorelease];
-    [elsewhere addSubview:cell_];
-    EXPECT_EQ([cell_ parentTableView], nil);
-}
-
-TEST_F(TransparentCell, TheParentTableViewIsFoundBehindAViewBetween) {
-    boot();
-    makeCell();
-    UITableView* table = [[[UITableView alloc] initWithFrame:CGRectMake(0, 0, 320, 480)
-                                                       style:UITableViewStylePlain] autorelease];
-    BetweenView* between = [[[BetweenView alloc] initWithFrame:CGRectMake(0, 0, 320, 480)] autorelease];
-    [table addSubview:between];
-    [between addSubview:cell_];
-    EXPECT_EQ([cell_ parentTableView], table);
-    NotedTable* inner = [[[NotedTable alloc] initWithFrame:CGRectMake(0, 0, 320, 480)] autorelease];
-    [between addSubview:inner];
-    [inner addSubview:cell_];
-    EXPECT_EQ([cell_ parentTableView], inner);
-}
-
-TEST_F(TransparentCell, AnyObjectKeepsAContactId) {
-    boot();
-    NSObject* object = [[[NSObject alloc] init] autorelease];
-    EXPECT_EQ([object ZelkaCB_contactID], 0);
-    [object setZelkaCB_contactID:-5];
-    EXPECT_EQ([object ZelkaCB_contactID], -5);
-    [object setZelkaCB_contactID:NSIntegerMax];
-    EXPECT_EQ([object ZelkaCB_contactID], NSIntegerMax);
-    EXPECT_EQ([[[[NSObject alloc] init] autorelease] ZelkaCB_contactID], 0);
 }
 
 }  // namespace

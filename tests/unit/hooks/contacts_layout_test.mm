@@ -1,6 +1,16 @@
 #include "tests/support/property_list.h"
 #include "tests/unit/hooks/contacts_list_test.h"
 
+// Makes something short-lived each time that it is asked who it is.
+@interface LitteringPerson : TestPerson
+@end
+@implementation LitteringPerson
+- (int)recordID {
+    makeShortLived();
+    return [super recordID];
+}
+@end
+
 // What the host's drawing was asked for last.
 struct Drawing {
     CGPoint point;
@@ -46,6 +56,21 @@ TEST_F(ContactsList, LayoutPutsTheNameBesideThePicture) {
     EXPECT_EQ(frameOf([cell_ contactNameView]), "40 3 320 38");
     EXPECT_EQ(frameOf(picture()), "2 1 40 40");
     EXPECT_TRUE(shows(cell_, kRed));
+}
+
+TEST_F(ContactsList, LayoutLetsGoOfWhatItMadeForAMoment) {
+    startWithList();
+    person_ = [[LitteringPerson alloc] init];
+    give(7, test::bmp(8, 8, kRed));
+    @autoreleasepool {
+        ask();
+    }
+    forget();
+    @autoreleasepool {
+        [cell_ layoutSubviews];
+        [hostEvents() appendString:@"returned "];
+    }
+    EXPECT_EQ(happened(), "host-layout freed returned ");
 }
 
 TEST_F(ContactsList, LayoutOfAnEditedCellOutsideAnEditedTable) {
@@ -164,6 +189,8 @@ TEST_F(NameDrawing, IsWidenedWhereThePictureWouldCutTheNameShort) {
     EXPECT_EQ(widthAt(0, 207), 247);
     EXPECT_EQ(widthAt(300, 20), 20);
     EXPECT_EQ(widthAt(0, 0), 0);
+    // An edge just below the end, which single precision would round up to it.
+    EXPECT_EQ(widthAt(246.99999999, 0), 40);
 }
 
 TEST_F(NameDrawing, IsLeftAloneWhileThePicturesAreOff) {

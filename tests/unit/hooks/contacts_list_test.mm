@@ -90,6 +90,23 @@ TEST_P(EitherList, ACellThatIsNoMemberCellIsLeftAlone) {
     EXPECT_EQ(pictureOf(table_->handedOut), nil);
 }
 
+TEST_P(EitherList, TheTableOfAStrangeCellIsRememberedToo) {
+    startWithList();
+    table_->handedOut = [[StrangeCell alloc] initWithStyle:UITableViewCellStyleDefault reuseIdentifier:@"row"];
+    ask(GetParam());
+    test::deliver("com.norvex.ZelkaCBContactsEnabledNotification");
+    EXPECT_EQ(happened(), "reload ");
+}
+
+TEST_P(EitherList, ATableFirstServedWhileThePicturesAreOffIsReloadedWhenTheyComeOn) {
+    startWithList();
+    [settings() setIsShowPicturesOnContacts:NO];
+    ask(GetParam());
+    EXPECT_EQ(picture(), nil);
+    test::deliver("com.norvex.ZelkaCBContactsEnabledNotification");
+    EXPECT_EQ(happened(), "reload ");
+}
+
 TEST_P(EitherList, EmptyThumbnailCountsAsNone) {
     startWithList();
     const int ann = addNamed("Ann", "Lee");
@@ -109,6 +126,9 @@ TEST_P(EitherList, MonogramsOffThePlaceholderIsShownAndCached) {
     EXPECT_TRUE(shows(cell_, kYellow));
     EXPECT_EQ([Utils getContactImageInCache:ann], [picture() image]);
     UIImage* cached = [picture() image];
+    // The file's own entry gone, only the contact's leads to this very picture.
+    ASSERT_TRUE(
+        [Utils removeImageFromCacheForID:@"/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/recent@2x.png"]);
     [cell_ layoutSubviews];
     EXPECT_EQ([picture() image], cached);
     EXPECT_EQ(loggedLines("Monograms turned off..."), GetParam() == List::all ? 1 : 0);
@@ -149,6 +169,13 @@ TEST_F(System6Contacts, SearchResultsGetNoPicturesWhileTheFullListDoes) {
     [cell_ layoutSubviews];
     EXPECT_EQ(frameOf([cell_ contactNameView]), "5 3 200 38");
     EXPECT_EQ(frameOf(picture()), "2 1 40 40");
+}
+
+TEST_F(System6Contacts, TheTableOfSearchResultsIsRememberedThoughTheyGetNoPictures) {
+    startWithList();
+    ask(List::found);
+    test::deliver("com.norvex.ZelkaCBContactsEnabledNotification");
+    EXPECT_EQ(happened(), "reload ");
 }
 
 TEST_F(ContactsList, TheFirstTableServedIsRememberedAndReloadedForEver) {

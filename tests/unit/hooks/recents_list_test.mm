@@ -1,5 +1,15 @@
 #include "tests/unit/hooks/recents_test.h"
 
+// A list without CallBar's instance variables, whose rows are the cell that its table hands out.
+@interface BareList : UIViewController
+- (UITableViewCell*)tableView:(UITableView*)tableView cellForRowAtIndexPath:(NSIndexPath*)indexPath;
+@end
+@implementation BareList
+- (UITableViewCell*)tableView:(UITableView*)tableView cellForRowAtIndexPath:(NSIndexPath*)indexPath {
+    return [tableView dequeueReusableCellWithIdentifier:@"row"];
+}
+@end
+
 namespace {
 
 using test::frameOf;
@@ -112,6 +122,33 @@ TEST_F(RecentsList, AListWithoutEntriesKeepsThePicture) {
     startWithList();
     ask();
     EXPECT_EQ([picture() image], nil);
+    EXPECT_EQ(queued(), 0);
+}
+
+TEST_F(RecentsList, ARowWithoutEntryHasAPictureViewAllTheSame) {
+    startWithList();
+    [picture() removeFromSuperview];
+    ask();
+    ASSERT_NE(picture(), nil);
+    EXPECT_EQ([picture() superview], cell());
+    EXPECT_EQ(frameOf(picture()), "2 2 40 40");
+}
+
+TEST_F(RecentsList, AListWithoutTheHostsVariablesHasNoEntries) {
+    bootPhone("com.apple.springboard");
+    const SEL select = @selector(tableView:cellForRowAtIndexPath:);
+    Method host = class_getInstanceMethod([CallBarABViewController class], select);
+    Method bare = class_getInstanceMethod([BareList class], select);
+    method_setImplementation(host, method_getImplementation(bare));
+    loadExtension();
+    method_setImplementation(bare, method_getImplementation(host));
+    NotedTable* table = [[[NotedTable alloc] initWithFrame:CGRectMake(0, 0, 320, 480)] autorelease];
+    table->handedOut = newCell();
+    BareList* list = [[[BareList alloc] init] autorelease];
+    EXPECT_EQ([list tableView:table cellForRowAtIndexPath:[NSIndexPath indexPathForRow:0 inSection:0]],
+              table -> handedOut);
+    EXPECT_NE(pictureOf(table->handedOut), nil);
+    EXPECT_EQ([pictureOf(table->handedOut) image], nil);
     EXPECT_EQ(queued(), 0);
 }
 

@@ -43,6 +43,18 @@ TEST_F(RecentsList, ThePlaceholderIsNotCached) {
     settle();
 }
 
+TEST_F(RecentsList, APictureThatIsCachedMeanwhileIsShownAndNotMadeAnew) {
+    startWithList();
+    const int ann = addWithPhoto(kRed);
+    [[Utils queue] setSuspended:YES];
+    showRow(uidCall(ann));
+    UIImage* cached = test::redPicture(6, 6, 1);
+    [Utils setContactImage:cached contactId:ann];
+    [[Utils queue] setSuspended:NO];
+    settle();
+    EXPECT_EQ([picture() image], cached);
+}
+
 TEST_F(RecentsList, AReusedCellReceivesTheLatePictureOfItsEarlierRow) {
     startWithList();
     const int ann = addWithPhoto(kRed);
@@ -133,6 +145,20 @@ TEST_F(RecentsList, ACallWithoutCallersNameAsksTheAddressBookForInitials) {
     EXPECT_TRUE(shows(cell(), kYellow));
 }
 
+TEST_F(RecentsList, MonogramsOffTheAddressBookIsNotAskedForInitials) {
+    startWithList();
+    const int ann = addWithPhoto(kRed);
+    [[Utils queue] setSuspended:YES];
+    for (const BOOL monograms : {YES, NO}) {
+        [settings() setIsMonogramEnabled:monograms];
+        const int before = test::sqliteCalls().prepared;
+        showRow(uidCall(ann));
+        EXPECT_EQ(test::sqliteCalls().prepared - before, monograms ? 1 : 0);
+    }
+    [[Utils queue] setSuspended:NO];
+    settle();
+}
+
 TEST_F(RecentsList, MonogramsOffThePlaceholderIsTheBundlesRecentPicture) {
     startWithList();
     replaceBundlePicture("recent", kYellow);
@@ -191,6 +217,19 @@ TEST_F(RecentsList, TheFeatureSwitchedOffWhileTheRowIsMadeGivesTheRecentPicture)
     }
 }
 
+TEST_F(RecentsList, TheFeatureSwitchedOffWhileTheRowIsMadeTakesNoInitials) {
+    startWithList();
+    replaceBundlePicture("recent", kRed);
+    replaceBundlePicture("user_monogram_round", kYellow);
+    FlippingUidCall* call = namedCall<FlippingUidCall>(addNamed("Ann", "Lee"), @"Ann Lee");
+    call->flip = @"isZelkaCBEnabled";
+    showRow(call);
+    EXPECT_TRUE(shows(cell(), kRed));
+    settle();
+    // Monograms are still on, but nobody has told the letters: the silhouette.
+    EXPECT_TRUE(shows(cell(), kYellow));
+}
+
 TEST_F(RecentsList, MonogramsSwitchedOffAfterTheInitialsWereTakenGiveTheRecentPicture) {
     startWithList();
     replaceBundlePicture("recent", kYellow);
@@ -217,6 +256,29 @@ TEST_F(RecentsList, ALoadThatYieldsNothingLeavesThePlaceholder) {
     method_setImplementation(make, before);
     EXPECT_EQ([picture() image], placeholder);
     EXPECT_EQ([Utils getContactImageInCache:ann], nil);
+}
+
+TEST_F(RecentsList, AChangeWhileItsViewIsLoadedIsNotHeard) {
+    startWithList();
+    controller_->table = [[[NotedTable alloc] initWithFrame:CGRectMake(0, 0, 320, 480)] autorelease];
+    controller_->postedWhileLoading = @"com.norvex.ZelkaSettingsChangedNotification";
+    [controller_ viewDidLoad];
+    EXPECT_EQ(happened(), "loaded ");
+}
+
+TEST_F(RecentsList, StopsListeningAfterTheHostsOwnEnd) {
+    startWithList();
+    [controller_ viewDidLoad];
+    static id ending;
+    ending = controller_;
+    forget();
+    method_setImplementation(
+        class_getInstanceMethod([NSNotificationCenter class], @selector(removeObserver:)),
+        (IMP) + [](id, SEL, id observer) {
+            if (observer == ending) [hostEvents() appendString:@"removed "];
+        });
+    [controller_ release];
+    EXPECT_EQ(happened(), "dealloc removed ");
 }
 
 TEST_F(RecentsList, ListensToSettingsChangesFromItsLoadingToItsEnd) {

@@ -153,6 +153,15 @@ PangoContext* textContext() {
     return context;
 }
 
+// Each draw is a call of the system: drawn as often as the library does, which picks one of 30 colours.
+std::uint32_t drawColor(int contact) {
+    constexpr std::uint32_t kColors = 30;
+    const std::uint32_t first = arc4random() % kColors;
+    std::uint32_t index = first + (contact < 1 ? arc4random() : static_cast<std::uint32_t>(contact)) % kColors;
+    while (index >= kColors) index = 2 * (arc4random() % kColors);
+    return 0x010101U * (index * 8);
+}
+
 void drawInitials(cairo_t* cairo, const char* initials, double points) {
     constexpr double kFontSize = 17, kAscent = 16.5;
     PangoFontDescription* font = pango_font_description_new();
@@ -191,12 +200,12 @@ Picture bareLinkedPhoto(int contact) {
     return nullptr;
 }
 
-Picture bareMonogram(const char* initials) {
+Picture bareMonogram(const char* initials, int contact) {
     constexpr double kPoints = 40, kScale = 2, kCorner = 5;
     Picture disc(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, kSide, kSide));
     cairo_t* cairo = cairo_create(disc.get());
     cairo_scale(cairo, kScale, kScale);
-    const std::uint32_t color = arc4random();
+    const std::uint32_t color = drawColor(contact);
     cairo_set_source_rgb(cairo, (color & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0, (color >> 16 & 0xFF) / 255.0);
     cairo_arc(cairo, kPoints / 2, kPoints / 2, kPoints / 2, 0, 2 * std::numbers::pi);
     cairo_fill(cairo);

@@ -19,8 +19,8 @@ Picture barePhoto(int contact);
 // Finds out that the contact has no thumbnail, logs so, then who is linked with it, and reads the first thumbnail among
 // those.
 Picture bareLinkedPhoto(int contact);
-// An 80-pixel monogram for 40 points, rounded off at its corners.
-Picture bareMonogram(const char* initials);
+// An 80-pixel monogram for 40 points, rounded off at its corners. Contact 0 is nobody.
+Picture bareMonogram(const char* initials, int contact);
 // The picture of contacts without one, from the preference bundle.
 Picture bareDefaultPicture();
 // Every thumbnail of the image database, in one pass.

@@ -195,7 +195,7 @@ void registerLookups() {
         [](benchmark::State& state) {
             lookUpBare(state, kPhotos + 1, kPlain, [](int contact) {
                 Picture photo = bareLinkedPhoto(contact);
-                return photo ? std::move(photo) : bareMonogram("AL");
+                return photo ? std::move(photo) : bareMonogram("AL", contact);
             });
         });
     compare("Uncached lookup: default picture", lookUpDefault, [](benchmark::State& state) {
@@ -212,7 +212,7 @@ void registerLookups() {
                 state, [] { [Utils monogramImage:@"AL"]; }, 1);
         },
         [](benchmark::State& state) {
-            for (auto _ : state) bareMonogram("AL");
+            for (auto _ : state) bareMonogram("AL", 0);
         });
 }
 

@@ -46,8 +46,11 @@ bool Statement::step() {
 Status Statement::run() {
     while (step()) continue;
     Status result = status();
-    sqlite3_reset(statement_);
-    sqlite3_clear_bindings(statement_);
+    // A statement that could not be prepared is none.
+    if (statement_ != nullptr) {
+        sqlite3_reset(statement_);
+        sqlite3_clear_bindings(statement_);
+    }
     return result;
 }
 

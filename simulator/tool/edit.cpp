@@ -5,7 +5,9 @@
 #include <memory>
 
 #include "simulator/phone/address_book_builder.h"
+#include "simulator/phone/check_database.h"
 #include "simulator/phone/database.h"
+#include "simulator/phone/photo.h"
 #include "simulator/phone/schema.h"
 #include "simulator/phone/vcard_import.h"
 #include "simulator/runtime/notification_log.h"
@@ -56,13 +58,31 @@ void rename(phone::AddressBookBuilder& builder, const phone::Database& book, int
     orThrow(builder.setNames(contact, edit.first ? edit.first : old(0), edit.last ? edit.last : old(2)));
 }
 
+// Before anything is written: a change that fails half-way would leave the three out of step, and a database that is
+// missing would be made anew, empty, without anybody noticing what was lost.
+void requireSoundDatabases(const std::filesystem::path& root) {
+    for (const phone::DatabaseShape& shape : {phone::addressBookShape(), phone::imagesShape(), phone::callsShape()}) {
+        orThrow(phone::checkDatabase(root / shape.path, shape));
+    }
+}
+
+// The bytes of a file that holds a picture; nothing without a file's name.
+std::string readPicture(const std::string& file) {
+    if (file.empty()) return {};
+    std::string bytes = orThrow(phone::readFile(file));
+    phone::Result<phone::Photo> photo = phone::makePhoto(bytes);
+    if (!photo) throw Problem(file + ": " + photo.text());
+    return bytes;
+}
+
 void run(const Edit& edit) {
     requireRoot(edit.root);
     if (edit.photo.empty() && !edit.noPhoto && !edit.first && !edit.last && !edit.remove) {
         throw Problem("nothing to change: give --photo, --no-photo, --first, --last or --delete");
     }
     std::filesystem::path root = std::filesystem::canonical(edit.root);
-    std::string photo = edit.photo.empty() ? std::string() : orThrow(phone::readFile(edit.photo));
+    const std::string photo = readPicture(edit.photo);
+    requireSoundDatabases(root);
     {
         phone::Database book = orThrow(phone::Database::openToRead(root / phone::addressBookShape().path));
         int contact = findContact(book, edit.contact);
@@ -70,10 +90,7 @@ void run(const Edit& edit) {
         phone::AddressBookBuilder builder = orThrow(phone::AddressBookBuilder::open(root));
         if (edit.remove) orThrow(builder.removePerson(contact));
         if (edit.noPhoto) orThrow(builder.removePhoto(contact));
-        if (!edit.photo.empty()) {
-            phone::Status stored = builder.setPhoto(contact, photo);
-            if (!stored) throw Problem(edit.photo + ": " + stored.text());
-        }
+        if (!edit.photo.empty()) orThrow(builder.setPhoto(contact, photo));
         if (edit.first || edit.last) rename(builder, book, contact, edit);
         if (!edit.remove) orThrow(builder.setModificationDate(contact, modified));
         orThrow(builder.finish());

@@ -57,18 +57,21 @@ const DatabaseShape& addressBookShape() {
     static const DatabaseShape shape{"an address book (AddressBook.sqlitedb)",
                                      "private/var/mobile/Library/AddressBook/AddressBook.sqlitedb",
                                      kAddressBookSql,
-                                     {{"ABPerson", {"First", "Last", "ModificationDate", "PersonLink"}},
-                                      {"ABMultiValue", {"UID", "record_id", "property", "value"}},
+                                     {{"ABPerson",
+                                       {"First", "Last", "Middle", "Prefix", "Suffix", "Nickname", "Organization",
+                                        "ModificationDate", "PersonLink", "IsPreferredName"}},
+                                      {"ABMultiValue", {"UID", "record_id", "property", "label", "value"}},
+                                      {"ABMultiValueLabel", {"value"}},
                                       {"ABPhoneLastFour", {"multivalue_id", "value"}}}};
     return shape;
 }
 
 const DatabaseShape& imagesShape() {
-    static const DatabaseShape shape{
-        "an address book's images (AddressBookImages.sqlitedb)",
-        "private/var/mobile/Library/AddressBook/AddressBookImages.sqlitedb",
-        kImagesSql,
-        {{"ABThumbnailImage", {"record_id", "format", "data"}}, {"ABFullSizeImage", {"record_id", "data"}}}};
+    static const DatabaseShape shape{"an address book's images (AddressBookImages.sqlitedb)",
+                                     "private/var/mobile/Library/AddressBook/AddressBookImages.sqlitedb",
+                                     kImagesSql,
+                                     {{"ABThumbnailImage", {"record_id", "format", "derived_from_format", "data"}},
+                                      {"ABFullSizeImage", {"record_id", "crop_x", "crop_y", "crop_width", "data"}}}};
     return shape;
 }
 

@@ -11,7 +11,7 @@ struct DatabaseShape {
     const char* what;                                                        // for messages: "an address book"
     const char* path;                                                        // inside a root, relative
     const char* sql;                                                         // creates it empty
-    std::vector<std::pair<std::string, std::vector<std::string>>> required;  // table, columns that are used
+    std::vector<std::pair<std::string, std::vector<std::string>>> required;  // table, columns that hosts and tool use
 };
 
 const DatabaseShape& addressBookShape();

@@ -1,7 +1,9 @@
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <tuple>
 
 #include "simulator/phone/address_book_builder.h"
 #include "simulator/phone/schema.h"
@@ -128,9 +130,24 @@ TEST_F(Adoption, RefusesADatabaseOfAnotherKind) {
 }
 
 TEST_F(Adoption, RefusesATableWithoutAColumnThatIsNeeded) {
-    phone::Database writer = phone::Database::open(images, false).value();
-    ASSERT_EQ(writer.execute("ALTER TABLE ABThumbnailImage RENAME COLUMN format TO shape").text(), "");
-    EXPECT_THAT(refused(), HasSubstr("its table ABThumbnailImage has no column format"));
+    const std::tuple<fs::path*, const char*, std::vector<const char*>> needed[] = {
+        {&book,
+         "ABPerson",
+         {"Organization", "Nickname", "Middle", "Prefix", "Suffix", "ModificationDate", "IsPreferredName"}},
+        {&book, "ABMultiValue", {"label"}},
+        {&book, "ABMultiValueLabel", {"value"}},
+        {&images, "ABThumbnailImage", {"format", "derived_from_format"}},
+        {&images, "ABFullSizeImage", {"crop_x", "crop_y", "crop_width"}}};
+    for (const auto& [file, table, columns] : needed) {
+        for (const std::string column : columns) {
+            phone::Database writer = phone::Database::open(*file, false).value();
+            const std::string rename = std::string("ALTER TABLE ") + table + " RENAME COLUMN ";
+            ASSERT_EQ(writer.execute((rename + column + " TO gone").c_str()).text(), "");
+            EXPECT_THAT(refused(), HasSubstr(std::string("its table ") + table + " has no column " + column));
+            ASSERT_EQ(writer.execute((rename + "gone TO " + column).c_str()).text(), "");
+        }
+    }
+    EXPECT_EQ(adopt().text(), "");
 }
 
 TEST_F(Adoption, ImagesWithoutTheirAddressBookAreRefused) {

@@ -1,5 +1,7 @@
+#include <math.h>
 #include <time.h>
 
+#include <optional>
 #include <string>
 
 #include "simulator/frameworks/uikit/UILabel.h"
@@ -8,10 +10,16 @@
 
 namespace {
 
-tm localTime(NSDate* date) {
-    const time_t seconds = static_cast<time_t>([date timeIntervalSince1970]);
+// Far beyond every date that a calendar is made for, and well within what time_t and a year's number hold.
+constexpr double kFurthest = 1e12;
+
+// Nothing for a moment that no calendar tells.
+std::optional<tm> localTime(NSDate* date) {
+    const double since1970 = [date timeIntervalSince1970];
+    if (!(fabs(since1970) <= kFurthest)) return std::nullopt;
+    const time_t seconds = static_cast<time_t>(since1970);
     tm result = {};
-    localtime_r(&seconds, &result);
+    if (localtime_r(&seconds, &result) == nullptr) return std::nullopt;
     return result;
 }
 
@@ -29,14 +37,17 @@ NSString* formatted(const tm& time, const char* format) {
     return [NSString stringWithUTF8String:buffer];
 }
 
+// Empty for a date that cannot be told: a call history may hold any number.
 NSString* textFor(NSDate* date) {
-    const tm then = localTime(date);
-    const long days = daysBetween(then, localTime([NSDate date]));
+    const std::optional<tm> then = localTime(date);
+    const std::optional<tm> now = localTime([NSDate date]);
+    if (!then || !now) return @"";
+    const long days = daysBetween(*then, *now);
     const bool american = phone::device().region == "US";
-    if (days == 0) return formatted(then, american ? "%-I:%M %p" : "%H:%M");
+    if (days == 0) return formatted(*then, american ? "%-I:%M %p" : "%H:%M");
     if (days == 1) return @"Yesterday";
-    if (days > 1 && days < 7) return formatted(then, "%A");
-    return formatted(then, american ? "%-m/%-d/%y" : "%d/%m/%Y");
+    if (days > 1 && days < 7) return formatted(*then, "%A");
+    return formatted(*then, american ? "%-m/%-d/%y" : "%d/%m/%Y");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "simulator/phone/database.h"
 #include "tests/simulator/hosts/host_fixture.h"
 
 namespace {
@@ -146,6 +147,23 @@ TEST_F(HostTest, AMissingCallHistoryIsAnEmptyListAndTold) {
     HostProcess host(HostKind::springBoard, options());
     EXPECT_EQ(rowsOf(host, "recents"), Json::array());
     EXPECT_THAT(host.standardError(), testing::HasSubstr("the call history cannot be read"));
+}
+
+TEST_F(HostTest, DatesThatNoCalendarTellsAreEmpty) {
+    makePhone();
+    phone::Database calls =
+        phone::Database::open(root_ / "private/var/wireless/Library/CallHistory/call_history.db", false).value();
+    for (const char* date : {"1e300", "-1e300", "9e999", "1e18", "-1e18"}) {
+        ASSERT_EQ(calls.execute((std::string("UPDATE call SET date = ") + date).c_str()).text(), "");
+        HostProcess host(HostKind::springBoard, options());
+        const Json rows = rowsOf(host, "recents");
+        ASSERT_FALSE(rows.empty()) << date;
+        for (const Json& row : rows) EXPECT_EQ(row.at("date"), "") << date;
+        EXPECT_EQ(host.quit(), 0);
+    }
+    ASSERT_EQ(calls.execute("UPDATE call SET date = 64092211200").text(), "");
+    HostProcess host(HostKind::springBoard, options());
+    EXPECT_EQ(rowsOf(host, "recents")[0].at("date"), "1/1/01");
 }
 
 }  // namespace

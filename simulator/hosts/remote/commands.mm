@@ -152,8 +152,7 @@ CommandResult shot(NSDictionary* command, const Libraries&) {
     NSString* out = textOf(command, @"out");
     if (![out isAbsolutePath]) return failed(@"shot needs \"out\", the absolute path of the picture to write");
     NSError* problem = nil;
-    if (!UIWriteSnapshotOfView(CallBarWindow(), out, &problem))
-        return failed([NSString stringWithFormat:@"%@: %@", out, [problem localizedDescription]]);
+    if (!UIWriteSnapshotOfView(CallBarWindow(), out, &problem)) return failed([problem localizedDescription]);
     const CGSize size = [CallBarWindow() bounds].size;
     const CGFloat scale = [[UIScreen mainScreen] scale];
     return done(@{

@@ -132,12 +132,12 @@ std::filesystem::path programPath(HostKind kind) {
         return ::access(candidate.c_str(), X_OK) == 0;
     };
     if (const char* folder = std::getenv("PHONESIM_HOSTS"); folder != nullptr && *folder != '\0') {
-        if (const fs::path candidate = fs::path(folder) / programName(kind); usable(candidate)) return candidate;
+        if (fs::path candidate = fs::path(folder) / programName(kind); usable(candidate)) return candidate;
     } else {
         std::error_code error;
         const fs::path self = fs::read_symlink("/proc/self/exe", error);
         for (fs::path folder2 = self.parent_path(); folder2 != folder2.root_path(); folder2 = folder2.parent_path()) {
-            const fs::path candidate = folder2 / "simulator" / "hosts" / programName(kind);
+            fs::path candidate = folder2 / "simulator" / "hosts" / programName(kind);
             if (usable(candidate)) return candidate;
         }
     }
@@ -217,6 +217,7 @@ nlohmann::json HostProcess::call(const nlohmann::json& command, double timeoutSe
         if (answer.contains("event")) events_.push_back(answer);
         // An answer to a command given up earlier may still arrive.
         if (answer.value("id", -1L) != id) continue;
+        if (answer.contains("error") && what == "settle") failQuotingLogs(answer["error"].get<std::string>());
         if (answer.contains("error")) fail(answer["error"].get<std::string>());
         answer.erase("id");
         return answer;
@@ -232,7 +233,7 @@ std::string HostProcess::readLine(const Deadline& deadline, const std::string& w
         };
         const int ready = left > 0 ? ::poll(&wait, 1, static_cast<int>(std::ceil(left * 1000))) : 0;
         if (ready < 0 && errno == EINTR) continue;
-        if (ready <= 0) fail("did not " + waitingFor + " within " + secondsText(deadline.seconds()));
+        if (ready <= 0) failQuotingLogs("did not " + waitingFor + " within " + secondsText(deadline.seconds()));
         readMore(" while asked to " + waitingFor);
     }
 }
@@ -316,7 +317,7 @@ std::string HostProcess::standardError() const {
 void HostProcess::release() {
     if (running()) {
         ::kill(pid_, SIGKILL);
-        ::waitpid(pid_, &exitStatus_, 0);
+        while (::waitpid(pid_, &exitStatus_, 0) < 0 && errno == EINTR) continue;
         ended_ = true;
     }
     for (int* descriptor : {&commands_, &answers_, &standardError_}) {
@@ -326,10 +327,16 @@ void HostProcess::release() {
 }
 
 void HostProcess::fail(const std::string& what) const {
+    if (ended_) failQuotingLogs(what);
+    throw HostError(told(what));
+}
+
+void HostProcess::failQuotingLogs(const std::string& what) const { throw HostError(told(what) + logEnds(root_)); }
+
+std::string HostProcess::told(const std::string& what) const {
     std::string text = name_ + ": " + what;
     if (const std::string errors = standardError(); !errors.empty()) text += "\n" + errors;
-    if (ended_) text += logEnds(root_);
-    throw HostError(text);
+    return text;
 }
 
 }  // namespace hosts

@@ -25,8 +25,8 @@ const char* bundleIdentifier(HostKind kind);
 std::filesystem::path programPath(HostKind kind);
 
 // What went wrong: the host did not start, answered {"error": text}, did not answer in time, or has ended. The text
-// is complete; after it comes what the host wrote to standard error, and of one that has ended the end of its phone's
-// logs.
+// is complete; after it comes what the host wrote to standard error, and of one that has ended or waited in vain the
+// end of its phone's logs.
 class HostError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
@@ -106,6 +106,8 @@ class HostProcess {
     void readMore(const std::string& when);
     void release();
     [[noreturn]] void fail(const std::string& what) const;
+    [[noreturn]] void failQuotingLogs(const std::string& what) const;
+    std::string told(const std::string& what) const;
 
     std::filesystem::path root_;
     pid_t pid_ = -1;

@@ -111,6 +111,7 @@ TEST_F(HostTest, AHostThatDiesIsAnErrorAndNotAWait) {
 
 TEST_F(HostTest, AHostThatDoesNotAnswerInTimeIsAnErrorThatNamesTheCommand) {
     makePhone();
+    std::ofstream(root_ / "tmp/a.log") << "what was said last\n";
     HostProcess host(HostKind::springBoard, options());
     ::kill(host.pid(), SIGSTOP);
     try {
@@ -118,6 +119,7 @@ TEST_F(HostTest, AHostThatDoesNotAnswerInTimeIsAnErrorThatNamesTheCommand) {
         FAIL() << "answered";
     } catch (const hosts::HostError& error) {
         EXPECT_THAT(error.what(), HasSubstr("did not rows within 0.2 s"));
+        EXPECT_THAT(error.what(), HasSubstr("a.log:\nwhat was said last"));
     }
     ::kill(host.pid(), SIGCONT);
     // The late answer is passed over.

@@ -3,6 +3,8 @@
 #include <dlfcn.h>
 #include <stdio.h>
 
+#include <filesystem>
+
 #include "simulator/runtime/library_loader.h"
 #include "simulator/runtime/phone_root.h"
 #include "simulator/runtime/process.h"
@@ -59,11 +61,26 @@ NSString* libraryFor(NSString* filterPath) {
     return nil;
 }
 
+// Why there is none. A link without its target is told as such: libraries are linked from the folder they are built in.
+void complainOfMissingLibrary(NSString* filterPath) {
+    const std::filesystem::path filter = [filterPath fileSystemRepresentation];
+    for (const char* extension : {".dylib", ".so"}) {
+        const std::filesystem::path path = std::filesystem::path(filter).replace_extension(extension);
+        std::error_code error;
+        const std::filesystem::path target = std::filesystem::read_symlink(path, error);
+        if (error) continue;
+        complain([NSString stringWithUTF8String:path.c_str()],
+                 ("links to " + target.string() + ", which is not there").c_str());
+        return;
+    }
+    complain(filterPath, "there is no library beside this filter");
+}
+
 void inject(NSString* filterPath, std::vector<std::string>& loaded) {
     if (!asksForThisProcess(filterPath)) return;
     NSString* path = libraryFor(filterPath);
     if (path == nil) {
-        complain(filterPath, "there is no library beside this filter");
+        complainOfMissingLibrary(filterPath);
         return;
     }
     const std::string problem = loadLibrary([path fileSystemRepresentation]);

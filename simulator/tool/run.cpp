@@ -11,6 +11,7 @@
 
 #include "simulator/hosts/remote/host_process.h"
 #include "simulator/runtime/notification_watcher.h"
+#include "simulator/tool/host_start.h"
 #include "simulator/tool/run_lock.h"
 #include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"
@@ -62,7 +63,7 @@ class Screen {
 
   public:
     Screen(const Process& process, const char* screen, const fs::path& root, const Run& run)
-        : name_(std::string(process.name) + " " + screen), host_(start(process.kind, root)) {
+        : name_(std::string(process.name) + " " + screen), host_(startHost(process.kind, root, false)) {
         const fs::path folder = root / "screens" / process.name;
         fs::create_directories(folder);
         called([&] { show(screen, folder, run); });
@@ -86,18 +87,14 @@ class Screen {
   private:
     void show(const char* screen, const fs::path& folder, const Run& run) {
         const nlohmann::json settle = {{"do", "settle"}, {"timeout", run.timeout}};
+        // The host knows better what it waits for in vain: time enough for it to say so.
+        const double patience = run.timeout + 10;
         // As a person would wait for the list that the process starts with before going on to another.
-        host_->call(settle, run.timeout + 10);
-        host_->call({{"do", "show"}, {"screen", screen}}, run.timeout);
-        host_->call(settle, run.timeout + 10);
+        host_->call(settle, patience);
+        host_->call({{"do", "show"}, {"screen", screen}}, patience);
+        host_->call(settle, patience);
         const std::string out = (folder / screen).string() + ".png";
-        host_->call({{"do", "watch"}, {"out", out}, {"interval", run.interval}}, run.timeout);
-    }
-
-    static std::unique_ptr<hosts::HostProcess> start(hosts::HostKind kind, const fs::path& root) {
-        hosts::HostOptions options;
-        options.root = root;
-        return std::make_unique<hosts::HostProcess>(kind, options);
+        host_->call({{"do", "watch"}, {"out", out}, {"interval", run.interval}}, patience);
     }
 
     std::string name_;
@@ -135,6 +132,7 @@ void runPhone(const Run& run) {
     const StopSignal stop;
     phone::NotificationWatcher notifications;
     if (const std::string problem = notifications.open(root); !problem.empty()) throw Problem(problem);
+    warnOfDamage(root);
     std::vector<Screen> screens = startScreens(root, run, stop);
     if (stop.received() == 0) tell("running; the pictures are in " + (root / "screens").string());
     follow(screens, notifications, stop);
@@ -155,7 +153,7 @@ void addRun(CLI::App& app) {
                      "Seconds at least from one picture of a screen to its next (default: 0.1)")
         ->check(CLI::Range(0.001, 3600.0));
     verb->add_option("--timeout", run->timeout, "Seconds to wait for a host to settle at the start (default: 60)")
-        ->check(CLI::PositiveNumber);
+        ->check(CLI::Range(0.001, 86400.0));
     verb->footer(
         "Runs until it is stopped (Ctrl-C, or SIGTERM): then it exits with 0, or with 1 as soon as a host dies.\n"
         "The pictures are ROOT/screens/PROCESS/SCREEN.png, PROCESS being springboard or callbar and SCREEN recents,\n"

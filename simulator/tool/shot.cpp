@@ -1,10 +1,10 @@
 #include <cstdio>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
 
 #include "simulator/hosts/remote/host_process.h"
+#include "simulator/tool/host_start.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {
@@ -14,53 +14,64 @@ namespace fs = std::filesystem;
 
 struct Shot {
     std::string root, screen, text, out;
-    hosts::HostKind process = hosts::HostKind::callBarViewService;
+    std::string process = "callbar";
     bool withoutExtension = false;
     bool rowDetails = false;
     bool editing = false;
     double timeout = 60;
+
+    hosts::HostKind kind() const {
+        return process == "springboard" ? hosts::HostKind::springBoard : hosts::HostKind::callBarViewService;
+    }
 };
 
-// A picture appears at its place only when it is complete.
-void takePicture(hosts::HostProcess& host, const fs::path& out) {
-    fs::path part = out.parent_path() / ("." + out.stem().string() + ".part.png");
-    try {
-        host.call({{"do", "shot"}, {"out", part.string()}});
-        fs::rename(part, out);
-    } catch (...) {
-        std::error_code ignored;
-        fs::remove(part, ignored);
-        throw;
-    }
-}
-
-void run(const Shot& shot) {
-    requireRoot(shot.root);
+void requireSense(const Shot& shot) {
     if (shot.out.empty() && !shot.rowDetails) throw Problem("give --out FILE.png, --row-details, or both");
     if ((shot.screen == "search") == shot.text.empty()) {
         throw Problem("the screen search needs a TEXT to search for, the others take none");
     }
-    fs::path out = shot.out.empty() ? fs::path() : fs::absolute(shot.out);
-    if (!shot.out.empty() && !fs::is_directory(out.parent_path())) {
-        throw Problem(out.parent_path().string() + ": there is no such folder");
-    }
-    hosts::HostOptions options;
-    options.root = fs::absolute(shot.root);
-    options.withoutExtension = shot.withoutExtension;
-    hosts::HostProcess host(shot.process, options);
+}
+
+// Where the picture goes: the file that a link leads to, not the link. A picture is put in place by renaming, which
+// would replace a device as readily as a file.
+fs::path placeOfPicture(const std::string& name) {
+    fs::path out = fs::weakly_canonical(fs::absolute(name));
+    if (fs::is_directory(out)) throw Problem(name + ": is a folder; name the picture to write in it");
+    if (fs::exists(out) && !fs::is_regular_file(out)) throw Problem(name + ": is no file that a picture could replace");
+    if (!fs::is_directory(out.parent_path())) throw Problem(out.parent_path().string() + ": there is no such folder");
+    return out;
+}
+
+void showScreen(hosts::HostProcess& host, const Shot& shot) {
     nlohmann::json show = {{"do", "show"}, {"screen", shot.screen}, {"editing", shot.editing}};
     if (!shot.text.empty()) show["text"] = shot.text;
     const nlohmann::json settle = {{"do", "settle"}, {"timeout", shot.timeout}};
+    // The host knows better what it waits for in vain: time enough for it to say so.
+    const double patience = shot.timeout + 10;
     // A late picture of the list that the host starts with would land in a reused cell of the next.
-    host.call(settle, shot.timeout + 10);
-    host.call(show, shot.timeout);
-    host.call(settle, shot.timeout + 10);
-    host.call({{"do", "layout"}}, shot.timeout);
-    if (shot.rowDetails) {
-        std::printf("%s\n", host.call({{"do", "rows"}}, shot.timeout).at("rows").dump(2).c_str());
-    }
-    if (!shot.out.empty()) takePicture(host, out);
-    int status = host.quit();
+    host.call(settle, patience);
+    host.call(show, patience);
+    host.call(settle, patience);
+    host.call({{"do", "layout"}}, patience);
+}
+
+// The favourites are buttons, the other screens have rows.
+nlohmann::json detailsOf(hosts::HostProcess& host, const Shot& shot) {
+    if (shot.screen == "favorites") return host.call({{"do", "favorites"}}, shot.timeout + 10).at("buttons");
+    return host.call({{"do", "rows"}}, shot.timeout + 10).at("rows");
+}
+
+void run(const Shot& shot) {
+    requireRoot(shot.root);
+    requireSense(shot);
+    const fs::path out = shot.out.empty() ? fs::path() : placeOfPicture(shot.out);
+    const fs::path root = fs::absolute(shot.root);
+    warnOfDamage(root);
+    const auto host = startHost(shot.kind(), root, shot.withoutExtension);
+    showScreen(*host, shot);
+    if (shot.rowDetails) std::printf("%s\n", detailsOf(*host, shot).dump(2).c_str());
+    if (!out.empty()) host->call({{"do", "shot"}, {"out", out.string()}});
+    const int status = host->quit();
     if (status != 0) throw Problem("the host ended with status " + std::to_string(status));
 }
 
@@ -78,13 +89,10 @@ void addShot(CLI::App& app) {
     verb->add_flag("--without-extension", shot->withoutExtension, "As the screen looks without the library");
     verb->add_flag("--row-details", shot->rowDetails, "Print each row's contact ID, picture source and frames as JSON");
     verb->add_flag("--editing", shot->editing, "With the list in editing mode");
-    const std::map<std::string, hosts::HostKind> processes = {{"callbar", hosts::HostKind::callBarViewService},
-                                                              {"springboard", hosts::HostKind::springBoard}};
     verb->add_option("--process", shot->process, "The host: callbar (default) or springboard")
-        ->transform(CLI::CheckedTransformer(processes))
-        ->default_str("callbar");
+        ->check(CLI::IsMember({"callbar", "springboard"}));
     verb->add_option("--timeout", shot->timeout, "Seconds to wait for the host to settle (default: 60)")
-        ->check(CLI::PositiveNumber);
+        ->check(CLI::Range(0.001, 86400.0));
     verb->footer(
         "Examples:\n"
         "  phonesim shot phone recents --out recents.png\n"

@@ -45,4 +45,12 @@ TEST_F(PhoneSimRows, EastAsianNamesHaveTheFamilyNameFirst) {
     row("contacts", "小明");
 }
 
+TEST_F(PhoneSimRows, FavoritesArePrintedByTheirButtons) {
+    write("calls.csv", "-1h, (212) 555-0142, missed\n");
+    makePhone(" --calls calls.csv");
+    const nlohmann::json favorite = row("favorites", "Ann Lee");
+    EXPECT_EQ(favorite.at("contact"), 1);
+    EXPECT_TRUE(favorite.contains("picture"));
+}
+
 }  // namespace

@@ -9,7 +9,8 @@
 namespace tool {
 
 // Sets one switch in the root's settings file and keeps its other keys; makes the file when there is none. The file is
-// replaced as a whole. Fails, changing nothing, when the file there is not a property list with a dictionary.
+// replaced as a whole, and programs that do so at the same time take turns. Fails, changing nothing, when the file
+// there is not a property list with a dictionary.
 phone::Status setSwitch(const std::filesystem::path& root, const std::string& key, bool on);
 
 }  // namespace tool

@@ -2,7 +2,11 @@
 
 #import <Foundation/Foundation.h>
 
-#include <cstdio>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <fstream>
 #include <system_error>
 
@@ -13,10 +17,35 @@ namespace {
 
 constexpr const char* kFile = "/private/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist";
 
-// nil when the file is there but holds no dictionary.
+std::string messageOf(int error) { return std::generic_category().message(error); }
+
+// Keeps others who change settings away from a folder while it lives: who read the file before another's change would
+// write that back to what it was.
+class FolderLock {
+  public:
+    explicit FolderLock(const std::filesystem::path& folder)
+        : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        if (descriptor_ < 0 || flock(descriptor_, LOCK_EX) != 0) problem_ = folder.string() + ": " + messageOf(errno);
+    }
+    ~FolderLock() {
+        if (descriptor_ >= 0) close(descriptor_);
+    }
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+    // Why it is not locked; empty when it is.
+    const std::string& problem() const { return problem_; }
+
+  private:
+    int descriptor_;
+    std::string problem_;
+};
+
+// nil when something is there but no dictionary in it.
 NSMutableDictionary* readDictionary(const std::string& file) {
     std::error_code error;
     if (!std::filesystem::exists(file, error)) return [NSMutableDictionary dictionary];
+    if (!std::filesystem::is_regular_file(file, error)) return nil;
     NSData* data = [NSData dataWithContentsOfFile:[NSString stringWithUTF8String:file.c_str()]];
     id list = nil;
     @try {
@@ -35,12 +64,11 @@ NSMutableDictionary* readDictionary(const std::string& file) {
 
 phone::Status replaceFile(const std::string& file, NSData* contents) {
     std::string part = file + ".part";
-    std::error_code error;
-    std::filesystem::create_directories(std::filesystem::path(file).parent_path(), error);
     std::ofstream stream(part, std::ios::binary | std::ios::trunc);
     stream.write(static_cast<const char*>([contents bytes]), static_cast<std::streamsize>([contents length]));
     stream.close();
     if (!stream) return phone::Failure{part + ": cannot be written"};
+    std::error_code error;
     std::filesystem::rename(part, file, error);
     if (!error) return phone::Done{};
     std::string problem = error.message();
@@ -48,11 +76,9 @@ phone::Status replaceFile(const std::string& file, NSData* contents) {
     return phone::Failure{file + ": " + problem};
 }
 
-}  // namespace
-
-phone::Status setSwitch(const std::filesystem::path& root, const std::string& key, bool on) {
+// Reads, changes and writes.
+phone::Status changeFile(const std::string& file, const std::string& key, bool on) {
     @autoreleasepool {
-        std::string file = phone::hostPath(kFile, root);
         NSMutableDictionary* settings = readDictionary(file);
         if (!settings) return phone::Failure{file + ": is no property list with settings; remove it to start afresh"};
         [settings setObject:[NSNumber numberWithBool:on] forKey:[NSString stringWithUTF8String:key.c_str()]];
@@ -64,6 +90,16 @@ phone::Status setSwitch(const std::filesystem::path& root, const std::string& ke
         if (!contents) return phone::Failure{file + ": " + [[error localizedDescription] UTF8String]};
         return replaceFile(file, contents);
     }
+}
+
+}  // namespace
+
+phone::Status setSwitch(const std::filesystem::path& root, const std::string& key, bool on) {
+    const std::filesystem::path file = phone::hostPath(kFile, root);
+    std::error_code error;
+    std::filesystem::create_directories(file.parent_path(), error);
+    const FolderLock lock(file.parent_path());
+    return lock.problem().empty() ? changeFile(file, key, on) : phone::Status(phone::Failure{lock.problem()});
 }
 
 }  // namespace tool

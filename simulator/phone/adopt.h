@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "simulator/phone/progress.h"
 #include "simulator/phone/result.h"
 #include "simulator/phone/schema.h"
 
@@ -10,6 +11,7 @@ namespace phone {
 
 // Checks that `file` is a sound database of that shape and copies it to `copy`, with what its write-ahead log holds.
 // The original is only read, and no file appears beside it.
-Status adoptDatabase(const std::filesystem::path& file, const DatabaseShape& shape, const std::filesystem::path& copy);
+Status adoptDatabase(const std::filesystem::path& file, const DatabaseShape& shape, const std::filesystem::path& copy,
+                     const Progress& progress = {});
 
 }  // namespace phone

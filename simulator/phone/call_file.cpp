@@ -5,7 +5,7 @@
 #include <ctime>
 #include <string_view>
 
-#include "simulator/phone/vcard_import.h"
+#include "simulator/phone/read_file.h"
 
 namespace phone {
 namespace {
@@ -94,8 +94,8 @@ std::optional<double> readDate(const std::string& text) {
 
 bool isCallFile(const std::filesystem::path& file) { return file.extension() == ".csv" || file.extension() == ".txt"; }
 
-Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file, double now) {
-    Result<std::string> content = readFile(file);
+Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file, double now, const Progress& progress) {
+    Result<std::string> content = readFile(file, progress);
     if (!content) return content.failure();
     std::vector<WrittenCall> calls;
     int number = 0;

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "simulator/phone/contact.h"
+#include "simulator/phone/progress.h"
 #include "simulator/phone/result.h"
 
 namespace phone {
@@ -36,6 +37,7 @@ std::optional<double> readDate(const std::string& text);
 bool isCallFile(const std::filesystem::path& file);
 
 // Reads such a file; `now` is seconds since 1970-01-01 UTC. A line that is wrong fails the whole, naming file and line.
-Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file, double now);
+Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file, double now,
+                                              const Progress& progress = {});
 
 }  // namespace phone

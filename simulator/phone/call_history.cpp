@@ -91,9 +91,11 @@ Result<Caller> findCaller(const std::filesystem::path& root, const std::string& 
 }
 
 Result<long> addWrittenCalls(AddressBookBuilder& builder, const std::filesystem::path& root,
-                             const std::vector<WrittenCall>& calls, const std::string& region) {
+                             const std::vector<WrittenCall>& calls, const std::string& region,
+                             const Progress& progress) {
     Result<Database> book = openBook(root);
     if (!book) return book.failure();
+    long done = 0;
     for (const WrittenCall& written : calls) {
         Call call = written.call;
         if (!written.unlinked) {
@@ -104,6 +106,7 @@ Result<long> addWrittenCalls(AddressBookBuilder& builder, const std::filesystem:
         }
         Result<int> added = builder.addCall(call);
         if (!added) return added.failure();
+        if (progress) progress("calls", ++done, static_cast<long>(calls.size()));
     }
     return static_cast<long>(calls.size());
 }

@@ -22,7 +22,8 @@ Result<Caller> findCaller(const std::filesystem::path& root, const std::string& 
 
 // Adds written calls, each with the contact that it belongs to; how many.
 Result<long> addWrittenCalls(AddressBookBuilder& builder, const std::filesystem::path& root,
-                             const std::vector<WrittenCall>& calls, const std::string& region);
+                             const std::vector<WrittenCall>& calls, const std::string& region,
+                             const Progress& progress = {});
 
 // Makes up to 60 calls from the book's numbers over the three weeks before `now`: every fifth missed, some of unknown
 // callers, some of which the history does not know the contact. The same book, `now` and seed give the same calls. How

@@ -108,4 +108,27 @@ Status Database::execute(const char* sql) {
     return Failure{std::string(name ? name : "database") + ": " + sqlite3_errmsg(get())};
 }
 
+WorkWatch::WorkWatch(const Database& database, const Progress& progress)
+    : database_(database.get()), progress_(progress) {
+    constexpr int stepsBetween = 10000;  // a millisecond or less
+    sqlite3_progress_handler(database_, stepsBetween, tell, this);
+}
+
+WorkWatch::~WorkWatch() { sqlite3_progress_handler(database_, 0, nullptr, nullptr); }
+
+void WorkWatch::rethrow() const {
+    if (thrown_) std::rethrow_exception(thrown_);
+}
+
+int WorkWatch::tell(void* watch) {
+    auto* self = static_cast<WorkWatch*>(watch);
+    try {
+        tellGoingOn(self->progress_);
+        return 0;
+    } catch (...) {
+        self->thrown_ = std::current_exception();
+        return 1;
+    }
+}
+
 }  // namespace phone

@@ -4,12 +4,14 @@
 
 #include <sqlite3.h>
 
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "simulator/phone/progress.h"
 #include "simulator/phone/result.h"
 
 namespace phone {
@@ -70,6 +72,25 @@ class Database {
     static Result<Database> openWith(const std::filesystem::path& file, int flags);
 
     std::unique_ptr<sqlite3, CloseDatabase> database_;
+};
+
+// While it lives, long work on a database tells `progress` all the while. SQLite's C must not be left by an exception:
+// what progress throws ends the work as an error, and is thrown on by rethrow().
+class WorkWatch {
+  public:
+    WorkWatch(const Database& database, const Progress& progress);
+    ~WorkWatch();
+    WorkWatch(const WorkWatch&) = delete;
+    WorkWatch& operator=(const WorkWatch&) = delete;
+
+    void rethrow() const;
+
+  private:
+    static int tell(void* watch);
+
+    sqlite3* database_;
+    const Progress& progress_;
+    std::exception_ptr thrown_;
 };
 
 }  // namespace phone

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "simulator/phone/address_book_builder.h"
-#include "simulator/phone/make_root.h"
+#include "simulator/phone/progress.h"
 #include "simulator/phone/result.h"
 
 namespace phone {

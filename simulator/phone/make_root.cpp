@@ -123,14 +123,14 @@ struct Making {
         for (const auto& [file, shape] : adopted) {
             if (file.empty()) continue;
             if (&file == &options.calls && isCallFile(file)) continue;
-            Status copied = adoptDatabase(file, shape, root / shape.path);
+            Status copied = adoptDatabase(file, shape, root / shape.path, progress);
             if (!copied) return copied;
         }
         return Done{};
     }
 
     Status addImported(AddressBookBuilder& builder) {
-        Result<ImportedContacts> imported = importVCards(options.contacts);
+        Result<ImportedContacts> imported = importVCards(options.contacts, progress);
         if (!imported) return imported.failure();
         report.warnings = std::move(imported->warnings);
         long done = 0;
@@ -162,9 +162,9 @@ struct Making {
         if (options.calls.empty()) {
             if (!options.noCalls) added = addGeneratedCalls(builder, root, now, options.seed);
         } else if (isCallFile(options.calls)) {
-            Result<std::vector<WrittenCall>> written = readCallFile(options.calls, now);
+            Result<std::vector<WrittenCall>> written = readCallFile(options.calls, now, progress);
             if (!written) return written.failure();
-            added = addWrittenCalls(builder, root, *written, region());
+            added = addWrittenCalls(builder, root, *written, region(), progress);
         }
         return added ? Status(Done{}) : Status(added.failure());
     }
@@ -185,28 +185,24 @@ struct Making {
         return Done{};
     }
 
-    void stepDone() const {
-        if (progress) progress({}, 0, 0);
-    }
-
     Status fill() {
         Status status = makeFolders(root);
         if (status) status = writeDeviceFile(options, root);
         if (status) status = installExtension(root, options);
         if (status) status = adopt();
         if (!status) return status;
-        stepDone();
+        tellGoingOn(progress);
         Result<AddressBookBuilder> builder = AddressBookBuilder::open(root);
         if (!builder) return builder.failure();
         status = addContacts(*builder);
         // The calls' callers are looked up in what was written.
         if (status) status = builder->finish();
-        stepDone();
+        tellGoingOn(progress);
         if (status) status = addCalls(*builder);
         if (status) status = builder->finish();
         if (status) status = writeFavorites(root);
         if (status) status = count();
-        stepDone();
+        tellGoingOn(progress);
         return status;
     }
 };

@@ -3,11 +3,10 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "simulator/phone/progress.h"
 #include "simulator/phone/result.h"
 
 namespace phone {
@@ -47,10 +46,6 @@ struct RootReport {
     std::vector<std::string>
         warnings;  // what was left out and why: "contacts.vcf: Ann Lee: photo ... is not a picture"
 };
-
-// Told about long work, often: what is being done, how far it is, and of how much; and, with an empty text, between
-// the steps. What it throws ends the making, as a failure would.
-using Progress = std::function<void(std::string_view what, long done, long total)>;
 
 // Makes a root. It is built in a temporary directory beside its place and moved there at the end: on failure nothing is
 // left behind, and what stood at its place stays as it was. An existing root is replaced only with `force`, anything

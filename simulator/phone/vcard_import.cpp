@@ -3,12 +3,13 @@
 #include <libebook-contacts/libebook-contacts.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <set>
 #include <string_view>
 #include <system_error>
+
+#include "simulator/phone/read_file.h"
+#include "simulator/phone/utf8.h"
 
 namespace phone {
 namespace {
@@ -193,11 +194,6 @@ std::vector<LabelledValue> readValues(const std::vector<Line>& lines, std::strin
     return values;
 }
 
-std::string madeValid(const std::string& text) {
-    Text valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
-    return valid.get();
-}
-
 bool startsWith(const std::string& text, std::string_view prefix) {
     return g_ascii_strncasecmp(text.c_str(), prefix.data(), prefix.size()) == 0;
 }
@@ -238,18 +234,8 @@ Result<std::string> readPhoto(const Line& line, const std::filesystem::path& fol
 
 }  // namespace
 
-Result<std::string> readFile(const std::filesystem::path& file) {
-    std::error_code error;
-    if (std::filesystem::is_directory(file, error)) return Failure{file.string() + ": is a folder"};
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) return Failure{file.string() + ": " + std::generic_category().message(errno)};
-    std::string content((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
-    if (stream.bad()) return Failure{file.string() + ": cannot be read to its end"};
-    return content;
-}
-
-Result<ImportedContacts> importVCards(const std::filesystem::path& file) {
-    Result<std::string> content = readFile(file);
+Result<ImportedContacts> importVCards(const std::filesystem::path& file, const Progress& progress) {
+    Result<std::string> content = readFile(file, progress);
     if (!content) return content.failure();
     ImportedContacts imported;
     std::string text = madeValid(*content);
@@ -259,6 +245,7 @@ Result<ImportedContacts> importVCards(const std::filesystem::path& file) {
     Result<std::vector<Card>> cards = splitCards(text, file.string());
     if (!cards) return cards.failure();
     for (const Card& card : *cards) {
+        tellGoingOn(progress);
         std::vector<Line> lines = readLines(card.text);
         Person person;
         readName(lines, person);

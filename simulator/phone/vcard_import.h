@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "simulator/phone/contact.h"
+#include "simulator/phone/progress.h"
 #include "simulator/phone/result.h"
 
 namespace phone {
@@ -21,9 +22,6 @@ struct ImportedContacts {
 };
 
 // Fails, naming file and line, for a file that cannot be read, holds no vCard, or ends within one.
-Result<ImportedContacts> importVCards(const std::filesystem::path& file);
-
-// The bytes of a whole file.
-Result<std::string> readFile(const std::filesystem::path& file);
+Result<ImportedContacts> importVCards(const std::filesystem::path& file, const Progress& progress = {});
 
 }  // namespace phone

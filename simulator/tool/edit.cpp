@@ -8,8 +8,8 @@
 #include "simulator/phone/check_database.h"
 #include "simulator/phone/database.h"
 #include "simulator/phone/photo.h"
+#include "simulator/phone/read_file.h"
 #include "simulator/phone/schema.h"
-#include "simulator/phone/vcard_import.h"
 #include "simulator/runtime/notification_log.h"
 #include "simulator/tool/verbs.h"
 

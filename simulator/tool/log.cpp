@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "simulator/phone/vcard_import.h"
+#include "simulator/phone/read_file.h"
 #include "simulator/runtime/phone_root.h"
 #include "simulator/tool/verbs.h"
 

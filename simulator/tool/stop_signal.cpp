@@ -36,7 +36,8 @@ StopSignal::StopSignal() {
     if (wakeUp < 0) throw std::system_error(errno, std::generic_category(), "eventfd");
     struct sigaction action {};
     action.sa_handler = note;
-    action.sa_flags = SA_RESTART;
+    // Once each: who asks again does not want to wait for the order.
+    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     for (int i = 0; i < kCount; ++i) {
         sigaction(kSignals[i], nullptr, &before[i]);
         if (kSignals[i] == SIGHUP && before[i].sa_handler == SIG_IGN) continue;

@@ -16,7 +16,7 @@ class Stopped : public std::runtime_error {
 };
 
 // While it lives, SIGINT, SIGTERM and SIGHUP (unless that is ignored, as nohup has it) are noted instead of ending the
-// program. One at a time, on the main thread.
+// program; the same signal again ends it at once. One at a time, on the main thread.
 class StopSignal {
   public:
     StopSignal();

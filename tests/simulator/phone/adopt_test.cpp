@@ -1,3 +1,4 @@
+#include "simulator/phone/adopt.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,8 +7,8 @@
 #include <tuple>
 
 #include "simulator/phone/address_book_builder.h"
+#include "simulator/phone/read_file.h"
 #include "simulator/phone/schema.h"
-#include "simulator/phone/vcard_import.h"
 #include "tests/simulator/phone/workbench.h"
 
 namespace {
@@ -148,6 +149,30 @@ TEST_F(Adoption, RefusesATableWithoutAColumnThatIsNeeded) {
         }
     }
     EXPECT_EQ(adopt().text(), "");
+}
+
+TEST_F(Adoption, OfALargeDatabaseCanBeGivenUpAllTheWhile) {
+    phone::Database writer = phone::Database::open(book, false).value();
+    ASSERT_EQ(writer
+                  .execute("WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100000) "
+                           "INSERT INTO ABPerson (First, Last) SELECT 'First' || i, 'Last' || i FROM n")
+                  .text(),
+              "");
+    const fs::path copy = bench.path() / "copy";
+    long told = 0;
+    const auto adoptInto = [&](const phone::Progress& progress) {
+        return phone::adoptDatabase(book, phone::addressBookShape(), copy, progress);
+    };
+    ASSERT_EQ(adoptInto([&](std::string_view, long, long) { ++told; }).text(), "");
+    EXPECT_GT(told, 50);
+    for (long last = 1; last <= told; last += told / 10) {
+        fs::remove(copy);
+        long calls = 0;
+        const auto giveUp = [&](std::string_view, long, long) {
+            if (++calls == last) throw last;
+        };
+        EXPECT_THROW((void)adoptInto(giveUp), long) << last;
+    }
 }
 
 TEST_F(Adoption, ImagesWithoutTheirAddressBookAreRefused) {

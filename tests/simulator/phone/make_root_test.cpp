@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "simulator/phone/vcard_import.h"
+#include "simulator/phone/read_file.h"
 #include "simulator/runtime/device.h"
 #include "tests/simulator/phone/workbench.h"
 

@@ -1,5 +1,6 @@
 // A phone that is kept running, as a user with two terminals meets it; and what Ctrl-C does.
 #include <signal.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cmath>
@@ -59,6 +60,12 @@ class PhoneSimRun : public PhoneSim {
 
     static bool allGone(const std::vector<pid_t>& processes) {
         return std::none_of(processes.begin(), processes.end(), [](pid_t each) { return kill(each, 0) == 0; });
+    }
+    // How many phones are in the making.
+    long workshops() const {
+        return std::count_if(fs::directory_iterator(path_), fs::directory_iterator(), [](const auto& entry) {
+            return entry.path().filename().string().rfind(".phone", 0) == 0;
+        });
     }
     bool partsAreLeft(const fs::path& folder) const {
         for (const auto& entry : fs::recursive_directory_iterator(folder)) {
@@ -205,14 +212,40 @@ TEST_F(PhoneSimRun, SaysWhatItNeeds) {
     EXPECT_EQ(read("phone/screens"), "in the way");
 }
 
+TEST_F(PhoneSimRun, AskedAgainItEndsAtOnce) {
+    makePhoneWithCalls();
+    BackgroundTool tool(path_, {"run", "phone", "--process", "springboard"});
+    ASSERT_TRUE(tool.waitFor("running; ")) << tool.err();
+    // Hosts that do not answer keep the tool waiting.
+    const std::vector<pid_t> hosts = tool.children();
+    for (const pid_t host : hosts) kill(host, SIGSTOP);
+    kill(tool.pid(), SIGINT);
+    usleep(200'000);
+    ASSERT_EQ(kill(tool.pid(), 0), 0);
+    const int status = tool.end(SIGINT);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
+    EXPECT_EQ(tool.count("stopped\n"), 0);
+}
+
+TEST_F(PhoneSimRun, NewThatWaitsForItsContactsCanBeStopped) {
+    ASSERT_EQ(mkfifo((path_ / "pipe").c_str(), 0600), 0);
+    for (const char* contacts : {"pipe", "/dev/zero"}) {
+        for (const char* option : {"--contacts", "--calls"}) {
+            fs::create_symlink(contacts, path_ / "endless.csv");
+            BackgroundTool tool(path_, {"new", "phone", option, "endless.csv"});
+            usleep(300'000);
+            const int status = tool.end(SIGINT);
+            EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << contacts << status;
+            EXPECT_EQ(tool.err(), "phonesim: stopped\n");
+            EXPECT_EQ(workshops(), 0);
+            fs::remove(path_ / "endless.csv");
+        }
+    }
+}
+
 TEST_F(PhoneSimRun, NewThatIsStoppedLeavesNothingAndThePhoneThatWasThere) {
     makePhone();
     write("phone/tmp/mine", "mine");
-    const auto workshops = [this] {
-        return std::count_if(fs::directory_iterator(path_), fs::directory_iterator(), [](const auto& entry) {
-            return entry.path().filename().string().rfind(".phone", 0) == 0;
-        });
-    };
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         BackgroundTool tool(path_, {"new", "phone", "--force", "--contacts-count", "1000000"});
         for (int turn = 0; turn < 2000 && workshops() == 0; ++turn) usleep(5000);

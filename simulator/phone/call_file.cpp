@@ -87,7 +87,11 @@ std::optional<double> readDate(const std::string& text) {
     for (const char* format : {"%Y-%m-%d %H:%M:%S", "%Y-%m-%d %H:%M", "%Y-%m-%dT%H:%M:%S", "%Y-%m-%dT%H:%M"}) {
         std::tm parts{};
         const char* end = strptime(text.c_str(), format, &parts);
-        if (end && !*end) return static_cast<double>(timegm(&parts));
+        if (!end || *end) continue;
+        const int day = parts.tm_mday;
+        const time_t seconds = timegm(&parts);
+        // It takes the 31st of February for the 3rd of March.
+        if (parts.tm_mday == day) return static_cast<double>(seconds);
     }
     return std::nullopt;
 }

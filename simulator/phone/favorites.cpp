@@ -5,20 +5,23 @@
 
 #include "simulator/phone/database.h"
 #include "simulator/phone/schema.h"
+#include "simulator/phone/utf8.h"
 
 namespace phone {
 namespace {
 
+// Contact IDs have 32 bits; a history may hold any number.
 constexpr const char* kMostCalled =
-    "SELECT id, max(address) FROM call WHERE id > 0 GROUP BY id "
+    "SELECT id, max(address) FROM call WHERE id BETWEEN 1 AND 2147483647 GROUP BY id "
     "ORDER BY count(*) DESC, max(date) DESC, id LIMIT 12";
 
 // XML knows no control characters but these.
 bool isPlain(char c) { return static_cast<unsigned char>(c) >= 0x20 || c == '\t' || c == '\n'; }
 
+// As XML, which is UTF-8.
 std::string escaped(const std::string& text) {
     std::string result;
-    for (const char c : text) {
+    for (const char c : madeValid(text)) {
         if (c == '&')
             result += "&amp;";
         else if (c == '<')

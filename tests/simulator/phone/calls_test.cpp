@@ -3,6 +3,9 @@
 
 #include "simulator/phone/call_file.h"
 #include "simulator/phone/call_history.h"
+#include "simulator/phone/favorites.h"
+#include "simulator/phone/read_file.h"
+#include "simulator/phone/schema.h"
 #include "tests/simulator/phone/workbench.h"
 
 namespace {
@@ -64,6 +67,7 @@ TEST_F(Calls, MistakesAreToldWithFileAndLine) {
     const std::pair<const char*, const char*> mistakes[] = {
         {"\nyesterday, 1, missed", "calls.csv, line 2: \"yesterday\" is neither a date"},
         {"-2w, 1, missed", "\"-2w\" is neither"},
+        {"2015-02-31 09:41, 1, missed", "\"2015-02-31 09:41\" is neither"},
         {"-2h, 1, answered", "\"answered\" is not incoming, outgoing or missed"},
         {"-2h, 1", "needs a time, a number and a kind"},
         {"-2h, 1, outgoing, x", "\"x\" is no number of seconds"},
@@ -95,6 +99,22 @@ TEST_F(Calls, AreMadeUpFromTheBookWhenNoneAreGiven) {
     EXPECT_EQ(count("date > 1433151660"), "0");
     EXPECT_NE(count("id = -1"), "0");
     EXPECT_NE(count("id > 0 AND name IS NOT NULL"), "0");
+}
+
+TEST_F(Calls, OfAnyAddressAndContactMakeFavoritesThatCanBeRead) {
+    make("-1m, 611, incoming, 3\n");
+    phone::Database calls = phone::Database::open(bench.root() / phone::callsShape().path, false).value();
+    ASSERT_EQ(calls
+                  .execute("UPDATE call SET address = CAST(x'3631FF31' AS TEXT);"
+                           "INSERT INTO call (address, id) VALUES ('1', 4294967299), ('2', 2147483648), ('3', 1)")
+                  .text(),
+              "");
+    ASSERT_EQ(phone::writeFavorites(bench.root()).text(), "");
+    const std::string written = phone::readFile(phone::favoritesPath(bench.root())).value();
+    EXPECT_THAT(written, HasSubstr("<integer>3</integer><key>Value</key><string>61\uFFFD1</string>"));
+    EXPECT_THAT(written, HasSubstr("<integer>1</integer><key>Value</key><string>3</string>"));
+    EXPECT_EQ(written.find("2147483647"), std::string::npos);
+    EXPECT_EQ(written.find("<string>1</string>"), std::string::npos);
 }
 
 TEST_F(Calls, TheSurestMatchIsTheCaller) {

@@ -38,12 +38,19 @@ Status requireBuilt(const fs::path& path) {
     return Failure{path.string() + ": is not there; build the project first"};
 }
 
-Status linkLibrary(const fs::path& root, const fs::path& library) {
+// The injector looks for a library of the filter's name, in the phone's own format or this machine's.
+fs::path nameBeside(const fs::path& filter, const fs::path& library) {
+    if (filter.empty()) return library.filename();
+    return filter.stem().concat(library.extension() == ".dylib" ? ".dylib" : ".so");
+}
+
+// A link and no copy: what is built anew is at once on every phone that there is.
+Status linkLibrary(const fs::path& root, const fs::path& library, const fs::path& filter) {
     Status built = requireBuilt(library);
     if (!built) return built;
     std::error_code error;
     fs::path target = fs::canonical(library, error);
-    fs::path link = root / kLibraryFolder / library.filename();
+    fs::path link = root / kLibraryFolder / nameBeside(filter, library);
     if (!error) fs::create_symlink(target, link, error);
     return check(error, link);
 }
@@ -82,7 +89,7 @@ Status makeFolders(const fs::path& root) {
 
 Status installExtension(const fs::path& root, const RootOptions& options) {
     if (!options.library.empty()) {
-        Status linked = linkLibrary(root, options.library);
+        Status linked = linkLibrary(root, options.library, options.filter);
         if (!linked) return linked;
     }
     if (!options.filter.empty()) {

@@ -23,21 +23,46 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Folders above a place, made if they are missing; gone again unless they are kept or something came to be in them.
+class FoldersAbove {
+  public:
+    explicit FoldersAbove(const fs::path& place) {
+        std::error_code error;
+        fs::path folder = place.parent_path();
+        while (folder.has_relative_path() && !fs::exists(fs::symlink_status(folder, error))) {
+            made_.push_back(folder);
+            folder = folder.parent_path();
+        }
+        fs::create_directories(place.parent_path(), error);
+    }
+    FoldersAbove(FoldersAbove&& other) noexcept : made_(std::exchange(other.made_, {})) {}
+    FoldersAbove& operator=(FoldersAbove&&) = delete;
+    ~FoldersAbove() {
+        std::error_code error;
+        for (const fs::path& folder : made_) fs::remove(folder, error);
+    }
+
+    void keep() { made_.clear(); }
+
+  private:
+    std::vector<fs::path> made_;  // the innermost first
+};
+
 // A directory beside the root's place that is gone again unless it was moved there.
 class Workshop {
   public:
     static Result<Workshop> beside(const fs::path& root) {
-        std::error_code error;
-        fs::create_directories(root.parent_path(), error);
+        FoldersAbove folders(root);
         std::string pattern = (root.parent_path() / ("." + root.filename().string() + ".XXXXXX")).string();
         if (!mkdtemp(pattern.data())) {
             return Failure{root.parent_path().string() +
                            ": cannot be written: " + std::generic_category().message(errno)};
         }
+        std::error_code error;
         fs::permissions(pattern, fs::perms(0755), error);
-        return Workshop(pattern);
+        return Workshop(pattern, std::move(folders));
     }
-    Workshop(Workshop&& other) noexcept : path_(std::exchange(other.path_, {})) {}
+    Workshop(Workshop&& other) noexcept : folders_(std::move(other.folders_)), path_(std::exchange(other.path_, {})) {}
     Workshop& operator=(Workshop&&) = delete;
     ~Workshop() {
         std::error_code error;
@@ -61,12 +86,14 @@ class Workshop {
             return Failure{root.string() + ": cannot be made: " + error.message()};
         }
         path_.clear();
+        folders_.keep();
         fs::remove_all(aside, error);
         return Done{};
     }
 
   private:
-    explicit Workshop(fs::path path) : path_(std::move(path)) {}
+    Workshop(fs::path path, FoldersAbove folders) : folders_(std::move(folders)), path_(std::move(path)) {}
+    FoldersAbove folders_;  // outlives what is in them
     fs::path path_;
 };
 
@@ -88,7 +115,7 @@ Status checkPlace(const RootOptions& options, const fs::path& root) {
     if (!fs::exists(fs::symlink_status(root, error))) return Done{};
     if (isRoot(root)) {
         if (options.force) return Done{};
-        return Failure{root.string() + ": is a phone root already; it can be replaced by force only"};
+        return Failure{root.string() + ": is a phone root already; --force replaces it"};
     }
     if (fs::is_directory(root, error) && fs::is_empty(root, error)) return Done{};
     return Failure{root.string() + ": exists and is not a phone root; it is left as it is"};
@@ -207,14 +234,20 @@ struct Making {
     }
 };
 
+// Where the root is to be. A link to a root stays: what it leads to is replaced.
+fs::path placeOf(const fs::path& root) {
+    std::error_code error;
+    fs::path place = fs::absolute(root, error).lexically_normal();
+    if (!place.has_filename()) place = place.parent_path();
+    return isRoot(place) ? fs::canonical(place, error) : place;
+}
+
 double present() { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); }
 
 }  // namespace
 
 Result<RootReport> makeRoot(const RootOptions& options, const Progress& progress) {
-    std::error_code error;
-    fs::path root = fs::absolute(options.root, error).lexically_normal();
-    if (!root.has_filename()) root = root.parent_path();
+    const fs::path root = placeOf(options.root);
     if (options.root.empty() || root == root.root_path()) return Failure{"a phone root needs a directory of its own"};
     Status possible = checkOptions(options);
     if (possible) possible = checkPlace(options, root);

@@ -32,6 +32,11 @@ void showProgress(std::string_view what, long done, long total) {
                  total, terminal && done < total ? "" : "\n");
 }
 
+void requireFile(const std::filesystem::path& file) {
+    if (!std::filesystem::exists(file)) throw Problem(file.string() + ": there is no such file");
+    if (!std::filesystem::is_regular_file(file)) throw Problem(file.string() + ": is not a file");
+}
+
 void run(const phone::RootOptions& options) {
     // Its hosts would go on with a phone that is gone.
     std::optional<RunLock> notRunning;
@@ -88,6 +93,7 @@ void addNew(CLI::App& app) {
                  "      --calls call_history.db --device iphone6plus-9.3\n"
                  "  phonesim new phone --force --contacts-count 10000 --rtl");
     verb->callback([options] {
+        if (!options->library.empty()) requireFile(options->library);
         if (options->library.empty()) options->library = ZELKA_LIBRARY;
         options->filter = ZELKA_FILTER;
         options->settingsBundle = ZELKA_BUNDLE;

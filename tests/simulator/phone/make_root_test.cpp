@@ -136,6 +136,29 @@ TEST_F(MakeRoot, AFailureLeavesNothingBehind) {
     EXPECT_THAT(bench.names(), ElementsAre());
 }
 
+TEST_F(MakeRoot, AFailureLeavesNoFoldersAboveThatItMade) {
+    fs::create_directory(bench.path() / "there");
+    options.root = bench.path() / "there/deep/er/phone";
+    failToMake();
+    EXPECT_TRUE(fs::is_empty(bench.path() / "there"));
+    EXPECT_EQ(make(), "");
+    EXPECT_TRUE(phone::isRoot(options.root));
+}
+
+TEST_F(MakeRoot, ALinkToARootStaysAndTheRootIsReplaced) {
+    ASSERT_EQ(make(), "");
+    bench.write("phone/tmp/old", "old");
+    options.root = bench.path() / "link";
+    fs::create_directory_symlink("phone", options.root);
+    EXPECT_THAT(make(), HasSubstr("is a phone root already"));
+    options.force = true;
+    EXPECT_EQ(make(), "");
+    EXPECT_EQ(fs::read_symlink(options.root), "phone");
+    EXPECT_TRUE(phone::isRoot(bench.root()));
+    EXPECT_FALSE(fs::exists(bench.root() / "tmp/old"));
+    EXPECT_THAT(bench.names(), ElementsAre("link", "phone"));
+}
+
 TEST_F(MakeRoot, TakesContactsFromOneSourceOnly) {
     options.contacts = bench.write("c.vcf", "BEGIN:VCARD\nEND:VCARD\n");
     options.contactsCount = 3;

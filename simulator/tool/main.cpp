@@ -20,8 +20,19 @@ namespace {
 constexpr int kFailure = 1;
 constexpr int kMisuse = 2;
 
+// The parser would only miss a verb, and not say which word it took for none.
+void requireKnownVerb(const CLI::App& app, const std::string& word) {
+    std::string verbs;
+    for (const CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; })) {
+        if (verb->get_name() == word) return;
+        verbs += (verbs.empty() ? "" : ", ") + verb->get_name();
+    }
+    throw CLI::ParseError("there is no verb \"" + word + "\"; there are: " + verbs, CLI::ExitCodes::ExtrasError);
+}
+
 int run(int argc, char** argv) {
     CLI::App app{"A stand-in phone on the desk: make one, look at its screens, change things on it.", "phonesim"};
+    app.set_version_flag("--version", "phonesim " ZELKA_VERSION);
     app.require_subcommand(1);
     app.footer(
         "\"phonesim VERB --help\" tells more about each, with examples.\n"
@@ -34,6 +45,7 @@ int run(int argc, char** argv) {
     tool::addNotify(app);
     tool::addEdit(app);
     try {
+        if (argc > 1 && argv[1][0] != '-') requireKnownVerb(app, argv[1]);
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kMisuse;

@@ -1,8 +1,11 @@
 // The command line as a user meets it: the program is run, its output and exit status are looked at.
 #include <stdio.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cctype>
+#include <thread>
+#include <vector>
 
 #include "simulator/phone/database.h"
 #include "tests/simulator/tool/phonesim_fixture.h"
@@ -46,17 +49,38 @@ TEST_F(PhoneSimVerbs, EveryVerbHasHelpWithExamples) {
 }
 
 TEST_F(PhoneSimVerbs, MisuseIsToldAndExitsWithTwo) {
-    for (const char* arguments :
-         {"", "dance", "new", "new phone --dance", "new phone --contacts-count 0", "new phone --contacts-count many",
-          "new phone --contacts a --contacts-count 3", "new phone --images a", "shot phone",
-          "shot phone wallpaper --out a", "shot phone recents --process clock", "run", "run phone --process clock",
-          "run phone --interval 0", "set phone ZelkaCBEnabled maybe", "edit phone 1 --photo a --no-photo",
-          "edit phone 1 --delete --first A", "log"}) {
+    for (const char* arguments : {"",
+                                  "dance",
+                                  "new",
+                                  "new phone --dance",
+                                  "new phone --contacts-count 0",
+                                  "new phone --contacts-count many",
+                                  "new phone --contacts a --contacts-count 3",
+                                  "new phone --images a",
+                                  "shot phone",
+                                  "shot phone wallpaper --out a",
+                                  "shot phone recents --process clock",
+                                  "run",
+                                  "run phone --process clock",
+                                  "run phone --interval 0",
+                                  "run phone --timeout 0",
+                                  "shot phone recents --out a --process 1",
+                                  "set phone ZelkaCBEnabled maybe",
+                                  "edit phone 1 --photo a --no-photo",
+                                  "edit phone 1 --delete --first A",
+                                  "log"}) {
         Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_NE(outcome.err, "") << arguments;
     }
     EXPECT_FALSE(fs::exists(path_ / "phone"));
+}
+
+TEST_F(PhoneSimVerbs, MisuseIsToldInWordsThatHelp) {
+    EXPECT_THAT(run("dance").err, AllOf(HasSubstr("there is no verb \"dance\""), HasSubstr("new, shot, run")));
+    EXPECT_THAT(run("shot phone recents --timeout 0").err, HasSubstr("--timeout: Value 0 not in range 0.001"));
+    EXPECT_THAT(run("shot --help").out, HasSubstr("{callbar,springboard}"));
+    EXPECT_EQ(run("--version").out, "phonesim " ZELKA_VERSION "\n");
 }
 
 TEST_F(PhoneSimVerbs, NewMakesAPhoneAndSaysWhatIsOnIt) {
@@ -94,6 +118,24 @@ TEST_F(PhoneSimVerbs, NewThatFailsExitsWithOneAndLeavesThePhone) {
     EXPECT_EQ(read("phone/tmp/mine"), "mine");
 }
 
+TEST_F(PhoneSimVerbs, NewSaysHowAPhoneIsReplaced) {
+    makePhone();
+    EXPECT_THAT(run("new phone").err, HasSubstr("is a phone root already; --force replaces it"));
+}
+
+TEST_F(PhoneSimVerbs, NewTakesALibraryOfAnyNameAndRefusesWhatIsNone) {
+    for (const char* library : {"nope.so", "."}) {
+        Outcome outcome = run(std::string("new phone --no-calls --library ") + library);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_THAT(outcome.err, AllOf(HasSubstr(library), testing::Not(HasSubstr("build"))));
+    }
+    makePhone(" --no-calls");
+    fs::path place = path_ / "phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.so";
+    fs::create_symlink(fs::read_symlink(place), path_ / "mine.so");
+    ASSERT_EQ(run("new phone --force --no-calls --library mine.so").err, "");
+    EXPECT_EQ(run("shot phone recents --out a.png").err, "");
+}
+
 TEST_F(PhoneSimVerbs, LogSaysWhenNothingIsLoggedYetAndPrintsTheLog) {
     EXPECT_THAT(run("log phone").err, HasSubstr("is not a phone root"));
     makePhone();
@@ -120,6 +162,30 @@ TEST_F(PhoneSimVerbs, SetWritesTheSwitchKeepsOtherKeysAndPosts) {
                             HasSubstr("<key>ZelkaCBEnabledRecents</key><false/>")));
     EXPECT_THAT(posted(), AllOf(HasSubstr("com.norvex.ZelkaCBRoundedPicturesEnabledNotification"),
                                 HasSubstr("com.norvex.ZelkaCBRecentsEnabledNotification")));
+}
+
+TEST_F(PhoneSimVerbs, SetsAtTheSameTimeAreAllKept) {
+    makePhone(" --no-calls");
+    const std::string keys[] = {
+        "ZelkaCBEnabled",          "ZelkaCBEnabledRoundedPictures", "ZelkaCBEnabledMonogramPictures",
+        "ZelkaCBEnabledFavorites", "ZelkaCBEnabledRecents",         "ZelkaCBEnabledContacts"};
+    std::vector<std::thread> terminals;
+    for (const std::string& key : keys) {
+        terminals.emplace_back([this, &key] {
+            const std::string command = "'" PHONESIM "' set '" + (path_ / "phone").string() + "' " + key + " off";
+            EXPECT_EQ(system(command.c_str()), 0);
+        });
+    }
+    for (std::thread& terminal : terminals) terminal.join();
+    for (const std::string& key : keys) EXPECT_THAT(settings(), HasSubstr("<key>" + key + "</key>"));
+}
+
+TEST_F(PhoneSimVerbs, SetRefusesAFolderInTheSettingsPlaceInOneLine) {
+    makePhone(" --no-calls");
+    fs::create_directory(path_ / "phone/private/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist");
+    Outcome outcome = run("set phone ZelkaCBEnabled on");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, testing::MatchesRegex("phonesim: [^\n]*is no property list with settings[^\n]*\n"));
 }
 
 TEST_F(PhoneSimVerbs, SetMakesTheSettingsFileWhenThereIsNone) {
@@ -206,6 +272,32 @@ TEST_F(PhoneSimVerbs, ShotSaysWhatItNeeds) {
     EXPECT_THAT(run("shot phone search --out a.png").err, HasSubstr("needs a TEXT"));
     EXPECT_THAT(run("shot phone recents Ann --out a.png").err, HasSubstr("the others take none"));
     EXPECT_THAT(run("shot phone recents --out no/such/a.png").err, HasSubstr("there is no such folder"));
+}
+
+TEST_F(PhoneSimVerbs, ShotReplacesFilesOnly) {
+    makePhone(" --no-calls");
+    fs::create_directory(path_ / "folder");
+    EXPECT_THAT(run("shot phone recents --out folder").err, HasSubstr("folder: is a folder"));
+    ASSERT_EQ(mkfifo((path_ / "pipe").c_str(), 0600), 0);
+    for (const char* device : {"pipe", "/dev/null"}) {
+        Outcome outcome = run(std::string("shot phone recents --out ") + device);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_THAT(outcome.err, HasSubstr(std::string(device) + ": is no file that a picture could replace"));
+        EXPECT_TRUE(fs::is_other(path_ / device));
+    }
+    write("old.png", "old");
+    fs::create_symlink("old.png", path_ / "link.png");
+    EXPECT_EQ(run("shot phone recents --out link.png --without-extension").err, "");
+    EXPECT_TRUE(fs::is_symlink(path_ / "link.png"));
+    EXPECT_EQ(read("old.png").substr(1, 3), "PNG");
+}
+
+TEST_F(PhoneSimVerbs, ShotNamesAPictureThatCannotBeWrittenOnce) {
+    makePhone(" --no-calls");
+    // Where root may not write either.
+    Outcome outcome = run("shot phone recents --out /sys/a.png --without-extension");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, testing::MatchesRegex("phonesim: callbar_view_service: /sys/a.png: [A-Za-z -]+\n"));
 }
 
 TEST_F(PhoneSimVerbs, ShotDrawsAScreenAndPrintsItsRows) {

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -92,9 +93,11 @@ Picture decode(const void* bytes, std::size_t length, const char* type) {
     Picture surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height));
     const guint8* from = gdk_pixbuf_read_pixels(picture);
     unsigned char* to = cairo_image_surface_get_data(surface.get());
+    const std::ptrdiff_t fromStride = gdk_pixbuf_get_rowstride(picture);
+    const std::ptrdiff_t toStride = cairo_image_surface_get_stride(surface.get());
     for (int y = 0; y < height; ++y) {
-        auto* words = reinterpret_cast<std::uint32_t*>(to + y * cairo_image_surface_get_stride(surface.get()));
-        const guint8* pixel = from + y * gdk_pixbuf_get_rowstride(picture);
+        auto* words = reinterpret_cast<std::uint32_t*>(to + y * toStride);
+        const guint8* pixel = from + y * fromStride;
         for (int x = 0; x < width; ++x, pixel += 3)
             words[x] = 0xFF000000U | std::uint32_t{pixel[0]} << 16 | std::uint32_t{pixel[1]} << 8 | pixel[2];
     }

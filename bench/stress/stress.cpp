@@ -24,8 +24,6 @@
 #include "simulator/hosts/remote/host_process.h"
 #include "simulator/phone/make_root.h"
 
-extern char** environ;
-
 namespace {
 
 namespace fs = std::filesystem;
@@ -68,6 +66,7 @@ Ended run(const std::vector<std::string>& words, int output, double seconds) {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     pid_t child = -1;

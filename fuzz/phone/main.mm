@@ -63,6 +63,7 @@ void makeIndependent(int* argc, char*** argv) {
     if (!given(*argc, *argv, "-close_fd_mask=")) arguments.push_back("-close_fd_mask=2");
     if (!given(*argc, *argv, "-artifact_prefix="))
         arguments.push_back("-artifact_prefix=" + std::filesystem::current_path().string() + "/");
+    pointers.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) pointers.push_back(argument.data());
     *argc = static_cast<int>(pointers.size());
     pointers.push_back(nullptr);
@@ -99,6 +100,7 @@ std::string text(Bytes input) { return std::string(input.begin(), input.end()); 
 int LLVMFuzzerInitialize(int* argc, char*** argv) {
     terminal = dup(STDERR_FILENO);
     if (__sanitizer_set_report_fd != nullptr)
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the sanitizers want the number so
         __sanitizer_set_report_fd(reinterpret_cast<void*>(static_cast<intptr_t>(terminal)));
     choose(std::filesystem::path((*argv)[0]).filename().string());
     if (LLVMFuzzerRunDriver != nullptr) makeIndependent(argc, argv);

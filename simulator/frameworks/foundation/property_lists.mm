@@ -50,11 +50,13 @@ bool isForeignNotation(NSData* data) {
     return [data length] > 0 && bytes[0] <= 1;
 }
 
-// nil and an error for what is no property list, for which Foundation may raise.
+// nil and an error for what is no property list, for which Foundation may raise, and for a dictionary with other keys
+// than texts, which its binary reader lets through.
 id readList(id self, SEL selector, NSData* data, NSPropertyListReadOptions options, NSPropertyListFormat* format,
             NSError** error) {
     @try {
-        if (!isForeignNotation(data)) return readBefore(self, selector, data, options, format, error);
+        id list = isForeignNotation(data) ? nil : readBefore(self, selector, data, options, format, error);
+        if (isPropertyList(list)) return list;
     } @catch (NSException* exception) {
         // Answered below.
     }

@@ -48,6 +48,17 @@ TEST_F(PropertyLists, AreNotReadInANotationThatAPhoneDoesNotKnow) {
     EXPECT_EQ(dictionaryOf(std::string(static_cast<const char*>([foreign bytes]), [foreign length])), nil);
 }
 
+// {42: true} or {"*": true}; no phone's reader takes a dictionary with other keys than texts.
+std::string dictionaryWithKey(const std::string& key) {
+    return "bplist00\xd1\x01\x02" + key + "\x09" + "\x08\x0b\x0d" + std::string(6, '\0') + "\x01\x01" +
+           std::string(7, '\0') + "\x03" + std::string(15, '\0') + "\x0e";
+}
+
+TEST_F(PropertyLists, AreNilForKeysThatAreNoTexts) {
+    EXPECT_TRUE([[dictionaryOf(dictionaryWithKey("\x51*")) objectForKey:@"*"] boolValue]);
+    EXPECT_EQ(dictionaryOf(dictionaryWithKey("\x10*")), nil);
+}
+
 TEST_F(PropertyLists, AreNilForDamagedFiles) {
     for (const char* damaged : {"", "{", "<?xml version=\"1.0\"?><plist><dict>", "bplist00", "bplist00\xff\xff\xff"})
         EXPECT_EQ(dictionaryOf(damaged), nil) << damaged;

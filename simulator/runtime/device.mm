@@ -2,6 +2,7 @@
 
 #include "simulator/runtime/device.h"
 #include "simulator/runtime/process_state.h"
+#import "simulator/runtime/property_list.h"
 
 #include <functional>
 
@@ -113,16 +114,7 @@ std::string readDevice(const std::filesystem::path& root, Device& device) {
         NSString* path = devicePath(root);
         NSData* data = [NSData dataWithContentsOfFile:path];
         if (data == nil) return std::string([path UTF8String]) + ": cannot be read";
-        id values = nil;
-        @try {
-            values = [NSPropertyListSerialization propertyListWithData:data
-                                                               options:NSPropertyListImmutable
-                                                                format:nullptr
-                                                                 error:nullptr];
-        } @catch (NSException* exception) {
-            // GNUstep raises for some damaged files where it should answer nil.
-            values = nil;
-        }
+        id values = readPropertyList(data);
         if (![values isKindOfClass:[NSDictionary class]]) {
             return std::string([path UTF8String]) + ": not a property list with a dictionary";
         }

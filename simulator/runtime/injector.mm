@@ -8,6 +8,7 @@
 #include "simulator/runtime/library_loader.h"
 #include "simulator/runtime/phone_root.h"
 #include "simulator/runtime/process.h"
+#import "simulator/runtime/property_list.h"
 
 namespace phone {
 namespace {
@@ -25,10 +26,7 @@ NSDictionary* readFilterFile(NSString* path) {
         complain(path, "the filter cannot be read");
         return nil;
     }
-    id values = [NSPropertyListSerialization propertyListWithData:data
-                                                          options:NSPropertyListImmutable
-                                                           format:nullptr
-                                                            error:nullptr];
+    id values = phone::readPropertyList(data);
     if (![values isKindOfClass:[NSDictionary class]]) {
         complain(path, "the filter is not a property list with a dictionary");
         return nil;

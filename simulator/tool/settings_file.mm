@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "simulator/runtime/phone_root.h"
+#import "simulator/runtime/property_list.h"
 
 namespace tool {
 namespace {
@@ -47,18 +48,7 @@ NSMutableDictionary* readDictionary(const std::string& file) {
     if (!std::filesystem::exists(file, error)) return [NSMutableDictionary dictionary];
     if (!std::filesystem::is_regular_file(file, error)) return nil;
     NSData* data = [NSData dataWithContentsOfFile:[NSString stringWithUTF8String:file.c_str()]];
-    id list = nil;
-    @try {
-        if (data) {
-            list = [NSPropertyListSerialization propertyListWithData:data
-                                                             options:NSPropertyListImmutable
-                                                              format:nullptr
-                                                               error:nullptr];
-        }
-    } @catch (NSException*) {
-        // Some kinds of garbage make the parser raise.
-        list = nil;
-    }
+    id list = phone::readPropertyList(data);
     return [list isKindOfClass:[NSDictionary class]] ? [NSMutableDictionary dictionaryWithDictionary:list] : nil;
 }
 

@@ -1,0 +1,64 @@
+#import "simulator/runtime/property_list.h"
+
+#include <plist/plist.h>
+#include <string.h>
+
+#include <string_view>
+
+namespace phone {
+namespace {
+
+// Another reader's opinion, which does look at lengths.
+bool isSoundBinary(NSData* data) {
+    if ([data length] > UINT32_MAX) return false;
+    plist_t list = nullptr;
+    plist_from_bin(static_cast<const char*>([data bytes]), static_cast<uint32_t>([data length]), &list);
+    plist_free(list);
+    return list != nullptr;
+}
+
+bool areAll(id<NSFastEnumeration> objects, bool (*test)(id)) {
+    for (id object in objects) {
+        if (!test(object)) return false;
+    }
+    return true;
+}
+
+bool isText(id object) { return [object isKindOfClass:[NSString class]]; }
+
+}  // namespace
+
+bool isBinaryPropertyList(NSData* data) {
+    constexpr std::string_view mark = "bplist";
+    return [data length] >= mark.size() && memcmp([data bytes], mark.data(), mark.size()) == 0;
+}
+
+bool isSoundNotation(NSData* data) {
+    if (isBinaryPropertyList(data)) return isSoundBinary(data);
+    // This Foundation's own binary notation begins with one of these.
+    return [data length] > 0 && static_cast<const unsigned char*>([data bytes])[0] > 1;
+}
+
+bool isPropertyList(id object) {
+    if ([object isKindOfClass:[NSArray class]]) return areAll(object, isPropertyList);
+    if ([object isKindOfClass:[NSDictionary class]]) {
+        return areAll([object allKeys], isText) && areAll([object allValues], isPropertyList);
+    }
+    return isText(object) || [object isKindOfClass:[NSNumber class]] || [object isKindOfClass:[NSData class]] ||
+           [object isKindOfClass:[NSDate class]];
+}
+
+id readPropertyList(NSData* data) {
+    if (!isSoundNotation(data)) return nil;
+    @try {
+        id list = [NSPropertyListSerialization propertyListWithData:data
+                                                            options:NSPropertyListImmutable
+                                                             format:nullptr
+                                                              error:nullptr];
+        return isPropertyList(list) ? list : nil;
+    } @catch (NSException*) {
+        return nil;
+    }
+}
+
+}  // namespace phone

@@ -13,6 +13,10 @@ bool isBinaryPropertyList(NSData* data);
 // what a damaged binary list says of its own lengths.
 bool isSoundNotation(NSData* data);
 
+// The same list with blanks behind a text's end, which mean nothing: that reader compares words with what may be
+// shorter.
+NSData* withBlanksBehind(NSData* data);
+
 // Whether there are only texts, numbers, dates, data, arrays, and dictionaries with texts for keys in it. Foundation's
 // own test lets every object through.
 bool isPropertyList(id object);

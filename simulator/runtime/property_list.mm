@@ -39,6 +39,16 @@ bool isSoundNotation(NSData* data) {
     return [data length] > 0 && static_cast<const unsigned char*>([data bytes])[0] > 1;
 }
 
+NSData* withBlanksBehind(NSData* data) {
+    constexpr std::string_view blanks = "                ";  // longer than any word of the notations
+    const auto* bytes = static_cast<const unsigned char*>([data bytes]);
+    const bool isText = [data length] >= 2 && bytes[0] < 0x80 && bytes[1] != 0;  // of single bytes
+    if (!isText || isBinaryPropertyList(data)) return data;
+    NSMutableData* padded = [[data mutableCopy] autorelease];
+    [padded appendBytes:blanks.data() length:blanks.size()];
+    return padded;
+}
+
 bool isPropertyList(id object) {
     if ([object isKindOfClass:[NSArray class]]) return areAll(object, isPropertyList);
     if ([object isKindOfClass:[NSDictionary class]]) {
@@ -51,7 +61,7 @@ bool isPropertyList(id object) {
 id readPropertyList(NSData* data) {
     if (!isSoundNotation(data)) return nil;
     @try {
-        id list = [NSPropertyListSerialization propertyListWithData:data
+        id list = [NSPropertyListSerialization propertyListWithData:withBlanksBehind(data)
                                                             options:NSPropertyListImmutable
                                                              format:nullptr
                                                               error:nullptr];

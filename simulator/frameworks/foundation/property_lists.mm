@@ -25,8 +25,10 @@ ReadList readBefore;
 id readList(id self, SEL selector, NSData* data, NSPropertyListReadOptions options, NSPropertyListFormat* format,
             NSError** error) {
     @try {
-        id list = phone::isSoundNotation(data) ? readBefore(self, selector, data, options, format, error) : nil;
-        if (phone::isPropertyList(list)) return list;
+        if (phone::isSoundNotation(data)) {
+            id list = readBefore(self, selector, phone::withBlanksBehind(data), options, format, error);
+            if (phone::isPropertyList(list)) return list;
+        }
     } @catch (NSException* exception) {
         // Answered below.
     }

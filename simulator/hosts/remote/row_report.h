@@ -7,10 +7,11 @@
 
 namespace hosts {
 
-// {"size": [points], "scale", "pixels": [width, height], "hash", "look": the picture in 16 x 16 squares, two hexadecimal
-// digits for each one's mean red, green and blue, "centre": the middle pixel's colour ("#rrggbb"), "corner": the alpha (0 to 255) a tenth of the way in from the corner, "source", "sourceContact", "colour"}; NSNull for
-// no picture. `contact` is whose photo to look for, 0 for nobody's. The last three take a comparison with every picture
-// that it might be; they are left out unless `tellSource`. +0.
+// {"size": [points], "scale", "pixels": [width, height], "hash", "look": the picture in 16 x 16 squares, two
+// hexadecimal digits for each one's mean red, green and blue, "centre": the middle pixel's colour ("#rrggbb"),
+// "corner": the alpha (0 to 255) a tenth of the way in from the corner, "source", "sourceContact", "colour"}; NSNull
+// for no picture. `contact` is whose photo to look for, 0 for nobody's. The last three take a comparison with every
+// picture that it might be; they are left out unless `tellSource`. +0.
 id pictureReport(UIImage* picture, int contact, bool tellSource = true);
 
 // The visible rows of the shown list from the top down, one dictionary each. +0.

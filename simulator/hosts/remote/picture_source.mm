@@ -73,6 +73,15 @@ UIImage* bundlePicture(NSString* name) {
         imageWithContentsOfFile:[[kBundle stringByAppendingPathComponent:name] stringByAppendingString:suffix]];
 }
 
+// That file's picture at the size of comparison; empty when it is missing. Read once: every row that is looked at is
+// compared with all of them, and the bundle stays as it is while a host runs.
+const Pixels& bundleFigure(NSString* name) {
+    static std::map<std::string, Pixels> figures;
+    const auto [figure, isNew] = figures.try_emplace([name UTF8String]);
+    if (isNew) figure->second = pixelsStretched(bundlePicture(name), kSide);
+    return figure->second;
+}
+
 // The colour that most pixels of the inner disc have; nothing when they are not opaque.
 std::optional<Colour> commonColour(const Pixels& pixels) {
     std::map<Colour, long> counts;
@@ -131,9 +140,9 @@ std::optional<PictureSource> bundlePictureShown(const Pixels& shown) {
         found = source;
     };
 
-    offer(pixelsStretched(bundlePicture(@"recent"), kSide), {"default", 0, ""});
+    offer(bundleFigure(@"recent"), {"default", 0, ""});
     for (NSString* name in @[ @"user_monogram_round", @"user_monogram" ]) {
-        const Pixels figure = pixelsStretched(bundlePicture(name), kSide);
+        const Pixels& figure = bundleFigure(name);
         if (figure.empty()) continue;
         offer(figure, {"silhouette", 0, ""});
         const std::optional<Colour> colour = colourBehind(shown, figure);

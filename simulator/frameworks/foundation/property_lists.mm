@@ -24,14 +24,9 @@ ReadList readBefore;
 // than texts, which its binary reader lets through.
 id readList(id self, SEL selector, NSData* data, NSPropertyListReadOptions options, NSPropertyListFormat* format,
             NSError** error) {
-    @try {
-        if (phone::isSoundNotation(data)) {
-            id list = readBefore(self, selector, phone::withBlanksBehind(data), options, format, error);
-            if (phone::isPropertyList(list)) return list;
-        }
-    } @catch (NSException* exception) {
-        // Answered below.
-    }
+    id list = phone::readPropertyList(
+        data, [&](NSData* sound) { return readBefore(self, selector, sound, options, format, error); });
+    if (list != nil) return list;
     constexpr NSInteger kReadCorrupt = 3840;  // NSPropertyListReadCorruptError
     if (error != nullptr) *error = [NSError errorWithDomain:NSCocoaErrorDomain code:kReadCorrupt userInfo:nil];
     return nil;

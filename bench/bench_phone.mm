@@ -9,10 +9,10 @@
 
 #include "simulator/frameworks/substrate/substrate.h"
 #import "simulator/hosts/callbar/CallBarCall.h"
-#include "simulator/phone/address_book_builder.h"
-#include "simulator/phone/make_root.h"
-#include "simulator/phone/photo.h"
-#include "simulator/runtime/process.h"
+#include "simulator/maker/contacts/address_book_builder.h"
+#include "simulator/maker/contacts/photo.h"
+#include "simulator/maker/make_root.h"
+#include "simulator/runtime/process/process.h"
 
 // A table whose one cell is always free, as a table's cells are while it scrolls.
 @interface OneCellTable : UITableView {

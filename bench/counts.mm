@@ -5,7 +5,7 @@
 
 #import "bench/bench_phone.h"
 #include "bench/counters.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/process.h"
 
 namespace bench {
 namespace {

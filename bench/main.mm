@@ -16,8 +16,8 @@
 #include "bench/bare.h"
 #import "bench/bench_phone.h"
 #include "bench/report.h"
-#include "simulator/runtime/notification_log.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/notifications/notification_log.h"
+#include "simulator/runtime/process/process.h"
 
 namespace bench {
 namespace {

@@ -3,8 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "simulator/phone/database.h"
-#include "simulator/phone/schema.h"
+#include "simulator/maker/database/database.h"
+#include "simulator/maker/database/schema.h"
 
 namespace stress {
 namespace {

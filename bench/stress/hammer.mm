@@ -21,11 +21,11 @@
 #include "simulator/frameworks/dispatch/dispatch.h"
 #include "simulator/frameworks/uikit/uikit.h"
 #include "simulator/hosts/remote/pixels.h"
-#include "simulator/phone/database.h"
-#include "simulator/phone/schema.h"
-#include "simulator/runtime/notification_log.h"
-#include "simulator/runtime/phone_root.h"
-#include "simulator/runtime/process.h"
+#include "simulator/maker/database/database.h"
+#include "simulator/maker/database/schema.h"
+#include "simulator/runtime/file_system/phone_root.h"
+#include "simulator/runtime/notifications/notification_log.h"
+#include "simulator/runtime/process/process.h"
 
 @protocol ZelkaCBUtils
 + (UIImage*)getContactImageInCache:(int)contact;

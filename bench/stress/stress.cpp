@@ -22,7 +22,7 @@
 
 #include "bench/stress/expected_pictures.h"
 #include "simulator/hosts/remote/host_process.h"
-#include "simulator/phone/make_root.h"
+#include "simulator/maker/make_root.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "fuzz/phone/target.h"
-#include "simulator/phone/address_book_builder.h"
+#include "simulator/maker/contacts/address_book_builder.h"
 #include "tests/support/darwin.h"
 #include "tests/support/zelkacb.h"
 

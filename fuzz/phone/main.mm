@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "fuzz/phone/target.h"
-#include "simulator/runtime/library_loader.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/library_loader.h"
+#include "simulator/runtime/process/process.h"
 
 extern "C" void __sanitizer_set_report_fd(void* descriptor) __attribute__((weak));
 // There only in a program of the fuzzer's.

@@ -3,7 +3,7 @@
 #include <sqlite3.h>
 
 #include "fuzz/phone/utf16.h"
-#include "simulator/phone/address_book_builder.h"
+#include "simulator/maker/contacts/address_book_builder.h"
 #include "tests/support/zelkacb.h"
 
 namespace {

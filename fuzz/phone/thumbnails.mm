@@ -1,7 +1,7 @@
 // Any bytes where an encoded picture is expected, in the library and in the tool that makes contacts.
 
 #include "fuzz/phone/target.h"
-#include "simulator/phone/photo.h"
+#include "simulator/maker/contacts/photo.h"
 #include "tests/support/zelkacb.h"
 
 void fuzz::thumbnails(Bytes input) {

@@ -5,9 +5,9 @@
 #include <system_error>
 
 #include "fuzz/phone/target.h"
-#include "simulator/phone/call_file.h"
-#include "simulator/phone/vcard_import.h"
-#include "simulator/runtime/device.h"
+#include "simulator/maker/calls/call_file.h"
+#include "simulator/maker/contacts/vcard_import.h"
+#include "simulator/runtime/process/device.h"
 
 namespace fuzz {
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "simulator/runtime/notification_log.h"
+#include "simulator/runtime/notifications/notification_log.h"
 #include "simulator/tool/settings_file.h"
 #include "simulator/tool/verbs.h"
 

@@ -4,13 +4,13 @@
 #include <filesystem>
 #include <memory>
 
-#include "simulator/phone/address_book_builder.h"
-#include "simulator/phone/check_database.h"
-#include "simulator/phone/database.h"
-#include "simulator/phone/photo.h"
-#include "simulator/phone/read_file.h"
-#include "simulator/phone/schema.h"
-#include "simulator/runtime/notification_log.h"
+#include "simulator/maker/contacts/address_book_builder.h"
+#include "simulator/maker/contacts/photo.h"
+#include "simulator/maker/database/check_database.h"
+#include "simulator/maker/database/database.h"
+#include "simulator/maker/database/schema.h"
+#include "simulator/maker/read_file.h"
+#include "simulator/runtime/notifications/notification_log.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {

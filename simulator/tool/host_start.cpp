@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "simulator/phone/check_database.h"
+#include "simulator/maker/database/check_database.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {

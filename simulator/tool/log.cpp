@@ -2,8 +2,8 @@
 #include <filesystem>
 #include <memory>
 
-#include "simulator/phone/read_file.h"
-#include "simulator/runtime/phone_root.h"
+#include "simulator/maker/read_file.h"
+#include "simulator/runtime/file_system/phone_root.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {

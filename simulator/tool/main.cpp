@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <exception>
 
-#include "simulator/phone/make_root.h"
+#include "simulator/maker/make_root.h"
 #include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"
 

@@ -5,9 +5,9 @@
 #include <memory>
 #include <optional>
 
-#include "simulator/phone/call_file.h"
-#include "simulator/phone/make_root.h"
-#include "simulator/runtime/device_profiles.h"
+#include "simulator/maker/calls/call_file.h"
+#include "simulator/maker/make_root.h"
+#include "simulator/runtime/process/device_profiles.h"
 #include "simulator/tool/run_lock.h"
 #include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"

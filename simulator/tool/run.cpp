@@ -10,7 +10,7 @@
 #include <nlohmann/json.hpp>
 
 #include "simulator/hosts/remote/host_process.h"
-#include "simulator/runtime/notification_watcher.h"
+#include "simulator/runtime/notifications/notification_watcher.h"
 #include "simulator/tool/host_start.h"
 #include "simulator/tool/run_lock.h"
 #include "simulator/tool/stop_signal.h"

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "simulator/phone/result.h"
+#include "simulator/maker/result.h"
 
 namespace tool {
 

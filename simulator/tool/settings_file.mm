@@ -10,8 +10,8 @@
 #include <fstream>
 #include <system_error>
 
-#include "simulator/runtime/phone_root.h"
-#import "simulator/runtime/property_list.h"
+#include "simulator/runtime/file_system/phone_root.h"
+#import "simulator/runtime/file_system/property_list.h"
 
 namespace tool {
 namespace {

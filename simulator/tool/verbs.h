@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "simulator/phone/result.h"
+#include "simulator/maker/result.h"
 
 namespace tool {
 

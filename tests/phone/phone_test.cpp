@@ -6,8 +6,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "simulator/phone/make_root.h"
-#include "simulator/runtime/notification_log.h"
+#include "simulator/maker/make_root.h"
+#include "simulator/runtime/notifications/notification_log.h"
 #include "tests/support/library_path.h"
 #include "tests/support/property_list.h"
 

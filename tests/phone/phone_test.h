@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "simulator/hosts/remote/host_process.h"
-#include "simulator/phone/address_book_builder.h"
+#include "simulator/maker/contacts/address_book_builder.h"
 
 namespace test {
 

@@ -2,8 +2,8 @@
 
 #include <unistd.h>
 
-#include "simulator/runtime/library_loader.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/library_loader.h"
+#include "simulator/runtime/process/process.h"
 #include "tests/support/library_path.h"
 
 extern "C" void __sanitizer_set_report_fd(void* descriptor) __attribute__((weak));

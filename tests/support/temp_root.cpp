@@ -6,8 +6,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "simulator/runtime/device_profiles.h"
-#include "simulator/runtime/phone_root.h"
+#include "simulator/runtime/file_system/phone_root.h"
+#include "simulator/runtime/process/device_profiles.h"
 
 namespace test {
 namespace {

@@ -11,7 +11,7 @@ namespace test {
 class TempRoot {
   public:
     // A root with the phone's directories and the named device profile's device.plist
-    // (simulator/runtime/device_profiles.h).
+    // (simulator/runtime/process/device_profiles.h).
     explicit TempRoot(std::string_view profile = "iphone6-8.4");
     ~TempRoot();
     TempRoot(const TempRoot&) = delete;

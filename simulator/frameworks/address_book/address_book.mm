@@ -4,7 +4,7 @@
 
 #include "simulator/frameworks/address_book/book_database.h"
 #include "simulator/phone_number/phone_number.h"
-#include "simulator/runtime/device.h"
+#include "simulator/runtime/process/device.h"
 
 const ABPropertyID kABPersonFirstNameProperty = 0;
 const ABPropertyID kABPersonLastNameProperty = 1;

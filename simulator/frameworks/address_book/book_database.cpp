@@ -7,7 +7,7 @@
 #include <mutex>
 #include <set>
 
-#include "simulator/runtime/phone_root.h"
+#include "simulator/runtime/file_system/phone_root.h"
 
 namespace address_book {
 namespace {

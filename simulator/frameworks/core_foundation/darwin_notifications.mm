@@ -9,10 +9,10 @@
 #include <string>
 
 #include "simulator/frameworks/dispatch/dispatch.h"
-#include "simulator/runtime/notification_log.h"
-#include "simulator/runtime/notification_watcher.h"
-#include "simulator/runtime/pending_work.h"
-#include "simulator/runtime/phone_root.h"
+#include "simulator/runtime/file_system/phone_root.h"
+#include "simulator/runtime/notifications/notification_log.h"
+#include "simulator/runtime/notifications/notification_watcher.h"
+#include "simulator/runtime/process/pending_work.h"
 
 struct __CFNotificationCenter {
     char unused;

@@ -3,7 +3,7 @@
 #include "simulator/frameworks/dispatch/dispatch.h"
 #include "simulator/frameworks/dispatch/invoke_block.h"
 #include "simulator/frameworks/objc/runtime.h"
-#include "simulator/runtime/pending_work.h"
+#include "simulator/runtime/process/pending_work.h"
 
 #include <atomic>
 #include <deque>

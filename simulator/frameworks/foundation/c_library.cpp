@@ -7,8 +7,8 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include "simulator/runtime/device.h"
-#include "simulator/runtime/phone_root.h"
+#include "simulator/runtime/file_system/phone_root.h"
+#include "simulator/runtime/process/device.h"
 
 extern "C" {
 

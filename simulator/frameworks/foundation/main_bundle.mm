@@ -1,8 +1,8 @@
 #import <Foundation/Foundation.h>
 
 #include "simulator/frameworks/foundation/replace_method.h"
-#include "simulator/runtime/phone_root.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/file_system/phone_root.h"
+#include "simulator/runtime/process/process.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #import <Foundation/Foundation.h>
 
 #include "simulator/frameworks/foundation/replace_method.h"
-#include "simulator/runtime/pending_work.h"
+#include "simulator/runtime/process/pending_work.h"
 
 #include <mutex>
 #include <unordered_set>

@@ -1,7 +1,7 @@
 #import <Foundation/Foundation.h>
 
 #include "simulator/frameworks/foundation/replace_method.h"
-#import "simulator/runtime/property_list.h"
+#import "simulator/runtime/file_system/property_list.h"
 
 #include <initializer_list>
 

@@ -6,8 +6,8 @@
 #import "simulator/hosts/callbar/CallBarScreen.h"
 #import "simulator/hosts/remote/row_report.h"
 #import "simulator/hosts/remote/screen_watch.h"
-#include "simulator/runtime/pending_work.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/pending_work.h"
+#include "simulator/runtime/process/process.h"
 
 // Declared by Foundation in debug builds alone, but always there.
 extern "C" int GSDebugAllocationCount(Class cls);  // NOLINT(readability-redundant-declaration)

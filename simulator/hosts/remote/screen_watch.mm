@@ -5,7 +5,7 @@
 
 #include "simulator/frameworks/uikit/graphics/pixels.h"
 #import "simulator/hosts/callbar/CallBarScreen.h"
-#include "simulator/runtime/pending_work.h"
+#include "simulator/runtime/process/pending_work.h"
 
 namespace hosts {
 namespace {

@@ -6,7 +6,7 @@
 #include "simulator/hosts/program/host_main.h"
 #include "simulator/hosts/remote/commands.h"
 #include "simulator/hosts/remote/pixels.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/process.h"
 
 namespace {
 

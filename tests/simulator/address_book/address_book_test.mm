@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <thread>
 
-#include "simulator/phone/address_book_builder.h"
-#include "simulator/phone/schema.h"
-#include "simulator/runtime/device.h"
-#include "simulator/runtime/process.h"
+#include "simulator/maker/contacts/address_book_builder.h"
+#include "simulator/maker/database/schema.h"
+#include "simulator/runtime/process/device.h"
+#include "simulator/runtime/process/process.h"
 #include "tests/support/temp_root.h"
 
 namespace {

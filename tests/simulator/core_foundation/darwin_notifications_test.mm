@@ -11,8 +11,8 @@
 #include <thread>
 #include <vector>
 
-#include "simulator/runtime/notification_log.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/notifications/notification_log.h"
+#include "simulator/runtime/process/process.h"
 #include "tests/support/temp_root.h"
 
 namespace {

@@ -8,8 +8,8 @@
 
 #include "simulator/frameworks/dispatch/dispatch.h"
 #include "simulator/frameworks/objc/runtime.h"
-#include "simulator/runtime/pending_work.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/pending_work.h"
+#include "simulator/runtime/process/process.h"
 #include "tests/support/temp_root.h"
 
 namespace {

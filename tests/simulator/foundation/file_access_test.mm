@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/process.h"
 #include "tests/support/temp_root.h"
 
 extern "C" int sysctlbyname(const char* name, void* value, size_t* size, const void* newValue, size_t newSize);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/process.h"
 #include "tests/support/temp_root.h"
 
 namespace {

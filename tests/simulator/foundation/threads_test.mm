@@ -5,8 +5,8 @@
 
 #include <atomic>
 
-#include "simulator/runtime/pending_work.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/pending_work.h"
+#include "simulator/runtime/process/process.h"
 #include "tests/support/temp_root.h"
 
 @interface Recorder : NSObject {

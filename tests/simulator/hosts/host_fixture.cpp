@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "simulator/phone/make_root.h"
+#include "simulator/maker/make_root.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "simulator/phone/database.h"
+#include "simulator/maker/database/database.h"
 #include "tests/simulator/hosts/host_fixture.h"
 
 namespace {

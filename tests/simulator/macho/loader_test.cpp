@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "simulator/runtime/library_loader.h"
+#include "simulator/runtime/process/library_loader.h"
 
 // What the libraries find in this process.
 namespace {

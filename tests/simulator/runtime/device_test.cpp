@@ -1,10 +1,10 @@
-#include "simulator/runtime/device.h"
+#include "simulator/runtime/process/device.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
-#include "simulator/runtime/device_profiles.h"
+#include "simulator/runtime/process/device_profiles.h"
 #include "tests/support/temp_root.h"
 
 namespace {

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "simulator/runtime/library_loader.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/library_loader.h"
+#include "simulator/runtime/process/process.h"
 #include "tests/support/temp_root.h"
 
 namespace {

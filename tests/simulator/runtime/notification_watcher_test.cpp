@@ -1,10 +1,10 @@
-#include "simulator/runtime/notification_watcher.h"
+#include "simulator/runtime/notifications/notification_watcher.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 
-#include "simulator/runtime/notification_log.h"
+#include "simulator/runtime/notifications/notification_log.h"
 #include "tests/support/temp_root.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "simulator/runtime/phone_root.h"
+#include "simulator/runtime/file_system/phone_root.h"
 
 #include <gtest/gtest.h>
 

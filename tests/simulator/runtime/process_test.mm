@@ -1,4 +1,4 @@
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/process.h"
 #import <Foundation/Foundation.h>
 
 #include <gtest/gtest.h>
@@ -7,8 +7,8 @@
 
 #include <filesystem>
 
-#include "simulator/runtime/device.h"
-#include "simulator/runtime/phone_root.h"
+#include "simulator/runtime/file_system/phone_root.h"
+#include "simulator/runtime/process/device.h"
 #include "tests/support/temp_root.h"
 
 @interface Sleeper : NSObject

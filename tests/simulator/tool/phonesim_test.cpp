@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-#include "simulator/phone/database.h"
+#include "simulator/maker/database/database.h"
 #include "tests/simulator/tool/phonesim_fixture.h"
 
 namespace {

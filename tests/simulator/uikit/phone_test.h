@@ -8,8 +8,8 @@
 
 #include "simulator/frameworks/uikit/graphics/pixels.h"
 #include "simulator/frameworks/uikit/uikit.h"
-#include "simulator/runtime/device_profiles.h"
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/device_profiles.h"
+#include "simulator/runtime/process/process.h"
 #include "tests/support/temp_root.h"
 
 // A test that plays one phone; start() comes first. Each test runs in a process of its own.

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include "simulator/frameworks/core_foundation/darwin_notifications.h"
 
-#include "simulator/runtime/library_loader.h"
+#include "simulator/runtime/process/library_loader.h"
 #include "tests/support/extension.h"
 #include "tests/support/library_path.h"
 #include "tests/support/property_list.h"

@@ -1,4 +1,4 @@
-#include "simulator/phone/address_book_builder.h"
+#include "simulator/maker/contacts/address_book_builder.h"
 #include "tests/support/extension.h"
 #include "tests/support/pictures.h"
 

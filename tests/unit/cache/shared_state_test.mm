@@ -4,7 +4,7 @@
 #include <thread>
 #include <vector>
 
-#include "simulator/phone/address_book_builder.h"
+#include "simulator/maker/contacts/address_book_builder.h"
 #include "tests/support/extension.h"
 
 namespace {

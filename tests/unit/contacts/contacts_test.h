@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/phone/address_book_builder.h"
+#include "simulator/maker/contacts/address_book_builder.h"
 #include "tests/support/extension.h"
 #include "tests/support/pictures.h"
 #include "tests/support/sqlite_calls.h"

@@ -1,7 +1,7 @@
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 
-#include "simulator/runtime/library_loader.h"
+#include "simulator/runtime/process/library_loader.h"
 #include "tests/support/encodings.h"
 #include "tests/support/extension.h"
 #include "tests/support/library_path.h"

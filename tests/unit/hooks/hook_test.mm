@@ -1,6 +1,6 @@
 #include "tests/unit/hooks/hook_test.h"
 
-#include "simulator/runtime/process.h"
+#include "simulator/runtime/process/process.h"
 
 namespace test {
 

@@ -1,7 +1,7 @@
 // A Recents list of the tests' own making, whose calls may have every shape that CallBar's may.
 #pragma once
 
-#include "simulator/runtime/pending_work.h"
+#include "simulator/runtime/process/pending_work.h"
 #include "tests/unit/hooks/hook_test.h"
 
 // Call objects of every shape that CallBar's may have.

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "simulator/runtime/library_loader.h"
+#include "simulator/runtime/process/library_loader.h"
 #include "tests/support/extension.h"
 #include "tests/support/library_path.h"
 #include "tests/support/pictures.h"

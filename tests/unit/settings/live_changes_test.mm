@@ -1,5 +1,5 @@
 #include "simulator/frameworks/contacts_ui/contacts_ui.h"
-#include "simulator/phone/address_book_builder.h"
+#include "simulator/maker/contacts/address_book_builder.h"
 #include "tests/support/darwin.h"
 #include "tests/support/extension.h"
 #include "tests/support/property_list.h"

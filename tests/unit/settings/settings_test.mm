@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include "simulator/runtime/device.h"
+#include "simulator/runtime/process/device.h"
 
 namespace {
 

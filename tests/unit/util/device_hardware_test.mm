@@ -1,6 +1,6 @@
 #include "tests/support/extension.h"
 
-#include "simulator/runtime/device.h"
+#include "simulator/runtime/process/device.h"
 
 namespace {
 

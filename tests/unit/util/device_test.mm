@@ -1,7 +1,7 @@
 #include "tests/support/encodings.h"
 #include "tests/support/extension.h"
 
-#include "simulator/runtime/device.h"
+#include "simulator/runtime/process/device.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #import "simulator/frameworks/core_graphics/objects.h"
 #import "simulator/frameworks/uikit/graphics/UIGraphics.h"
 #include "simulator/frameworks/uikit/graphics/text_engine.h"
-#include "simulator/runtime/device.h"
+#include "simulator/runtime/process/device.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <vector>
 
-#include "simulator/runtime/device.h"
+#include "simulator/runtime/process/device.h"
 
 namespace {
 

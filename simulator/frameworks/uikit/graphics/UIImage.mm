@@ -7,8 +7,8 @@
 #import "simulator/frameworks/core_graphics/objects.h"
 #import "simulator/frameworks/uikit/graphics/UIGraphics.h"
 #include "simulator/frameworks/uikit/graphics/picture_decoder.h"
-#include "simulator/runtime/device.h"
-#include "simulator/runtime/phone_root.h"
+#include "simulator/runtime/file_system/phone_root.h"
+#include "simulator/runtime/process/device.h"
 
 namespace {
 

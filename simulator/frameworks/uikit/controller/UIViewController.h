@@ -1,0 +1,67 @@
+#pragma once
+
+#include "simulator/frameworks/uikit/table/UITableView.h"
+
+enum UIViewAppearance : NSInteger {
+    UIViewDisappeared,
+    UIViewAppearing,
+    UIViewAppeared,
+    UIViewDisappearing,
+};
+
+// A view and its life: loaded on first use, then told when it appears and disappears.
+@interface UIViewController : UIResponder {
+  @private
+    UIView* _view;
+    NSString* _title;
+    NSMutableArray* _childViewControllers;
+    UIViewController* _parentViewController;
+    UIViewAppearance _appearance;
+    BOOL _transitionAnimated;
+    BOOL _editing;
+}
+
+- (instancetype)initWithNibName:(NSString*)nibName bundle:(NSBundle*)bundle;  // the phone has no nib to give: both nil
+
+@property (nonatomic, retain) UIView* view;  // loads on first use
+@property (nonatomic, copy) NSString* title;
+@property (nonatomic, readonly) UIViewController* parentViewController;  // unowned
+@property (nonatomic, readonly) NSArray* childViewControllers;           // +0
+@property (nonatomic, getter=isEditing) BOOL editing;
+
+- (BOOL)isViewLoaded;
+// Sets an empty view of the screen's application frame; for subclasses to override.
+- (void)loadView;
+
+// For subclasses to override.
+- (void)viewDidLoad;
+- (void)viewWillAppear:(BOOL)animated;
+- (void)viewDidAppear:(BOOL)animated;
+- (void)viewWillDisappear:(BOOL)animated;
+- (void)viewDidDisappear:(BOOL)animated;
+- (void)viewWillLayoutSubviews;
+- (void)viewDidLayoutSubviews;
+- (void)setEditing:(BOOL)editing animated:(BOOL)animated;
+
+// What a container tells its children: sends viewWillAppear: or viewWillDisappear:, and the did form at the end.
+- (void)beginAppearanceTransition:(BOOL)isAppearing animated:(BOOL)animated;
+- (void)endAppearanceTransition;
+
+- (void)addChildViewController:(UIViewController*)child;
+- (void)removeFromParentViewController;
+- (void)willMoveToParentViewController:(UIViewController*)parent;
+- (void)didMoveToParentViewController:(UIViewController*)parent;
+
+@end
+
+// A controller whose view is a table and which is its data source and delegate.
+@interface UITableViewController : UIViewController <UITableViewDataSource, UITableViewDelegate> {
+  @private
+    UITableViewStyle _style;
+}
+
+- (instancetype)initWithStyle:(UITableViewStyle)style;
+
+@property (nonatomic, retain) UITableView* tableView;  // the view
+
+@end

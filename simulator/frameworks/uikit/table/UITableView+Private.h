@@ -1,0 +1,20 @@
+// The parts of a table that its files share.
+#pragma once
+
+#include "simulator/frameworks/uikit/table/UITableView.h"
+#include "simulator/frameworks/uikit/table/UITableViewRowMap.h"
+
+@interface UITableView (UITableViewParts)
+
+// The rows, asked of the data source again when stale.
+- (UITableViewRowMap&)_rowMap;
+// Marks the rows stale without touching the cells.
+- (void)_forgetRows;
+- (void)_askForHeaders;
+// Gives every row in sight a cell and takes the others' away.
+- (void)_updateCells;
+- (void)_recycleAllCells;
+- (void)_recycleCellAt:(NSIndexPath*)indexPath;
+- (void)_applyEditingTo:(UITableViewCell*)cell at:(NSIndexPath*)indexPath;
+
+@end

@@ -1,0 +1,137 @@
+#pragma once
+
+#include "simulator/frameworks/uikit/table/NSIndexPath+UITableView.h"
+#include "simulator/frameworks/uikit/table/UITableViewCell.h"
+#include "simulator/frameworks/uikit/view/UIScrollView.h"
+
+@class UITableView, UITableViewIndex;
+struct UITableViewRowMap;
+
+enum UITableViewStyle : NSInteger {
+    UITableViewStylePlain,
+    UITableViewStyleGrouped,
+};
+
+enum UITableViewScrollPosition : NSInteger {
+    UITableViewScrollPositionNone,
+    UITableViewScrollPositionTop,
+    UITableViewScrollPositionMiddle,
+    UITableViewScrollPositionBottom,
+};
+
+enum UITableViewCellSeparatorStyle : NSInteger {
+    UITableViewCellSeparatorStyleNone,
+    UITableViewCellSeparatorStyleSingleLine,
+};
+
+enum UITableViewRowAnimation : NSInteger {
+    UITableViewRowAnimationFade,
+    UITableViewRowAnimationNone = 5,
+    UITableViewRowAnimationAutomatic = 100,
+};
+
+@protocol UITableViewDataSource <NSObject>
+@required
+- (NSInteger)tableView:(UITableView*)tableView numberOfRowsInSection:(NSInteger)section;
+- (UITableViewCell*)tableView:(UITableView*)tableView cellForRowAtIndexPath:(NSIndexPath*)indexPath;
+@optional
+- (NSInteger)numberOfSectionsInTableView:(UITableView*)tableView;
+- (NSString*)tableView:(UITableView*)tableView titleForHeaderInSection:(NSInteger)section;
+- (NSArray*)sectionIndexTitlesForTableView:(UITableView*)tableView;
+- (BOOL)tableView:(UITableView*)tableView canEditRowAtIndexPath:(NSIndexPath*)indexPath;
+- (void)tableView:(UITableView*)tableView
+    commitEditingStyle:(UITableViewCellEditingStyle)editingStyle
+     forRowAtIndexPath:(NSIndexPath*)indexPath;
+@end
+
+@protocol UITableViewDelegate <UIScrollViewDelegate>
+@optional
+- (CGFloat)tableView:(UITableView*)tableView heightForRowAtIndexPath:(NSIndexPath*)indexPath;
+- (CGFloat)tableView:(UITableView*)tableView heightForHeaderInSection:(NSInteger)section;
+- (UIView*)tableView:(UITableView*)tableView viewForHeaderInSection:(NSInteger)section;
+- (void)tableView:(UITableView*)tableView
+      willDisplayCell:(UITableViewCell*)cell
+    forRowAtIndexPath:(NSIndexPath*)indexPath;
+- (void)tableView:(UITableView*)tableView didSelectRowAtIndexPath:(NSIndexPath*)indexPath;
+- (UITableViewCellEditingStyle)tableView:(UITableView*)tableView editingStyleForRowAtIndexPath:(NSIndexPath*)indexPath;
+@end
+
+// A list of rows in sections. Only the rows in sight have cells; a cell that leaves goes to the pool of its reuse
+// identifier and is handed out again. Systems 7 to 10 put the cells into a UITableViewWrapperView.
+@interface UITableView : UIScrollView {
+  @private
+    UITableViewStyle _style;
+    id<UITableViewDataSource> _dataSource;
+    UITableViewRowMap* _rows;
+    NSMutableDictionary* _reusableCells;
+    NSMutableDictionary* _cellClasses;
+    NSMutableDictionary* _cells;
+    NSMutableDictionary* _headers;
+    UIView* _wrapperView;
+    UIView* _tableHeaderView;
+    UIView* _tableFooterView;
+    UITableViewIndex* _index;
+    UIColor* _separatorColor;
+    UIEdgeInsets _separatorInset;
+    UITableViewCellSeparatorStyle _separatorStyle;
+    CGFloat _rowHeight;
+    CGFloat _sectionHeaderHeight;
+    BOOL _editing;
+    BOOL _needsReload;
+}
+
+- (instancetype)initWithFrame:(CGRect)frame style:(UITableViewStyle)style;
+
+@property (nonatomic, readonly) UITableViewStyle style;
+@property (nonatomic, assign) id<UITableViewDataSource> dataSource;
+@property (nonatomic, assign) id<UITableViewDelegate> delegate;
+@property (nonatomic) CGFloat rowHeight;            // 44 at first
+@property (nonatomic) CGFloat sectionHeaderHeight;  // of headers with a title, unless the delegate says otherwise
+@property (nonatomic) UITableViewCellSeparatorStyle separatorStyle;
+@property (nonatomic, retain) UIColor* separatorColor;
+@property (nonatomic) UIEdgeInsets separatorInset;
+@property (nonatomic, retain) UIView* tableHeaderView;
+@property (nonatomic, retain) UIView* tableFooterView;
+@property (nonatomic, getter=isEditing) BOOL editing;
+
+// Asks the data source for everything again; cells in sight go to the pool, and the next layout pass fetches anew.
+- (void)reloadData;
+- (void)reloadRowsAtIndexPaths:(NSArray*)indexPaths withRowAnimation:(UITableViewRowAnimation)animation;
+
+- (void)setEditing:(BOOL)editing animated:(BOOL)animated;
+- (void)registerClass:(Class)cellClass forCellReuseIdentifier:(NSString*)identifier;
+
+@end
+
+@interface UITableView (UITableViewRows)
+
+- (NSInteger)numberOfSections;
+- (NSInteger)numberOfRowsInSection:(NSInteger)section;
+- (CGRect)rectForRowAtIndexPath:(NSIndexPath*)indexPath;
+- (CGRect)rectForHeaderInSection:(NSInteger)section;
+- (NSIndexPath*)indexPathForRowAtPoint:(CGPoint)point;  // nil between rows; +0
+- (NSArray*)indexPathsForRowsInRect:(CGRect)rect;       // +0
+
+- (void)scrollToRowAtIndexPath:(NSIndexPath*)indexPath
+              atScrollPosition:(UITableViewScrollPosition)position
+                      animated:(BOOL)animated;
+
+@end
+
+@interface UITableView (UITableViewCells)
+
+- (NSIndexPath*)indexPathForCell:(UITableViewCell*)cell;            // nil for a cell out of sight; +0
+- (UITableViewCell*)cellForRowAtIndexPath:(NSIndexPath*)indexPath;  // nil for a row out of sight; +0
+- (NSArray*)visibleCells;                                           // from the top down; +0
+- (NSArray*)indexPathsForVisibleRows;                               // from the top down; +0
+
+// A cell from the pool, prepared for reuse, or nil. +0.
+- (id)dequeueReusableCellWithIdentifier:(NSString*)identifier;
+// The same, or a new one of the registered class; raises when no class is registered. +0.
+- (id)dequeueReusableCellWithIdentifier:(NSString*)identifier forIndexPath:(NSIndexPath*)indexPath;
+
+@end
+
+// Holds the cells on systems 7 to 10.
+@interface UITableViewWrapperView : UIView
+@end

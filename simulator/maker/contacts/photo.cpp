@@ -1,0 +1,121 @@
+#include "simulator/maker/contacts/photo.h"
+
+#include <gdk-pixbuf/gdk-pixbuf.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+
+namespace phone {
+namespace {
+
+struct Unref {
+    void operator()(gpointer object) const { g_object_unref(object); }
+};
+using Pixbuf = std::unique_ptr<GdkPixbuf, Unref>;
+
+std::string takeMessage(GError* error) {
+    std::string message = error ? error->message : "unknown reason";
+    g_clear_error(&error);
+    return message;
+}
+
+// Decoding at this size keeps enormous pictures cheap and leaves enough for a sharp thumbnail.
+constexpr int kDecodedSide = 4 * kThumbnailSide;
+
+// Not every format is decoded at another size than its own. More than any camera's.
+constexpr std::int64_t kGreatestArea = 200'000'000;
+
+struct PictureSize {
+    int width = 0, height = 0;
+    bool isTooLarge() const { return static_cast<std::int64_t>(width) * height > kGreatestArea; }
+};
+
+void limitSize(GdkPixbufLoader* loader, int width, int height, gpointer data) {
+    auto* size = static_cast<PictureSize*>(data);
+    *size = {width, height};
+    if (size->isTooLarge()) {
+        gdk_pixbuf_loader_set_size(loader, 0, 0);  // makes the format's loader stop
+        return;
+    }
+    int shorter = std::min(width, height);
+    if (shorter <= kDecodedSide) return;
+    double scale = static_cast<double>(kDecodedSide) / shorter;
+    gdk_pixbuf_loader_set_size(loader, std::max(1, static_cast<int>(width * scale)),
+                               std::max(1, static_cast<int>(height * scale)));
+}
+
+Result<Pixbuf> decode(std::string_view encoded, PictureSize& size) {
+    if (encoded.empty()) return Failure{"no bytes"};
+    std::unique_ptr<GdkPixbufLoader, Unref> loader(gdk_pixbuf_loader_new());
+    g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(limitSize), &size);
+    GError* error = nullptr;
+    bool written =
+        gdk_pixbuf_loader_write(loader.get(), reinterpret_cast<const guchar*>(encoded.data()), encoded.size(), &error);
+    bool closed = gdk_pixbuf_loader_close(loader.get(), written ? &error : nullptr);
+    if (size.isTooLarge()) {
+        g_clear_error(&error);
+        return Failure{"too large, " + std::to_string(size.width) + " x " + std::to_string(size.height) + " pixels"};
+    }
+    if (!written || !closed) return Failure{takeMessage(error)};
+    GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
+    if (!decoded) return Failure{"no picture in it"};
+    return Pixbuf(gdk_pixbuf_apply_embedded_orientation(decoded));
+}
+
+Result<std::string> encode(GdkPixbuf* pixbuf) {
+    gchar* bytes = nullptr;
+    gsize length = 0;
+    GError* error = nullptr;
+    bool saved = gdk_pixbuf_get_has_alpha(pixbuf)
+                     ? gdk_pixbuf_save_to_buffer(pixbuf, &bytes, &length, "png", &error, nullptr)
+                     : gdk_pixbuf_save_to_buffer(pixbuf, &bytes, &length, "jpeg", &error, "quality", "90", nullptr);
+    if (!saved) return Failure{takeMessage(error)};
+    std::string result(bytes, length);
+    g_free(bytes);
+    return result;
+}
+
+}  // namespace
+
+Result<Photo> makePhoto(std::string_view encoded) {
+    PictureSize size;
+    Result<Pixbuf> decoded = decode(encoded, size);
+    if (!decoded) return Failure{"not a picture: " + decoded.text()};
+    GdkPixbuf* picture = decoded->get();
+    int width = gdk_pixbuf_get_width(picture);
+    int height = gdk_pixbuf_get_height(picture);
+    int side = std::min(width, height);
+    int x = (width - side) / 2;
+    int y = (height - side) / 2;
+    Pixbuf square(gdk_pixbuf_new_subpixbuf(picture, x, y, side, side));
+    Pixbuf scaled(gdk_pixbuf_scale_simple(square.get(), kThumbnailSide, kThumbnailSide, GDK_INTERP_BILINEAR));
+    if (!scaled) return Failure{"not enough memory for a thumbnail"};
+    Result<std::string> thumbnail = encode(scaled.get());
+    if (!thumbnail) return thumbnail.failure();
+
+    double enlarged = static_cast<double>(std::min(size.width, size.height)) / side;
+    return Photo{std::move(*thumbnail), static_cast<int>(x * enlarged), static_cast<int>(y * enlarged),
+                 std::min(size.width, size.height)};
+}
+
+std::string plainThumbnail(unsigned colour) {
+    Pixbuf picture(gdk_pixbuf_new(GDK_COLORSPACE_RGB, FALSE, 8, kThumbnailSide, kThumbnailSide));
+    gdk_pixbuf_fill(picture.get(), (colour << 8) | 0xFF);
+    guchar* pixels = gdk_pixbuf_get_pixels(picture.get());
+    int stride = gdk_pixbuf_get_rowstride(picture.get());
+    constexpr int centre = kThumbnailSide / 2;
+    constexpr int radius = kThumbnailSide / 4;
+    for (int y = centre - radius; y < centre + radius; ++y) {
+        for (int x = centre - radius; x < centre + radius; ++x) {
+            if ((x - centre) * (x - centre) + (y - centre) * (y - centre) > radius * radius) continue;
+            guchar* pixel = pixels + static_cast<std::ptrdiff_t>(y) * stride + static_cast<std::ptrdiff_t>(x) * 3;
+            for (int channel = 0; channel < 3; ++channel) {
+                pixel[channel] = static_cast<guchar>(pixel[channel] + (255 - pixel[channel]) / 2);
+            }
+        }
+    }
+    return encode(picture.get()).value();
+}
+
+}  // namespace phone

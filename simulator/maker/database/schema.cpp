@@ -1,0 +1,86 @@
+#include "simulator/maker/database/schema.h"
+
+namespace phone {
+namespace {
+
+constexpr const char* kAddressBookSql = R"sql(
+CREATE TABLE ABStore (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT, ExternalIdentifier TEXT, Type INTEGER,
+    ConstraintsPath TEXT, ExternalModificationTag TEXT, ExternalSyncTag TEXT, AccountID INTEGER DEFAULT -1,
+    Enabled INTEGER DEFAULT 1, SyncData BLOB, MeIdentifier INTEGER, Capabilities INTEGER);
+INSERT INTO ABStore (ROWID, Name, Type) VALUES (0, NULL, 0);
+
+CREATE TABLE ABPerson (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, First TEXT, Last TEXT, Middle TEXT, FirstPhonetic TEXT,
+    MiddlePhonetic TEXT, LastPhonetic TEXT, Organization TEXT, Department TEXT, Note TEXT, Kind INTEGER, Birthday TEXT,
+    JobTitle TEXT, Nickname TEXT, Prefix TEXT, Suffix TEXT, FirstSort TEXT, LastSort TEXT, CreationDate INTEGER,
+    ModificationDate INTEGER, CompositeNameFallback TEXT, ExternalIdentifier TEXT, ExternalModificationTag TEXT,
+    ExternalUUID TEXT, StoreID INTEGER, DisplayName TEXT, ExternalRepresentation BLOB, FirstSortSection TEXT,
+    LastSortSection TEXT, FirstSortLanguageIndex INTEGER DEFAULT 2147483647,
+    LastSortLanguageIndex INTEGER DEFAULT 2147483647, PersonLink INTEGER DEFAULT -1, ImageURI TEXT,
+    IsPreferredName INTEGER DEFAULT 1, guid TEXT);
+CREATE INDEX ABPersonPersonLinkIndex ON ABPerson (PersonLink);
+CREATE INDEX ABPersonModificationDateIndex ON ABPerson (ModificationDate);
+
+CREATE TABLE ABPersonLink (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, PreferredImagePersonID INTEGER DEFAULT -1,
+    PreferredNamePersonID INTEGER DEFAULT -1, guid TEXT);
+
+CREATE TABLE ABMultiValue (UID INTEGER PRIMARY KEY, record_id INTEGER, property INTEGER, identifier INTEGER,
+    label INTEGER, value TEXT, guid TEXT);
+CREATE INDEX ABMultiValueRecordIndex ON ABMultiValue (record_id);
+CREATE INDEX ABMultiValuePropertyValueIndex ON ABMultiValue (property, value COLLATE NOCASE);
+CREATE TABLE ABMultiValueLabel (value TEXT, UNIQUE (value));
+
+CREATE TABLE ABPhoneLastFour (multivalue_id INTEGER PRIMARY KEY, value TEXT);
+CREATE INDEX ABPhoneLastFourIndex ON ABPhoneLastFour (value);
+
+CREATE TABLE _SqliteDatabaseProperties (key TEXT, value TEXT, UNIQUE (key));
+)sql";
+
+constexpr const char* kImagesSql = R"sql(
+CREATE TABLE ABThumbnailImage (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, record_id INTEGER, format INTEGER,
+    derived_from_format INTEGER, data BLOB, UNIQUE (record_id, format));
+CREATE TABLE ABFullSizeImage (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, record_id INTEGER UNIQUE, crop_x INTEGER,
+    crop_y INTEGER, crop_width INTEGER, data BLOB);
+CREATE TABLE _SqliteDatabaseProperties (key TEXT, value TEXT, UNIQUE (key));
+)sql";
+
+constexpr const char* kCallsSql = R"sql(
+CREATE TABLE call (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, address TEXT, date INTEGER, duration INTEGER,
+    flags INTEGER, id INTEGER, name TEXT, country_code TEXT, network_code TEXT, read INTEGER, assisted INTEGER,
+    face_time_data BLOB, originatingUIType TEXT);
+CREATE INDEX date_index ON call (date);
+CREATE TABLE _SqliteDatabaseProperties (key TEXT, value TEXT, UNIQUE (key));
+)sql";
+
+}  // namespace
+
+const DatabaseShape& addressBookShape() {
+    static const DatabaseShape shape{"an address book (AddressBook.sqlitedb)",
+                                     "private/var/mobile/Library/AddressBook/AddressBook.sqlitedb",
+                                     kAddressBookSql,
+                                     {{"ABPerson",
+                                       {"First", "Last", "Middle", "Prefix", "Suffix", "Nickname", "Organization",
+                                        "ModificationDate", "PersonLink", "IsPreferredName"}},
+                                      {"ABMultiValue", {"UID", "record_id", "property", "label", "value"}},
+                                      {"ABMultiValueLabel", {"value"}},
+                                      {"ABPhoneLastFour", {"multivalue_id", "value"}}}};
+    return shape;
+}
+
+const DatabaseShape& imagesShape() {
+    static const DatabaseShape shape{"an address book's images (AddressBookImages.sqlitedb)",
+                                     "private/var/mobile/Library/AddressBook/AddressBookImages.sqlitedb",
+                                     kImagesSql,
+                                     {{"ABThumbnailImage", {"record_id", "format", "derived_from_format", "data"}},
+                                      {"ABFullSizeImage", {"record_id", "crop_x", "crop_y", "crop_width", "data"}}}};
+    return shape;
+}
+
+const DatabaseShape& callsShape() {
+    static const DatabaseShape shape{"a call history (call_history.db)",
+                                     "private/var/wireless/Library/CallHistory/call_history.db",
+                                     kCallsSql,
+                                     {{"call", {"address", "date", "duration", "flags", "id"}}}};
+    return shape;
+}
+
+}  // namespace phone

@@ -1,0 +1,58 @@
+// Making a phone root: a directory shaped like a phone's file system.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "simulator/maker/progress.h"
+#include "simulator/maker/result.h"
+
+namespace phone {
+
+struct RootOptions {
+    std::filesystem::path root;
+    bool force = false;  // replace an existing root
+
+    // Where the address book comes from: at most one of these three; none makes an empty book.
+    std::filesystem::path contacts;     // a vCard file
+    int contactsCount = 0;              // a generated book of that many contacts
+    std::filesystem::path addressBook;  // AddressBook.sqlitedb of a phone
+
+    std::filesystem::path images;  // AddressBookImages.sqlitedb of a phone; only with addressBook
+    // call_history.db of a phone, or a text file of calls (.csv or .txt; see call_file.h). Left out: calls are made up
+    // from the book.
+    std::filesystem::path calls;
+    bool noCalls = false;  // an empty call history when `calls` is left out
+
+    std::string device;        // a profile's name (device_profiles.h); empty: "iphone6-8.4"
+    std::string region;        // ISO 3166 country in which numbers without country code are; empty: "US"
+    bool rightToLeft = false;  // the interface's layout direction
+
+    // What is installed on the phone; an empty path is left out.
+    std::filesystem::path library;         // linked, so that a rebuild takes effect
+    std::filesystem::path filter;          // the injector's filter, copied
+    std::filesystem::path settingsBundle;  // the preference bundle's folder, copied
+
+    double now = 0;  // seconds since 1970-01-01 UTC that the call history is made for; 0: the present
+    std::uint32_t seed = 1;
+};
+
+struct RootReport {
+    long contacts = 0;
+    long pictures = 0;
+    long calls = 0;
+    std::vector<std::string>
+        warnings;  // what was left out and why: "contacts.vcf: Ann Lee: photo ... is not a picture"
+};
+
+// Makes a root. It is built in a temporary directory beside its place and moved there at the end: on failure nothing is
+// left behind, and what stood at its place stays as it was. An existing root is replaced only with `force`, anything
+// else that exists never (an empty directory excepted).
+Result<RootReport> makeRoot(const RootOptions& options, const Progress& progress = {});
+
+// Whether a directory is a phone root: it holds device.plist and the phone's private folder.
+bool isRoot(const std::filesystem::path& directory);
+
+}  // namespace phone

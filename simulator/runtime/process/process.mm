@@ -1,0 +1,80 @@
+#import <Foundation/Foundation.h>
+
+#include "simulator/runtime/process/process.h"
+
+#include <stdio.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include "simulator/runtime/file_system/phone_root.h"
+#include "simulator/runtime/file_system/sqlite_vfs.h"
+#include "simulator/runtime/process/pending_work.h"
+#include "simulator/runtime/process/process_state.h"
+
+// The runtime's method tables, Foundation's singletons and the text libraries' caches live as long as the process;
+// telling them as leaks would hide every other message. Foundation's readers of damaged files ask for more memory than
+// there can be, and take no for an answer.
+extern "C" const char* __asan_default_options() { return "detect_leaks=0:allocator_may_return_null=1"; }
+
+namespace phone {
+namespace {
+
+[[noreturn]] void refuse(const std::string& message) {
+    fprintf(stderr, "phone: %s\n", message.c_str());
+    exit(1);
+}
+
+void raisedUncaught(NSException* exception) {
+    fprintf(stderr, "*** Terminating app due to uncaught exception '%s', reason: '%s'\n", [[exception name] UTF8String],
+            [[exception reason] UTF8String] ?: "(none)");
+    fflush(stderr);
+    abort();
+}
+
+void setUpFoundation() {
+    NSSetUncaughtExceptionHandler(raisedUncaught);
+    // A phone's Foundation says nothing about a file that is no property list.
+    [[[NSProcessInfo processInfo] debugSet] addObject:@"NoWarn"];
+    // The main run loop belongs to the thread that boots; a thread that queues work for it must find it made.
+    [NSRunLoop currentRunLoop];
+}
+
+}  // namespace
+
+Process& process() {
+    static Process state;
+    return state;
+}
+
+const std::string& bundleIdentifier() { return process().bundleIdentifier; }
+
+void boot(const std::filesystem::path& root, std::string bundleIdentifier) {
+    std::error_code error;
+    Process& state = process();
+    state.root = std::filesystem::canonical(root, error);
+    if (error) refuse(root.string() + ": " + error.message());
+    const std::string unusable = readDevice(state.root, state.device);
+    if (!unusable.empty()) refuse("not a phone root: " + unusable);
+    if (chdir(state.root.c_str()) != 0) refuse(state.root.string() + ": cannot be the working directory");
+    state.bundleIdentifier = std::move(bundleIdentifier);
+    setenv("HOME", "/var/mobile", 1);
+    if (registerPhoneFileSystem() != 0) refuse("SQLite does not take the phone's file system");
+    @autoreleasepool {
+        setUpFoundation();
+    }
+}
+
+bool settle(double seconds) {
+    NSTimeInterval end = [NSDate timeIntervalSinceReferenceDate] + seconds;
+    while (pendingWork() > 0) {
+        if ([NSDate timeIntervalSinceReferenceDate] >= end) return false;
+        @autoreleasepool {
+            // Work may finish on another thread without waking this one, hence the short turns.
+            [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode
+                                     beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.005]];
+        }
+    }
+    return true;
+}
+
+}  // namespace phone

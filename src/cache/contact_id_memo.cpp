@@ -1,21 +1,24 @@
 #include "src/cache/contact_id_memo.h"
 
-#include "src/cache/object_map.h"
+#include "src/cache/letting_go.h"
 
 namespace {
 
-constinit ObjectMap theMemo;
+// An entry's group is its contact ID.
+constinit zelka::ObjectMap theMemo;
 
 }  // namespace
 
 ABRecordID rememberedContactID(NSString text) { return text ? theMemo.value<NSNumber>(text).intValue() : 0; }
 
 void rememberContactID(NSString text, ABRecordID contactID) {
-    if (text && contactID >= 1) theMemo.store(NSNumber::of(contactID), text);
+    if (text && contactID >= 1) {
+        theMemo.store(NSNumber::of(contactID), text, static_cast<std::uint64_t>(contactID));
+    }
 }
 
 void forgetContactID(ABRecordID contactID) {
-    theMemo.removeFirst<NSNumber>([&](NSNumber known) { return known.intValue() == contactID; });
+    if (contactID >= 1) theMemo.removeOneOf(static_cast<std::uint64_t>(contactID));
 }
 
-void forgetAllContactIDs() { theMemo.clear(); }
+void forgetAllContactIDs() { zelka::letGo(theMemo.clear()); }

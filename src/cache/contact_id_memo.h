@@ -1,5 +1,5 @@
-// The contact IDs found for phone numbers and e-mail texts, by the exact text. Read and written without a
-// lock, from any thread.
+// The contact IDs found for phone numbers and e-mail texts, by the exact text. Any thread; never waits
+// for a lookup.
 #pragma once
 
 #include "src/platform/address_book.h"
@@ -10,7 +10,7 @@ ABRecordID rememberedContactID(NSString text);
 // Enters an ID of 1 or above; anything else is not remembered.
 void rememberContactID(NSString text, ABRecordID contactID);
 
-// Forgets the first text, in the map's own order, that led to the ID; others that did stay.
+// Forgets one text that led to the ID, whichever; others that did stay.
 void forgetContactID(ABRecordID contactID);
 
 void forgetAllContactIDs();

@@ -1,7 +1,7 @@
 #include "src/cache/image_cache.h"
 
 #include "src/cache/contact_id_memo.h"
-#include "src/cache/object_map.h"
+#include "src/cache/letting_go.h"
 #include "src/cache/shared_address_book.h"
 #include "src/util/log.h"
 #include "src/util/process.h"
@@ -11,9 +11,9 @@ namespace ZelkaCBUtils {
 namespace {
 
 constinit std::atomic<bool> cacheIsMade{false};
-constinit ObjectMap theCache;
+constinit zelka::ObjectMap theCache;
 
-ObjectMap& cache() {
+zelka::ObjectMap& cache() {
     initialiseUtilityClass();
     return theCache;
 }
@@ -72,7 +72,7 @@ void storeImage(UIImage image, NSObject key) {
     if (image && key) cache().store(image, key);
 }
 
-void removeAllImages() { cache().clear(); }
+void removeAllImages() { zelka::letGo(cache().clear()); }
 
 std::span<const MethodRow> imageCacheMethods() {
     static constexpr MethodRow rows[] = {

@@ -1,6 +1,6 @@
 // The process-wide map from a contact ID (as a number), a picture file's path or an e-mail text to the finished
-// picture. It grows without limit and is read and written without a lock, from any thread. It is made when the class
-// ZelkaCBUtils is initialised.
+// picture. It grows without limit. Any thread; never waits for a lookup. It is made when the class ZelkaCBUtils is
+// initialised.
 #pragma once
 
 #include "src/platform/address_book.h"

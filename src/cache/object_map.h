@@ -1,9 +1,11 @@
-// The map behind the image cache and the contact-ID memo: platform objects by keys that answer hash and isEqual:. Any
-// thread, without a lock.
+// The map behind the image cache and the contact-ID memo: platform objects by keys that implement hash and isEqual:.
+// Any thread; no message is sent while a lock is held.
 #pragma once
 
-#include "src/cache/lock_free_map.h"
+#include "src/cache/shared_map.h"
 #include "src/platform/foundation.h"
+
+namespace zelka {
 
 struct ObjectIdentity {
     static std::size_t hash(NSObject key) { return send<NSUInteger, "hash">(key); }
@@ -15,21 +17,28 @@ struct ObjectIdentity {
 
 // Keys are copied, values retained.
 class ObjectMap {
+    using Map = SharedMap<Owned<NSObject>, ObjectIdentity>;
+
   public:
+    using Contents = Map::Contents;
+
     // The value (+0, of the innermost autorelease pool: nobody who removes it takes it away from the caller), or nil.
     template <ObjectHandle T>
     T value(NSObject key) const {
         return as<T>(map_.value(key).autorelease());
     }
-    void store(NSObject object, NSObject key) { map_.store(copyOf(key), Owned<NSObject>::retain(object)); }
-    void remove(NSObject key) { map_.remove(key); }
-    // Removes the first entry, in the map's own order, whose value the predicate takes.
-    template <ObjectHandle T, class Predicate>
-    void removeFirst(Predicate takes) {
-        map_.removeFirst([&](const Owned<NSObject>& value) { return takes(as<T>(value.get())); });
+    // Objects of a group other than 0 can be removed by its number.
+    void store(NSObject object, NSObject key, std::uint64_t group = Map::kNoGroup) {
+        map_.store(copyOf(key), Owned<NSObject>::retain(object), group);
     }
-    void clear() { map_.clear(); }
+    void remove(NSObject key) { map_.remove(key); }
+    // Removes one object of the group, if there is one.
+    void removeOneOf(std::uint64_t group) { map_.removeOneOf(group); }
+    // Empties the map and hands over what was in it.
+    Contents clear() { return map_.clear(); }
 
   private:
-    LockFreeMap<Owned<NSObject>, ObjectIdentity> map_;
+    Map map_;
 };
+
+}  // namespace zelka

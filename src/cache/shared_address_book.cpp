@@ -1,22 +1,26 @@
 #include "src/cache/shared_address_book.h"
 
-#include "src/cache/reclaimer.h"
 #include "src/platform/dispatch.h"
+#include "src/platform/mutex.h"
 #include "src/util/utility_class.h"
 
 namespace {
 
 constinit std::intptr_t addressBookOnce = 0;
-// The one handle, which another thread may be about to use while it is given up.
-struct SharedBook : Retired {
-    explicit SharedBook(Owned<ABAddressBookRef> handle) : Retired{&destroyBook}, book(std::move(handle)) {}
-    static void destroyBook(Retired* self) { delete static_cast<SharedBook*>(self); }
+constinit zelka::Mutex theMutex;
+constinit ABAddressBookRef theBook = nullptr;
 
-    Owned<ABAddressBookRef> book;
-};
+// Returns the handle that was there before (+1).
+Owned<ABAddressBookRef> exchangeBook(ABAddressBookRef book) {
+    zelka::Mutex::Lock lock(theMutex);
+    return Owned<ABAddressBookRef>::adopt(std::exchange(theBook, book));
+}
 
-constinit std::atomic<SharedBook*> theBook{nullptr};
-constinit Reclaimer theReclaimer;
+// Another thread may give the handle up at any moment. A retain under the mutex is safe here: it calls no foreign code.
+Owned<ABAddressBookRef> copyBook() {
+    zelka::Mutex::Lock lock(theMutex);
+    return Owned<ABAddressBookRef>::retain(theBook);
+}
 
 }  // namespace
 
@@ -24,11 +28,8 @@ namespace ZelkaCBUtils {
 
 ABAddressBookRef getAddressBook() {
     initialiseUtilityClass();
-    dispatchOnce(addressBookOnce,
-                 [] { theBook.store(new SharedBook(Owned<ABAddressBookRef>::adopt(ABAddressBookCreate()))); });
-    Reclaimer::Reading reading(theReclaimer);
-    SharedBook* shared = theBook.load();
-    return shared != nullptr ? Owned(shared->book).autorelease() : nullptr;
+    dispatchOnce(addressBookOnce, [] { exchangeBook(ABAddressBookCreate()); });
+    return copyBook().autorelease();
 }
 
 std::span<const MethodRow> sharedAddressBookMethods() {
@@ -40,7 +41,4 @@ std::span<const MethodRow> sharedAddressBookMethods() {
 
 }  // namespace ZelkaCBUtils
 
-void releaseSharedAddressBook() {
-    Reclaimer::Reading reading(theReclaimer);
-    if (SharedBook* shared = theBook.exchange(nullptr)) theReclaimer.retire(shared);
-}
+void releaseSharedAddressBook() { exchangeBook(nullptr); }

@@ -9,6 +9,7 @@ pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)
 pkg_check_modules(EBOOK REQUIRED IMPORTED_TARGET libebook-contacts-1.2)
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)
+find_package(tl-expected REQUIRED)
 find_library(PHONENUMBER_LIBRARY phonenumber REQUIRED)
 # libphonenumber's headers hold protobuf messages, which the sanitizers look into.
 find_library(PROTOBUF_LIBRARY protobuf REQUIRED)

@@ -20,12 +20,12 @@ struct SoundDatabases {
 
 const SoundDatabases& soundDatabases() {
     static const SoundDatabases sound = [] {
-        phone::AddressBookBuilder book = phone::AddressBookBuilder::open(fuzz::root().path()).value();
-        phone::Person person;
+        maker::AddressBookBuilder book = maker::AddressBookBuilder::open(fuzz::root().path()).value();
+        maker::Person person;
         person.first = "Ann";
         person.emails = {{"ann@example.com", ""}};
         (void)book.addPerson(person).value();
-        if (!book.finish().ok()) fuzz::fail("no address book");
+        if (!book.finish()) fuzz::fail("no address book");
         return SoundDatabases{fuzz::root().read(kAddressBook), fuzz::root().read(kImages)};
     }();
     return sound;

@@ -35,11 +35,6 @@ const Switch& findSwitch(const std::string& key) {
     throw Problem("there is no setting \"" + key + "\"; there are:" + keyList());
 }
 
-void post(const std::filesystem::path& root, const std::string& name) {
-    std::string problem = phone::postNotification(root, name);
-    if (!problem.empty()) throw Problem(problem);
-}
-
 struct Change {
     std::string root, key, state, name;
 };
@@ -57,8 +52,9 @@ void addSet(CLI::App& app) {
         const Switch& known = findSwitch(change->key);
         requireRoot(change->root);
         std::filesystem::path root = std::filesystem::canonical(change->root);
-        orThrow(setSwitch(root, known.key, change->state == "on"));
-        post(root, known.notification);
+        phone::require(setSwitch(root, known.key, change->state == "on").and_then([&] {
+            return phone::postNotification(root, known.notification);
+        }));
     });
 }
 
@@ -70,7 +66,7 @@ void addNotify(CLI::App& app) {
     verb->footer("Example:\n  phonesim notify phone com.norvex.ZelkaCBEnabledNotification");
     verb->callback([change] {
         requireRoot(change->root);
-        post(std::filesystem::canonical(change->root), change->name);
+        phone::require(phone::postNotification(std::filesystem::canonical(change->root), change->name));
     });
 }
 

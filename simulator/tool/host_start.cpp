@@ -26,7 +26,8 @@ void requireExtension(hosts::HostProcess& host, hosts::HostKind kind, const fs::
                  hosts::bundleIdentifier(kind) + " in " + (root / "Library/MobileSubstrate/DynamicLibraries").string();
     }
     while (reason.back() == '\n') reason.pop_back();
-    throw Problem(root.string() + ": the extension is not loaded; \"phonesim new\" installs it, and \"phonesim shot " +
+    throw Problem(root.string() +
+                  ": the extension is not loaded; \"phonesim install\" installs it, and \"phonesim shot " +
                   "--without-extension\" does without\n" + reason);
 }
 
@@ -42,9 +43,9 @@ std::unique_ptr<hosts::HostProcess> startHost(hosts::HostKind kind, const fs::pa
 }
 
 void warnOfDamage(const fs::path& root) {
-    for (const phone::DatabaseShape& shape : {phone::addressBookShape(), phone::imagesShape(), phone::callsShape()}) {
-        const phone::Status sound = phone::checkDatabase(root / shape.path, shape);
-        if (!sound) std::fprintf(stderr, "phonesim: %s\n", sound.text().c_str());
+    for (const maker::DatabaseShape* shape : maker::databaseShapes()) {
+        const phone::Status sound = maker::checkDatabase(root / shape->path, *shape);
+        if (!sound) std::fprintf(stderr, "phonesim: %s\n", sound.error().message.c_str());
     }
 }
 

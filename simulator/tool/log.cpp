@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "simulator/maker/read_file.h"
+#include "simulator/maker/common/read_file.h"
 #include "simulator/runtime/file_system/phone_root.h"
 #include "simulator/tool/verbs.h"
 
@@ -19,7 +19,7 @@ void addLog(CLI::App& app) {
         if (!std::filesystem::exists(file)) {
             throw Problem(*root + ": nothing is logged yet; \"phonesim shot\" starts a host that loads the library");
         }
-        std::string log = orThrow(phone::readFile(file));
+        const std::string log = maker::readFile(file).value();
         std::fwrite(log.data(), 1, log.size(), stdout);
     });
 }

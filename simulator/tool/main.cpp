@@ -9,8 +9,13 @@
 namespace tool {
 
 void requireRoot(const std::string& root) {
-    if (phone::isRoot(root)) return;
+    if (maker::isRoot(root)) return;
     throw Problem(root + ": is not a phone root; \"phonesim new " + root + "\" makes one");
+}
+
+void requireFile(const std::filesystem::path& file) {
+    if (!std::filesystem::exists(file)) throw Problem(file.string() + ": there is no such file");
+    if (!std::filesystem::is_regular_file(file)) throw Problem(file.string() + ": is not a file");
 }
 
 }  // namespace tool
@@ -38,6 +43,7 @@ int run(int argc, char** argv) {
         "\"phonesim VERB --help\" tells more about each, with examples.\n"
         "Exit status: 0 done, 1 something went wrong, 2 the command line is wrong.");
     tool::addNew(app);
+    tool::addInstall(app);
     tool::addShot(app);
     tool::addRun(app);
     tool::addLog(app);

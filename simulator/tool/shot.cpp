@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "simulator/hosts/remote/host_process.h"
+#include "simulator/tool/built_extension.h"
 #include "simulator/tool/host_start.h"
 #include "simulator/tool/verbs.h"
 
@@ -67,6 +68,7 @@ void run(const Shot& shot) {
     const fs::path out = shot.out.empty() ? fs::path() : placeOfPicture(shot.out);
     const fs::path root = fs::absolute(shot.root);
     warnOfDamage(root);
+    if (!shot.withoutExtension) warnOfStaleLibrary(root);
     const auto host = startHost(shot.kind(), root, shot.withoutExtension);
     showScreen(*host, shot);
     if (shot.rowDetails) std::printf("%s\n", detailsOf(*host, shot).dump(2).c_str());

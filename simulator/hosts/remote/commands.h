@@ -6,15 +6,16 @@
 #include <string>
 #include <vector>
 
+#include "simulator/runtime/result.h"
+
 namespace hosts {
 
-struct CommandResult {
-    NSDictionary* answer = nil;  // +0; nil when it failed
-    NSString* error = nil;       // +0; what went wrong, when it failed
-    bool quit = false;
+struct Reply {
+    NSDictionary* values = nil;  // +0
+    bool quit = false;           // whether the host is to end
 };
 
-// Carries out one command ({"do": name, ...}). Never raises: an exception is answered as an error. Main thread.
-CommandResult carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries);
+// Carries out one command ({"do": name, ...}). Never raises: an exception is a failure. Main thread.
+phone::Result<Reply> carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries);
 
 }  // namespace hosts

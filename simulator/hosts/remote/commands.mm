@@ -19,10 +19,16 @@ namespace {
 constexpr double kPatience = 2;
 
 using Libraries = std::vector<std::string>;
+using CommandResult = phone::Result<Reply>;
 using Handler = CommandResult (*)(NSDictionary*, const Libraries&);
 
-CommandResult done(NSDictionary* answer) { return {answer, nil, false}; }
-CommandResult failed(NSString* error) { return {nil, error, false}; }
+CommandResult done(NSDictionary* values) { return Reply{values, false}; }
+
+// A text that a command held may be no Unicode.
+CommandResult failed(NSString* error) {
+    NSData* utf8 = [error dataUsingEncoding:NSUTF8StringEncoding allowLossyConversion:YES];
+    return phone::failure(std::string(static_cast<const char*>([utf8 bytes]), [utf8 length]));
+}
 
 // nil when it is missing or no text.
 NSString* textOf(NSDictionary* command, NSString* key) {
@@ -133,19 +139,19 @@ CommandResult scroll(NSDictionary* command, const Libraries&) {
     return done(@{@"offset" : [NSNumber numberWithDouble:[table contentOffset].y]});
 }
 
-// Whether the answer tells where pictures come from, which takes a while.
-bool tellsSources(NSDictionary* command) {
+// Whether the reply says where pictures come from, which takes a while.
+bool wantsSources(NSDictionary* command) {
     NSNumber* wanted = numberOf(command, @"sources");
     return wanted == nil || [wanted boolValue];
 }
 
 CommandResult rows(NSDictionary* command, const Libraries&) {
-    return done(@{@"rows" : rowReports(CallBarController(), tellsSources(command))});
+    return done(@{@"rows" : rowReports(CallBarController(), wantsSources(command))});
 }
 
 CommandResult favorites(NSDictionary* command, const Libraries&) {
     [CallBarWindow() layoutIfNeeded];
-    return done(@{@"buttons" : favoriteReports(CallBarController(), tellsSources(command))});
+    return done(@{@"buttons" : favoriteReports(CallBarController(), wantsSources(command))});
 }
 
 CommandResult shot(NSDictionary* command, const Libraries&) {
@@ -167,8 +173,9 @@ CommandResult watch(NSDictionary* command, const Libraries&) {
     if (![out isAbsolutePath])
         return failed(@"watch needs \"out\", the absolute path of the picture to keep up to date");
     if (interval <= 0) return failed(@"watch needs an \"interval\" above 0, in seconds");
-    NSString* problem = screenWatch().start(out, interval);
-    return problem != nil ? failed(problem) : done(@{});
+    return screenWatch().start(out, interval).map([] {
+        return Reply { @{}, false };
+    });
 }
 
 CommandResult toggle(NSDictionary* command, const Libraries&) {
@@ -242,7 +249,7 @@ CommandResult objects(NSDictionary* command, const Libraries&) {
 }
 
 CommandResult quit(NSDictionary*, const Libraries&) {
-    return { @{}, nil, true };
+    return Reply { @{}, true };
 }
 
 const std::map<std::string, Handler>& handlers() {
@@ -255,7 +262,7 @@ const std::map<std::string, Handler>& handlers() {
 
 }  // namespace
 
-CommandResult carryOut(NSDictionary* command, const Libraries& injectedLibraries) {
+phone::Result<Reply> carryOut(NSDictionary* command, const Libraries& injectedLibraries) {
     NSString* name = textOf(command, @"do");
     if (name == nil) return failed(@"a command names what to do: {\"do\": \"info\"}");
     const auto handler = handlers().find([name UTF8String]);

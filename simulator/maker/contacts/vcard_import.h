@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "simulator/maker/common/progress.h"
+#include "simulator/maker/common/result.h"
 #include "simulator/maker/contacts/contact.h"
-#include "simulator/maker/progress.h"
-#include "simulator/maker/result.h"
 
-namespace phone {
+namespace maker {
 
 struct ImportedContacts {
     std::vector<Person> persons;        // in the file's order; photos are not decoded yet
@@ -24,4 +24,4 @@ struct ImportedContacts {
 // Fails, naming file and line, for a file that cannot be read, holds no vCard, or ends within one.
 Result<ImportedContacts> importVCards(const std::filesystem::path& file, const Progress& progress = {});
 
-}  // namespace phone
+}  // namespace maker

@@ -33,14 +33,14 @@ class AddressBookChanges : public test::ExtensionTest {
 
     // Three contacts, modified in the order of the dates given.
     void makeBook(std::initializer_list<double> modified) {
-        auto book = phone::AddressBookBuilder::open(root.path());
+        auto book = maker::AddressBookBuilder::open(root.path());
         for (double date : modified) {
-            phone::Person person;
+            maker::Person person;
             person.first = "Somebody";
             person.modified = date;
             contacts_.push_back(book->addPerson(person).value());
         }
-        ASSERT_TRUE(book->finish().ok());
+        ASSERT_TRUE(book->finish());
     }
 
     void start(const char* bundleIdentifier = "com.apple.springboard") {

@@ -27,14 +27,14 @@ class Preload : public test::ExtensionTest {
   protected:
     // Contacts 1, 2, 3... with these thumbnails; a contact without bytes gets no thumbnail.
     void addThumbnails(const std::vector<std::optional<std::string>>& thumbnails) {
-        phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root.path()).value();
+        maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root.path()).value();
         for (const std::optional<std::string>& bytes : thumbnails) {
-            phone::Person person;
+            maker::Person person;
             person.first = "Anna";
             const int contact = book.addPerson(person).value();
-            if (bytes) EXPECT_EQ(book.setThumbnail(contact, *bytes).text(), "");
+            if (bytes) EXPECT_EQ(phone::problemOf(book.setThumbnail(contact, *bytes)), "");
         }
-        EXPECT_EQ(book.finish().text(), "");
+        EXPECT_EQ(phone::problemOf(book.finish()), "");
     }
     void execute(const char* sql) {
         sqlite3* database = nullptr;
@@ -119,12 +119,12 @@ TEST_F(Preload, StartsAgainFromAnEmptyCache) {
 TEST_F(Preload, LeavesTheContactIDMemoAlone) {
     addThumbnails({std::nullopt});
     {
-        phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root.path()).value();
-        phone::Person person;
+        maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root.path()).value();
+        maker::Person person;
         person.first = "Bob";
         person.emails.push_back({"bob@example.com", ""});
         EXPECT_EQ(book.addPerson(person).value(), 2);
-        EXPECT_EQ(book.finish().text(), "");
+        EXPECT_EQ(phone::problemOf(book.finish()), "");
     }
     boot();
     EXPECT_EQ([Utils getContactID:@"bob@example.com"], 2);
@@ -151,10 +151,10 @@ TEST_F(Preload, StoresATransparentPictureForWhatCannotBeDecoded) {
 TEST_F(Preload, LeavesOutOtherFormatsAndMissingData) {
     addThumbnails({std::nullopt, std::nullopt});
     {
-        phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root.path()).value();
-        EXPECT_EQ(book.setThumbnail(1, test::bmp(2, 2, test::kRed), 5).text(), "");
-        EXPECT_EQ(book.setNullThumbnail(2).text(), "");
-        EXPECT_EQ(book.finish().text(), "");
+        maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root.path()).value();
+        EXPECT_EQ(phone::problemOf(book.setThumbnail(1, test::bmp(2, 2, test::kRed), 5)), "");
+        EXPECT_EQ(phone::problemOf(book.setNullThumbnail(2)), "");
+        EXPECT_EQ(phone::problemOf(book.finish()), "");
     }
     boot();
     [Utils prepareImageCache];
@@ -230,16 +230,16 @@ id refuseDataOnce(id receiver, SEL command, const void* bytes, NSUInteger length
 }
 
 TEST_F(Preload, StoresNothingForBytesThatCannotBeTakenOutWhenALinkedContactHasAPhoto) {
-    phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root.path()).value();
+    maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root.path()).value();
     std::vector<int> linked;
     for (const char* name : {"Anna", "Anne"}) {
-        phone::Person person;
+        maker::Person person;
         person.first = name;
         linked.push_back(book.addPerson(person).value());
-        EXPECT_EQ(book.setThumbnail(linked.back(), test::bmp(2, 2, test::kRed)).text(), "");
+        EXPECT_EQ(phone::problemOf(book.setThumbnail(linked.back(), test::bmp(2, 2, test::kRed))), "");
     }
-    EXPECT_EQ(book.link(linked).text(), "");
-    EXPECT_EQ(book.finish().text(), "");
+    EXPECT_EQ(phone::problemOf(book.link(linked)), "");
+    EXPECT_EQ(phone::problemOf(book.finish()), "");
     boot();
     Method method = class_getClassMethod([NSData class], @selector(dataWithBytes:length:));
     platformData = method_setImplementation(method, reinterpret_cast<IMP>(refuseDataOnce));

@@ -147,7 +147,7 @@ TEST_F(InitialsFromDatabase, CombineFirstAndLastName) {
 }
 
 TEST_F(InitialsFromDatabase, AreNilWithoutNames) {
-    phone::Person company;
+    maker::Person company;
     company.organization = "Company";
     const int absent = add(company);
     const int empty = addNamed("", "");

@@ -46,9 +46,9 @@ class Variants : public test::ContactsTest {
         return contact;
     }
     void setFullSize(int contact, test::Rgb color) {
-        phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root.path()).value();
-        EXPECT_EQ(book.setFullSizeImage(contact, test::bmp(32, 32, color)).text(), "");
-        EXPECT_EQ(book.finish().text(), "");
+        maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root.path()).value();
+        EXPECT_EQ(phone::problemOf(book.setFullSizeImage(contact, test::bmp(32, 32, color))), "");
+        EXPECT_EQ(phone::problemOf(book.finish()), "");
     }
     static InterfacePerson* person(int contact, NSArray* linked = nil) {
         return [InterfacePerson personWithID:contact linkedTo:linked];

@@ -76,11 +76,11 @@ class LiveChanges : public test::ExtensionTest {
     }
 
     void start(const char* bundleIdentifier = "com.apple.springboard") {
-        auto book = phone::AddressBookBuilder::open(root.path());
-        phone::Person ann;
+        auto book = maker::AddressBookBuilder::open(root.path());
+        maker::Person ann;
         ann.first = "Ann";
-        ASSERT_TRUE(book->addPerson(ann).ok());
-        ASSERT_TRUE(book->finish().ok());
+        ASSERT_TRUE(book->addPerson(ann));
+        ASSERT_TRUE(book->finish());
         events = [[NSMutableString alloc] init];
         boot(bundleIdentifier);
         witness_ = [[RedrawWitness alloc] init];

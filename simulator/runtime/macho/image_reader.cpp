@@ -1,11 +1,10 @@
-#include "simulator/runtime/macho/image.h"
+#include "simulator/runtime/macho/image_reader.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "simulator/runtime/macho/bytes.h"
+#include "simulator/runtime/macho/fixups.h"
 #include "simulator/runtime/macho/format.h"
-#include "simulator/runtime/macho/opcodes.h"
 
 namespace phone::macho {
 namespace {
@@ -64,9 +63,9 @@ class ImageReader {
         if (!fixups_) throw Malformed("has no fix-up codes, which libraries for systems before 13.4 have");
         readRebases(part(fixups_->rebaseOffset, fixups_->rebaseSize, "the rebase codes"), image_);
         const DyldInfoCommand& info = *fixups_;
-        readBinds(part(info.bindOffset, info.bindSize, "the bind codes"), BindKind::eager, image_);
-        readBinds(part(info.lazyBindOffset, info.lazyBindSize, "the lazy bind codes"), BindKind::lazy, image_);
-        readBinds(part(info.weakBindOffset, info.weakBindSize, "the weak bind codes"), BindKind::weak, image_);
+        readBinds(part(info.bindOffset, info.bindSize, "the bind codes"), Binding::eager, image_);
+        readBinds(part(info.lazyBindOffset, info.lazyBindSize, "the lazy bind codes"), Binding::lazy, image_);
+        readBinds(part(info.weakBindOffset, info.weakBindSize, "the weak bind codes"), Binding::weak, image_);
         readExports(part(info.exportOffset, info.exportSize, "the exports"), image_);
         placeExports();
     }
@@ -189,19 +188,13 @@ class ImageReader {
 
 }  // namespace
 
-const Segment* Image::segmentOf(std::uint64_t address, std::uint64_t size) const {
-    auto found = std::find_if(segments.begin(), segments.end(),
-                              [&](const Segment& segment) { return segment.contains(address, size); });
-    return found != segments.end() ? &*found : nullptr;
-}
-
-std::string readImage(Bytes file, Image& image) {
+Result<Image> readImage(Bytes file) {
     try {
-        image = {};
+        Image image;
         ImageReader(sliceForThisProcessor(file), image).read();
-        return "";
+        return image;
     } catch (const Malformed& problem) {
-        return problem.what();
+        return failure(problem.what());
     }
 }
 

@@ -13,8 +13,8 @@ struct Member {
 };
 
 // One member for each contact, but one only for all that are linked into one person (the preferred one, else the lowest
-// ID), in the database's order. A database that cannot be read answers false and tells why in `error`. Any thread of a
-// booted process.
+// ID), in the database's order. A database that cannot be read returns false with the reason in `error`. Any thread of
+// a booted process.
 bool readMembers(std::vector<Member>& members, std::string& error);
 
 }  // namespace contacts_ui

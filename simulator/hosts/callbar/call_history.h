@@ -19,7 +19,7 @@ struct CallRow {
     bool missed() const { return !outgoing() && duration == 0; }
 };
 
-// All calls, the latest first. A database that cannot be read answers false and tells why in `error`; `calls` then
+// All calls, the latest first. A database that cannot be read returns false with the reason in `error`; `calls` then
 // holds what could be read. Any thread of a booted process.
 bool readCallHistory(std::vector<CallRow>& calls, std::string& error);
 

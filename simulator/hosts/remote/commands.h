@@ -6,13 +6,9 @@
 #include <string>
 #include <vector>
 
-namespace hosts {
+#import "simulator/hosts/remote/command_result.h"
 
-struct CommandResult {
-    NSDictionary* answer = nil;  // +0; nil when it failed
-    NSString* error = nil;       // +0; what went wrong, when it failed
-    bool quit = false;
-};
+namespace hosts {
 
 // Carries out one command ({"do": name, ...}). Never raises: an exception is answered as an error. Main thread.
 CommandResult carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries);

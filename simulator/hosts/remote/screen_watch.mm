@@ -4,7 +4,8 @@
 #include <optional>
 
 #include "simulator/frameworks/uikit/graphics/pixels.h"
-#import "simulator/hosts/callbar/CallBarScreen.h"
+#import "simulator/frameworks/uikit/uikit.h"
+#import "simulator/hosts/remote/screen_window.h"
 #include "simulator/runtime/process/pending_work.h"
 
 namespace hosts {
@@ -24,7 +25,7 @@ NSString* writePicture(UIImage* picture, NSString* out) {
 }  // namespace
 
 NSString* ScreenWatch::start(NSString* out, double interval) {
-    UIImage* picture = UISnapshotOfView(CallBarWindow());
+    UIImage* picture = UISnapshotOfView(screenWindow());
     if (NSString* problem = writePicture(picture, out)) return problem;
     [out_ release];
     out_ = [out copy];
@@ -52,7 +53,7 @@ NSDictionary* ScreenWatch::turnEnded() {
     if (time < lastLook_ + interval_) return nil;
     lookWanted_ = 0;
     lastLook_ = time;
-    UIImage* picture = UISnapshotOfView(CallBarWindow());
+    UIImage* picture = UISnapshotOfView(screenWindow());
     Pixels pixels = pixelsOf(picture);
     if (pixels.rgba == shown_.rgba) return nil;
     shown_ = std::move(pixels);

@@ -12,4 +12,6 @@ bool rightToLeft() { return phone::device().rightToLeft; }
 
 bool mirrorsViews() { return rightToLeft() && systemMajorVersion() >= 9; }
 
+double rowInset() { return phone::device().width >= 414 ? 20 : 15; }
+
 }  // namespace uikit

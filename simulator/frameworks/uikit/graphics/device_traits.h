@@ -12,4 +12,7 @@ bool rightToLeft();
 // Whether views are mirrored: before system 9 UIKit mirrored none, from 9 on it mirrors all that reads from the right.
 bool mirrorsViews();
 
+// Points between the edge and the contents of a row: wider phones keep more.
+double rowInset();
+
 }  // namespace uikit

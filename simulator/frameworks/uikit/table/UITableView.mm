@@ -1,5 +1,4 @@
 #include "simulator/frameworks/uikit/table/UITableView.h"
-#include "simulator/frameworks/uikit/graphics/device_traits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,10 +6,10 @@
 #include "simulator/frameworks/uikit/graphics/UIColor.h"
 #include "simulator/frameworks/uikit/graphics/UIGraphics.h"
 #include "simulator/frameworks/uikit/graphics/UIScreen.h"
+#include "simulator/frameworks/uikit/graphics/device_traits.h"
 #include "simulator/frameworks/uikit/table/UITableViewInternals.h"
 #include "simulator/frameworks/uikit/table/UITableViewParts.h"
 #include "simulator/frameworks/uikit/view/UIResponder+Private.h"
-#include "simulator/runtime/process/device.h"
 
 @interface UITableView (UITableViewInternals) <UITableViewInternals>
 @end
@@ -55,7 +54,7 @@ BOOL wrapsCells() {
         _sectionHeaderHeight = style == UITableViewStyleGrouped ? 38 : uikit::systemMajorVersion() >= 8 ? 28 : 22;
         _separatorStyle = UITableViewCellSeparatorStyleSingleLine;
         _separatorColor = [[UIColor colorWithRed:0.783 green:0.78 blue:0.8 alpha:1] retain];
-        _separatorInset = UIEdgeInsetsMake(0, phone::device().width >= 414 ? 20 : 15, 0, 0);
+        _separatorInset = UIEdgeInsetsMake(0, uikit::rowInset(), 0, 0);
         _needsReload = YES;
         const BOOL grouped = style == UITableViewStyleGrouped;
         [self setBackgroundColor:grouped ? [UIColor colorWithRed:0.937 green:0.937 blue:0.957 alpha:1]

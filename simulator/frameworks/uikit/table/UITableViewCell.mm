@@ -6,12 +6,8 @@
 #include "simulator/frameworks/uikit/view/UIImageView.h"
 #include "simulator/frameworks/uikit/view/UILabel.h"
 #include "simulator/frameworks/uikit/view/UIResponder+Private.h"
-#include "simulator/runtime/process/device.h"
 
 namespace {
-
-// Wider phones keep contents farther from the edge.
-CGFloat firstInset() { return phone::device().width >= 414 ? 20 : 15; }
 
 struct LabelLook {
     CGFloat textSize, detailSize;
@@ -61,7 +57,7 @@ LabelLook lookOf(UITableViewCellStyle style) {
         _style = style;
         _reuseIdentifier = [reuseIdentifier copy];
         _selectionStyle = UITableViewCellSelectionStyleDefault;
-        _separatorInset = UIEdgeInsetsMake(0, firstInset(), 0, 0);
+        _separatorInset = UIEdgeInsetsMake(0, uikit::rowInset(), 0, 0);
         _contentView = [[UITableViewCellContentView alloc] initWithFrame:[self bounds]];
         if (uikit::systemMajorVersion() == 7) {
             _scrollView = [[UITableViewCellScrollView alloc] initWithFrame:[self bounds]];

@@ -23,7 +23,7 @@ namespace {
 __CFNotificationCenter darwinCenter;
 
 struct Registration {
-    long number;  // tells two equal registrations apart
+    long number;  // distinguishes equal registrations
     phone::DarwinObserver observer;
 };
 
@@ -168,7 +168,7 @@ void CFNotificationCenterRemoveEveryObserver(CFNotificationCenterRef ref, const 
 }
 
 void CFNotificationCenterPostNotification(CFNotificationCenterRef ref, CFStringRef name, const void*, CFDictionaryRef,
-                                          bool) {
+                                          Boolean) {
     requireDarwin(ref);
     const phone::Status posted = phone::postNotification(phone::root(), [name UTF8String] ?: "");
     if (!posted) fprintf(stderr, "Darwin notify centre: %s\n", posted.error().message.c_str());

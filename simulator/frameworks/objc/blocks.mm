@@ -49,7 +49,7 @@ void retainBlock(Block* block) {
                                           __ATOMIC_RELAXED));
 }
 
-// Answers whether this was the last reference.
+// Returns whether this was the last reference.
 bool releaseBlock(Block* block) {
     int flags = __atomic_load_n(&block->flags, __ATOMIC_RELAXED);
     do {

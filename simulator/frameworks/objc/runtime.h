@@ -6,9 +6,11 @@
 #include <objc/runtime.h>
 #include <stdint.h>
 
+#ifdef __cplusplus
 extern "C" {
+#endif
 
-// Sends a message. Call it cast to the method's exact type. A message to nil answers zero, in every kind of result
+// Sends a message. Call it cast to the method's exact type. A message to nil returns zero, in every kind of result
 // register.
 void objc_msgSend(void);
 // The same for methods that return a structure in memory, where the calling convention passes its address first
@@ -20,7 +22,7 @@ id objc_autorelease(id object);
 void* objc_autoreleasePoolPush(void);
 void objc_autoreleasePoolPop(void* pool);
 
-using objc_AssociationPolicy = uintptr_t;
+typedef uintptr_t objc_AssociationPolicy;
 enum : objc_AssociationPolicy {
     OBJC_ASSOCIATION_ASSIGN = 0,
     OBJC_ASSOCIATION_RETAIN_NONATOMIC = 1,
@@ -41,9 +43,12 @@ id objc_loadWeakRetained(id* slot);
 void objc_moveWeak(id* to, id* from);
 void objc_destroyWeak(id* slot);
 
-// Blocks, per the public Block ABI. `_Block_copy`, which answers a heap block owned by the caller (+1), and
+// Blocks, per the public Block ABI. `_Block_copy`, which returns a heap block owned by the caller (+1), and
 // `_Block_release` are declared by Foundation and defined here.
 extern void* _NSConcreteStackBlock[];
 extern void* _NSConcreteMallocBlock[];
 extern void* _NSConcreteGlobalBlock[];
+
+#ifdef __cplusplus
 }
+#endif

@@ -12,7 +12,7 @@ constexpr const char* kCallsWithNames =
 // The history of older phones keeps no names.
 constexpr const char* kCallsWithoutNames =
     "SELECT ROWID, address, date, duration, flags, id, NULL FROM call ORDER BY date DESC, ROWID DESC";
-// Numbers of one contact are told apart by their last digits, however they are spelt.
+// Numbers of one contact are distinguished by their last digits, however they are spelt.
 constexpr std::size_t kTellingDigits = 7;
 
 std::string textOf(const phone::Row& row, int column) { return row.text(column).value_or(""); }

@@ -6,16 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "simulator/runtime/result.h"
+#import "simulator/hosts/remote/command_result.h"
 
 namespace hosts {
 
-struct Reply {
-    NSDictionary* values = nil;  // +0
-    bool quit = false;           // whether the host is to end
-};
-
 // Carries out one command ({"do": name, ...}). Never raises: an exception is a failure. Main thread.
-phone::Result<Reply> carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries);
+CommandResult carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries);
 
 }  // namespace hosts

@@ -1,46 +1,17 @@
 #import "simulator/hosts/remote/commands.h"
 
-#include <map>
-
 #import "simulator/hosts/callbar/CallBarABViewController.h"
 #import "simulator/hosts/callbar/CallBarScreen.h"
 #import "simulator/hosts/remote/row_report.h"
-#import "simulator/hosts/remote/screen_watch.h"
-#include "simulator/runtime/process/pending_work.h"
+#import "simulator/hosts/remote/screen_window.h"
+#import "simulator/hosts/remote/window_commands.h"
 #include "simulator/runtime/process/process.h"
-
-// Declared by Foundation in debug builds alone, but always there.
-extern "C" int GSDebugAllocationCount(Class cls);  // NOLINT(readability-redundant-declaration)
 
 namespace hosts {
 namespace {
 
 // How long a person looks at a list before going to the next, in seconds, if its pictures are still coming.
 constexpr double kPatience = 2;
-
-using Libraries = std::vector<std::string>;
-using CommandResult = phone::Result<Reply>;
-using Handler = CommandResult (*)(NSDictionary*, const Libraries&);
-
-CommandResult done(NSDictionary* values) { return Reply{values, false}; }
-
-// A text that a command held may be no Unicode.
-CommandResult failed(NSString* error) {
-    NSData* utf8 = [error dataUsingEncoding:NSUTF8StringEncoding allowLossyConversion:YES];
-    return phone::failure(std::string(static_cast<const char*>([utf8 bytes]), [utf8 length]));
-}
-
-// nil when it is missing or no text.
-NSString* textOf(NSDictionary* command, NSString* key) {
-    id value = [command objectForKey:key];
-    return [value isKindOfClass:[NSString class]] ? value : nil;
-}
-
-// nil when it is missing or no number.
-NSNumber* numberOf(NSDictionary* command, NSString* key) {
-    id value = [command objectForKey:key];
-    return [value isKindOfClass:[NSNumber class]] ? value : nil;
-}
 
 UITableView* shownTable() {
     CallBarControllerModern* controller = CallBarController();
@@ -84,17 +55,6 @@ CommandResult show(NSDictionary* command, const Libraries&) {
     [[controller shownController] setEditing:[numberOf(command, @"editing") boolValue] animated:NO];
     [controller updateTitle];
     [shownTable() setContentOffset:CGPointMake(0, 0)];
-    [CallBarWindow() layoutIfNeeded];
-    return done(@{});
-}
-
-CommandResult settle(NSDictionary* command, const Libraries&) {
-    const double timeout = [numberOf(command, @"timeout") doubleValue];
-    if (timeout <= 0) return failed(@"settle needs a \"timeout\" above 0, in seconds");
-    if (!phone::settle(timeout)) {
-        return failed([NSString
-            stringWithFormat:@"still waiting after %g s for %ld pieces of queued work", timeout, phone::pendingWork()]);
-    }
     [CallBarWindow() layoutIfNeeded];
     return done(@{});
 }
@@ -154,30 +114,6 @@ CommandResult favorites(NSDictionary* command, const Libraries&) {
     return done(@{@"buttons" : favoriteReports(CallBarController(), wantsSources(command))});
 }
 
-CommandResult shot(NSDictionary* command, const Libraries&) {
-    NSString* out = textOf(command, @"out");
-    if (![out isAbsolutePath]) return failed(@"shot needs \"out\", the absolute path of the picture to write");
-    NSError* problem = nil;
-    if (!UIWriteSnapshotOfView(CallBarWindow(), out, &problem)) return failed([problem localizedDescription]);
-    const CGSize size = [CallBarWindow() bounds].size;
-    const CGFloat scale = [[UIScreen mainScreen] scale];
-    return done(@{
-        @"width" : [NSNumber numberWithDouble:size.width * scale],
-        @"height" : [NSNumber numberWithDouble:size.height * scale]
-    });
-}
-
-CommandResult watch(NSDictionary* command, const Libraries&) {
-    NSString* out = textOf(command, @"out");
-    const double interval = [numberOf(command, @"interval") doubleValue];
-    if (![out isAbsolutePath])
-        return failed(@"watch needs \"out\", the absolute path of the picture to keep up to date");
-    if (interval <= 0) return failed(@"watch needs an \"interval\" above 0, in seconds");
-    return screenWatch().start(out, interval).map([] {
-        return Reply { @{}, false };
-    });
-}
-
 CommandResult toggle(NSDictionary* command, const Libraries&) {
     CallBarControllerModern* controller = CallBarController();
     NSDictionary* buttons = @{
@@ -227,51 +163,24 @@ CommandResult monogram(NSDictionary* command, const Libraries&) {
     });
 }
 
-CommandResult info(NSDictionary*, const Libraries& libraries) {
-    NSMutableArray* paths = [NSMutableArray array];
-    for (const std::string& path : libraries) [paths addObject:[NSString stringWithUTF8String:path.c_str()]];
-    NSString* identifier = [[NSBundle mainBundle] bundleIdentifier];
-    return done(@{
-        @"bundleIdentifier" : identifier != nil ? (id)identifier : (id)[NSNull null],
-        @"libraries" : paths,
-        @"windows" : [NSNumber numberWithUnsignedInteger:[[[UIApplication sharedApplication] windows] count]],
-        @"pendingWork" : [NSNumber numberWithLong:phone::pendingWork()]
-    });
-}
-
-CommandResult objects(NSDictionary* command, const Libraries&) {
-    NSMutableDictionary* counts = [NSMutableDictionary dictionary];
-    for (NSString* name in [command objectForKey:@"classes"]) {
-        const int count = GSDebugAllocationCount(NSClassFromString(name));
-        [counts setObject:[NSNumber numberWithInt:count] forKey:name];
-    }
-    return done(@{@"counts" : counts});
-}
-
-CommandResult quit(NSDictionary*, const Libraries&) {
-    return Reply { @{}, true };
-}
-
-const std::map<std::string, Handler>& handlers() {
-    static const std::map<std::string, Handler> table{
-        {"show", show}, {"settle", settle},       {"layout", layout}, {"reload", reload}, {"scroll", scroll},
-        {"rows", rows}, {"favorites", favorites}, {"shot", shot},     {"toggle", toggle}, {"monogram", monogram},
-        {"info", info}, {"objects", objects},     {"watch", watch},   {"quit", quit}};
+const Handlers& handlers() {
+    static const Handlers table = withWindowHandlers({{"show", show},
+                                                      {"layout", layout},
+                                                      {"reload", reload},
+                                                      {"scroll", scroll},
+                                                      {"rows", rows},
+                                                      {"favorites", favorites},
+                                                      {"toggle", toggle},
+                                                      {"monogram", monogram}});
     return table;
 }
 
 }  // namespace
 
-phone::Result<Reply> carryOut(NSDictionary* command, const Libraries& injectedLibraries) {
-    NSString* name = textOf(command, @"do");
-    if (name == nil) return failed(@"a command names what to do: {\"do\": \"info\"}");
-    const auto handler = handlers().find([name UTF8String]);
-    if (handler == handlers().end()) return failed([NSString stringWithFormat:@"no command \"%@\"", name]);
-    @try {
-        return handler->second(command, injectedLibraries);
-    } @catch (NSException* exception) {
-        return failed([NSString stringWithFormat:@"%@: %@", [exception name], [exception reason]]);
-    }
+UIWindow* screenWindow() { return CallBarWindow(); }
+
+CommandResult carryOut(NSDictionary* command, const Libraries& injectedLibraries) {
+    return carryOutBy(handlers(), command, injectedLibraries);
 }
 
 }  // namespace hosts

@@ -137,8 +137,7 @@ id wellFormedJson(id value) {
     NSError* problem = nil;
     NSDictionary* command = [NSJSONSerialization JSONObjectWithData:line options:0 error:&problem];
     NSMutableDictionary* values = [NSMutableDictionary dictionary];
-    phone::Result<hosts::Reply> reply =
-        phone::failure("a command is one JSON object on one line, such as {\"do\": \"info\"}");
+    hosts::CommandResult reply = phone::failure("a command is one JSON object on one line, such as {\"do\": \"info\"}");
     if ([command isKindOfClass:[NSDictionary class]]) {
         reply = hosts::carryOut(command, *_injected);
         if ([command objectForKey:@"id"] != nil) [values setObject:[command objectForKey:@"id"] forKey:@"id"];

@@ -4,7 +4,8 @@
 #include <optional>
 
 #include "simulator/frameworks/uikit/graphics/pixels.h"
-#import "simulator/hosts/callbar/CallBarScreen.h"
+#import "simulator/frameworks/uikit/uikit.h"
+#import "simulator/hosts/remote/screen_window.h"
 #include "simulator/runtime/process/pending_work.h"
 
 namespace hosts {
@@ -25,7 +26,7 @@ phone::Status writePicture(UIImage* picture, NSString* out) {
 }  // namespace
 
 phone::Status ScreenWatch::start(NSString* out, double interval) {
-    UIImage* picture = UISnapshotOfView(CallBarWindow());
+    UIImage* picture = UISnapshotOfView(screenWindow());
     return writePicture(picture, out).map([&] {
         [out_ release];
         out_ = [out copy];
@@ -53,7 +54,7 @@ NSDictionary* ScreenWatch::turnEnded() {
     if (time < lastLook_ + interval_) return nil;
     lookWanted_ = 0;
     lastLook_ = time;
-    UIImage* picture = UISnapshotOfView(CallBarWindow());
+    UIImage* picture = UISnapshotOfView(screenWindow());
     Pixels pixels = pixelsOf(picture);
     if (pixels.rgba == shown_.rgba) return nil;
     shown_ = std::move(pixels);

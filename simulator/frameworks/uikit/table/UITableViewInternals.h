@@ -1,10 +1,13 @@
-// The parts of a table that its files share.
+// What the files that implement a table ask of one another. Each adopts the protocol for UITableView in a category.
 #pragma once
 
-#include "simulator/frameworks/uikit/table/UITableView.h"
+#import <Foundation/Foundation.h>
+
 #include "simulator/frameworks/uikit/table/UITableViewRowMap.h"
 
-@interface UITableView (UITableViewParts)
+@class UITableViewCell;
+
+@protocol UITableViewInternals
 
 // The rows, asked of the data source again when stale.
 - (UITableViewRowMap&)_rowMap;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace tool {
 namespace {
@@ -52,7 +53,7 @@ Given sortOut(const Options& options, const std::vector<std::string>& words) {
 
 class Candidates {
   public:
-    explicit Candidates(const std::string& begin) : begin_(begin) {}
+    explicit Candidates(std::string begin) : begin_(std::move(begin)) {}
 
     void add(const std::string& word, const std::string& description = "") {
         if (word.rfind(begin_, 0) != 0) return;

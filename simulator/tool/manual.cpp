@@ -72,7 +72,7 @@ std::string synopsisOf(const std::string& program, const CLI::App& verb) {
 }  // namespace
 
 std::string manual(const CLI::App& app, const std::string& version) {
-    const std::string program = app.get_name();
+    const std::string& program = app.get_name();
     const auto verbs = app.get_subcommands([](const CLI::App*) { return true; });
     std::string page = ".TH PHONESIM 1 \"\" \"" + escaped(version) + "\" \"User Commands\"\n";
     page += ".SH NAME\n" + program + " \\- stand\\-in phones\n.SH SYNOPSIS\n.nf\n";

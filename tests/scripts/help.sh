@@ -11,8 +11,8 @@ for script in "$1"/*; do
         echo "$name --help failed" >&2
         exit 1
     }
-    [[ "$help" == "usage: script/$name"* ]] || {
-        echo "$name --help does not begin with its usage: $help" >&2
+    [[ "$help" == *"script/$name"* || "$help" == "usage: $name "* ]] || {
+        echo "$name --help does not say how it is used: $help" >&2
         exit 1
     }
     [ "$(wc -l <<<"$help")" -gt 2 ] || {

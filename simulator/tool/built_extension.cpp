@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "simulator/maker/common/read_file.h"
+#include "simulator/tool/places.h"
 
 namespace tool {
 namespace {
@@ -28,7 +29,10 @@ bool areAlike(const fs::path& file, const fs::path& other) {
 
 }  // namespace
 
-maker::Extension builtExtension() { return {ZELKA_LIBRARY, ZELKA_FILTER, ZELKA_BUNDLE}; }
+maker::Extension builtExtension() {
+    const Places found = places();
+    return {found.library, found.filter, found.settingsBundle};
+}
 
 void warnOfStaleLibrary(const fs::path& root) {
     const fs::path library = maker::libraryPath(root);

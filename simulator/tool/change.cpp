@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "simulator/runtime/notifications/notification_log.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/settings_file.h"
 #include "simulator/tool/verbs.h"
 
@@ -28,6 +29,12 @@ std::string keyList() {
     return list;
 }
 
+std::vector<std::string> keys() {
+    std::vector<std::string> list;
+    for (const Switch& known : kSwitches) list.emplace_back(known.key);
+    return list;
+}
+
 const Switch& findSwitch(const std::string& key) {
     for (const Switch& known : kSwitches) {
         if (key == known.key) return known;
@@ -44,8 +51,8 @@ struct Change {
 void addSet(CLI::App& app) {
     auto change = std::make_shared<Change>();
     CLI::App* verb = app.add_subcommand("set", "Flip a setting, as the phone's settings would: write it, then post it");
-    verb->add_option("ROOT", change->root, "The phone")->required();
-    verb->add_option("KEY", change->key, "The setting, see below")->required();
+    verb->add_option("ROOT", change->root, "The phone")->required()->type_name(kDirectory);
+    verb->add_option("KEY", change->key, "The setting, see below")->required()->check(offered(keys()));
     verb->add_option("STATE", change->state, "on or off")->required()->check(CLI::IsMember({"on", "off"}));
     verb->footer("Settings:" + keyList() + "\n\nExample:\n  phonesim set phone ZelkaCBEnabledRoundedPictures off");
     verb->callback([change] {
@@ -61,7 +68,7 @@ void addSet(CLI::App& app) {
 void addNotify(CLI::App& app) {
     auto change = std::make_shared<Change>();
     CLI::App* verb = app.add_subcommand("notify", "Post a Darwin notification to the processes of a phone");
-    verb->add_option("ROOT", change->root, "The phone")->required();
+    verb->add_option("ROOT", change->root, "The phone")->required()->type_name(kDirectory);
     verb->add_option("NAME", change->name, "The notification's name")->required();
     verb->footer("Example:\n  phonesim notify phone com.norvex.ZelkaCBEnabledNotification");
     verb->callback([change] {

@@ -11,6 +11,7 @@
 #include "simulator/maker/database/database.h"
 #include "simulator/maker/database/schema.h"
 #include "simulator/runtime/notifications/notification_log.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {
@@ -103,9 +104,9 @@ void run(const Edit& edit) {
 void addEdit(CLI::App& app) {
     auto edit = std::make_shared<Edit>();
     CLI::App* verb = app.add_subcommand("edit", "Change a contact, as another program on the phone would");
-    verb->add_option("ROOT", edit->root, "The phone")->required();
+    verb->add_option("ROOT", edit->root, "The phone")->required()->type_name(kDirectory);
     verb->add_option("CONTACT", edit->contact, "The contact's ID, or its name: \"First Last\"")->required();
-    auto* photo = verb->add_option("--photo", edit->photo, "Give it this picture");
+    auto* photo = verb->add_option("--photo", edit->photo, "Give it this picture")->type_name(kFile);
     auto* noPhoto = verb->add_flag("--no-photo", edit->noPhoto, "Take its picture away");
     auto* first = verb->add_option("--first", edit->first, "Its new first name");
     auto* last = verb->add_option("--last", edit->last, "Its new last name");

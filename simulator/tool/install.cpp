@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "simulator/tool/built_extension.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {
@@ -30,9 +31,10 @@ void run(const Install& install) {
 void addInstall(CLI::App& app) {
     auto install = std::make_shared<Install>();
     CLI::App* verb = app.add_subcommand("install", "Put the extension on a phone, in place of an earlier one");
-    verb->add_option("ROOT", install->root, "The phone")->required();
+    verb->add_option("ROOT", install->root, "The phone")->required()->type_name(kDirectory);
     verb->add_option("--library", install->library,
-                     "The extension library to install, also one in the phone's own format (default: the built one)");
+                     "The extension library to install, also one in the phone's own format (default: the built one)")
+        ->type_name(kFile);
     verb->footer(
         "Copies the library, its filter and the preference bundle; a host that runs goes on with what it has loaded.\n"
         "\nExample:\n"

@@ -9,6 +9,7 @@
 #include "simulator/maker/make_root.h"
 #include "simulator/runtime/process/device_profiles.h"
 #include "simulator/tool/built_extension.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/run_lock.h"
 #include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"
@@ -23,6 +24,12 @@ std::string profileList() {
                 std::string(profile.title) + "\n";
     }
     return list;
+}
+
+std::vector<std::string> profileNames() {
+    std::vector<std::string> names;
+    for (const phone::DeviceProfile& profile : phone::deviceProfiles()) names.emplace_back(profile.id);
+    return names;
 }
 
 // One line that counts on a terminal, a line a step elsewhere. Work of less than a thousand is not worth a word.
@@ -55,17 +62,22 @@ void addNew(CLI::App& app) {
     auto options = std::make_shared<maker::RootOptions>();
     auto library = std::make_shared<std::filesystem::path>();
     CLI::App* verb = app.add_subcommand("new", "Make a phone: a directory shaped like a phone's file system");
-    verb->add_option("ROOT", options->root, "The directory to make; it must not exist, or be empty")->required();
-    auto* contacts = verb->add_option("--contacts", options->contacts, "Contacts from a vCard file");
+    verb->add_option("ROOT", options->root, "The directory to make; it must not exist, or be empty")
+        ->required()
+        ->type_name(kDirectory);
+    auto* contacts = verb->add_option("--contacts", options->contacts, "Contacts from a vCard file")->type_name(kFile);
     auto* count = verb->add_option("--contacts-count", options->contactsCount, "That many made-up contacts")
                       ->check(CLI::Range(1, 1000000));
-    auto* book = verb->add_option("--address-book", options->addressBook, "AddressBook.sqlitedb of a real phone");
-    auto* images = verb->add_option("--images", options->images, "AddressBookImages.sqlitedb of the same phone");
+    auto* book = verb->add_option("--address-book", options->addressBook, "AddressBook.sqlitedb of a real phone")
+                     ->type_name(kFile);
+    auto* images =
+        verb->add_option("--images", options->images, "AddressBookImages.sqlitedb of the same phone")->type_name(kFile);
     contacts->excludes(count)->excludes(book);
     count->excludes(book);
     images->needs(book);
     verb->add_option("--calls", options->calls,
-                     "Calls from a text file (.csv, .txt), or call_history.db of a real phone; made up if left out");
+                     "Calls from a text file (.csv, .txt), or call_history.db of a real phone; made up if left out")
+        ->type_name(kFile);
     verb->add_option_function<std::string>(
         "--now",
         [options](const std::string& text) {
@@ -75,11 +87,13 @@ void addNew(CLI::App& app) {
         },
         "The date and time (UTC) for which the calls are made; the present if left out");
     verb->add_flag("--no-calls", options->noCalls, "Leave the call history empty if --calls is left out");
-    verb->add_option("--device", options->device, "Device profile, see below (default: iphone6-8.4)");
+    verb->add_option("--device", options->device, "Device profile, see below (default: iphone6-8.4)")
+        ->check(offered(profileNames()));
     verb->add_option("--region", options->region, "Country of numbers without country code (default: US)");
     verb->add_flag("--right-to-left,--rtl", options->rightToLeft, "Lay the interface out from right to left");
     verb->add_option("--library", *library,
-                     "The extension library to install, also one in the phone's own format (default: the built one)");
+                     "The extension library to install, also one in the phone's own format (default: the built one)")
+        ->type_name(kFile);
     verb->add_flag("--force", options->force, "Replace a phone that is already there");
     verb->footer(profileList() +
                  "\nCalls in a text file, one a line: when, number, incoming|outgoing|missed[, seconds[, unlinked]]\n"

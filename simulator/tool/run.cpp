@@ -12,6 +12,7 @@
 #include "simulator/hosts/remote/host_process.h"
 #include "simulator/runtime/notifications/notification_watcher.h"
 #include "simulator/tool/built_extension.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/host_start.h"
 #include "simulator/tool/run_lock.h"
 #include "simulator/tool/stop_signal.h"
@@ -148,7 +149,7 @@ void addRun(CLI::App& app) {
     auto run = std::make_shared<Run>();
     CLI::App* verb =
         app.add_subcommand("run", "Keep a phone running, with pictures of its screens as they are at the moment");
-    verb->add_option("ROOT", run->root, "The phone")->required();
+    verb->add_option("ROOT", run->root, "The phone")->required()->type_name(kDirectory);
     verb->add_option("--process", run->process, "The process to run: springboard, callbar or both (default)")
         ->check(CLI::IsMember({"springboard", "callbar", "both"}));
     verb->add_option("--interval", run->interval,

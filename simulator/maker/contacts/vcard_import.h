@@ -2,7 +2,7 @@
 //
 // Taken over: N (FN where there is no N), NICKNAME, ORG, TEL and EMAIL with their types or X-ABLabel as labels, and
 // PHOTO, embedded or as a `data:` or `file:` address (a relative one starts at the vCard file's folder). Cards that
-// carry the same X-LINKED-PERSON:<text> are linked contacts of one person. Everything else has no place on the stand-in
+// carry the same X-LINKED-PERSON:TEXT are linked contacts of one person. Everything else has no place on the stand-in
 // phone.
 #pragma once
 

@@ -1,5 +1,6 @@
 #include "src/bootstrap/hook_table.h"
 
+#include "src/changes/settings_changes.h"
 #include "src/hooks/callbar_controller.h"
 #include "src/hooks/contacts_list.h"
 #include "src/hooks/monogrammer.h"
@@ -7,7 +8,6 @@
 #include "src/hooks/recents_list.h"
 #include "src/hooks/springboard.h"
 #include "src/hooks/transparent_cell.h"
-#include "src/settings/live_changes.h"
 
 namespace {
 

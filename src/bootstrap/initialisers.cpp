@@ -4,10 +4,10 @@
 
 #include "src/bootstrap/hook_table.h"
 #include "src/bootstrap/registration.h"
-#include "src/bootstrap/settings_seed.h"
-#include "src/cache/address_book_changes.h"
-#include "src/settings/live_changes.h"
+#include "src/changes/address_book_changes.h"
+#include "src/changes/settings_changes.h"
 #include "src/settings/setting_rows.h"
+#include "src/settings/settings_seed.h"
 #include "src/util/process.h"
 
 namespace {

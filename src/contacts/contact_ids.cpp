@@ -4,8 +4,8 @@
 
 #include "src/cache/contact_id_memo.h"
 #include "src/cache/shared_address_book.h"
+#include "src/contacts/database.h"
 #include "src/platform/log.h"
-#include "src/util/database.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <unistd.h>
 
-#include "src/util/database.h"
+#include "src/contacts/database.h"
 #include "src/util/log.h"
 
 // Logs what the connection says after the text. Pools what the line takes, for a wait may last for days.

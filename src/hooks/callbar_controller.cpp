@@ -1,6 +1,6 @@
 #include "src/hooks/callbar_controller.h"
 
-#include "src/settings/live_changes.h"
+#include "src/changes/settings_changes.h"
 
 namespace hooks {
 namespace {

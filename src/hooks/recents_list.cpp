@@ -2,6 +2,7 @@
 
 #include "src/cache/image_cache.h"
 #include "src/cache/queue.h"
+#include "src/changes/settings_changes.h"
 #include "src/contacts/contact_ids.h"
 #include "src/contacts/initials.h"
 #include "src/contacts/lookup.h"
@@ -9,7 +10,6 @@
 #include "src/platform/dispatch.h"
 #include "src/platform/weak.h"
 #include "src/render/monograms.h"
-#include "src/settings/live_changes.h"
 #include "src/settings/settings.h"
 
 namespace hooks {

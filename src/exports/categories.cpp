@@ -1,6 +1,8 @@
-#include "src/hooks/categories.h"
+#include "src/exports/categories.h"
 
 #include <array>
+
+#include "src/hooks/parent_table.h"
 
 namespace hooks {
 namespace {
@@ -31,12 +33,5 @@ constexpr std::array kTableViewCellMethods = {
 std::span<const MethodRow> objectMethods() { return kObjectMethods; }
 
 std::span<const MethodRow> tableViewCellMethods() { return kTableViewCellMethods; }
-
-UITableView parentTableView(UITableViewCell cell) {
-    Class tableViewClass = platformClass<"UITableView">();
-    UIView view = cell.superview();
-    while (view && !isKindOf(view, tableViewClass)) view = view.superview();
-    return as<UITableView>(view);
-}
 
 }  // namespace hooks

@@ -1,4 +1,4 @@
-#include "src/contacts/lookup_variants.h"
+#include "src/exports/lookup_variants.h"
 
 #include <array>
 

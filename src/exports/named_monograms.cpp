@@ -1,4 +1,4 @@
-#include "src/contacts/named_monograms.h"
+#include "src/exports/named_monograms.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "src/settings/live_changes.h"
+#include "src/changes/settings_changes.h"
 
 #include "src/cache/image_cache.h"
 #include "src/util/log.h"

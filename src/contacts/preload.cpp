@@ -1,13 +1,13 @@
-#include "src/cache/preload.h"
+#include "src/contacts/preload.h"
 
 #include <array>
 
 #include "src/cache/image_cache.h"
+#include "src/contacts/database.h"
 #include "src/contacts/thumbnails.h"
 #include "src/render/monograms.h"
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"
-#include "src/util/database.h"
 #include "src/util/device_hardware.h"
 #include "src/util/log.h"
 

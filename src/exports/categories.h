@@ -14,7 +14,4 @@ std::span<const MethodRow> objectMethods();
 // UITableViewCell (ZelkaCB1): parentTableView.
 std::span<const MethodRow> tableViewCellMethods();
 
-// The table view that the cell lives in, however many views stand between, or nil (+0).
-UITableView parentTableView(UITableViewCell cell);
-
 }  // namespace hooks

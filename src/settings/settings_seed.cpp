@@ -1,4 +1,4 @@
-#include "src/bootstrap/settings_seed.h"
+#include "src/settings/settings_seed.h"
 
 #include "src/platform/foundation.h"
 #include "src/settings/setting_rows.h"

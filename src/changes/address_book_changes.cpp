@@ -1,8 +1,8 @@
-#include "src/cache/address_book_changes.h"
+#include "src/changes/address_book_changes.h"
 
 #include "src/cache/image_cache.h"
+#include "src/contacts/database.h"
 #include "src/settings/settings.h"
-#include "src/util/database.h"
 #include "src/util/log.h"
 #include "src/util/process.h"
 

@@ -49,6 +49,6 @@ void fuzz::settings(Bytes input) {
     root().write(kFile, text(input));
     NSDictionary* before = stored();
     checkLoaded(before);
-    seedSettingsFile();
+    zelka::seedSettingsFile();
     checkSeeded(before);
 }

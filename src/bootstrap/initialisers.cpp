@@ -10,6 +10,7 @@
 #include "src/settings/settings_seed.h"
 #include "src/util/process.h"
 
+namespace zelka {
 namespace {
 
 // From here on, the lines of the library and of its host in this process are appended to the log file; when that cannot
@@ -44,3 +45,5 @@ void registerObservers() {
 }
 
 }  // namespace
+
+}  // namespace zelka

@@ -2,6 +2,7 @@
 
 #include "src/cache/object_map.h"
 
+namespace zelka {
 namespace {
 
 constinit ObjectMap theMemo;
@@ -19,3 +20,5 @@ void forgetContactID(ABRecordID contactID) {
 }
 
 void forgetAllContactIDs() { theMemo.clear(); }
+
+}  // namespace zelka

@@ -4,6 +4,8 @@
 
 #include "src/platform/address_book.h"
 
+namespace zelka {
+
 // The contact ID found for the text, or 0.
 ABRecordID rememberedContactID(NSString text);
 
@@ -14,3 +16,5 @@ void rememberContactID(NSString text, ABRecordID contactID);
 void forgetContactID(ABRecordID contactID);
 
 void forgetAllContactIDs();
+
+}  // namespace zelka

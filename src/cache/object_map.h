@@ -5,6 +5,8 @@
 #include "src/cache/lock_free_map.h"
 #include "src/platform/foundation.h"
 
+namespace zelka {
+
 struct ObjectIdentity {
     static std::size_t hash(NSObject key) { return send<NSUInteger, "hash">(key); }
     static bool equal(NSObject left, NSObject right) { return left == right || send<bool, "isEqual:">(left, right); }
@@ -33,3 +35,5 @@ class ObjectMap {
   private:
     LockFreeMap<Owned<NSObject>, ObjectIdentity> map_;
 };
+
+}  // namespace zelka

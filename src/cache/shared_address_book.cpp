@@ -4,6 +4,7 @@
 #include "src/platform/dispatch.h"
 #include "src/util/utility_class.h"
 
+namespace zelka {
 namespace {
 
 constinit std::intptr_t addressBookOnce = 0;
@@ -20,8 +21,6 @@ constinit Reclaimer theReclaimer;
 
 }  // namespace
 
-namespace ZelkaCBUtils {
-
 ABAddressBookRef getAddressBook() {
     initialiseUtilityClass();
     dispatchOnce(addressBookOnce,
@@ -31,16 +30,9 @@ ABAddressBookRef getAddressBook() {
     return shared != nullptr ? Owned(shared->book).autorelease() : nullptr;
 }
 
-std::span<const MethodRow> sharedAddressBookMethods() {
-    static constexpr MethodRow rows[] = {
-        classMethod<"getAddressBook", ABAddressBookRef(), &getAddressBook>(),
-    };
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
-
 void releaseSharedAddressBook() {
     Reclaimer::Reading reading(theReclaimer);
     if (SharedBook* shared = theBook.exchange(nullptr)) theReclaimer.retire(shared);
 }
+
+}  // namespace zelka

@@ -6,6 +6,7 @@
 #include "src/util/log.h"
 #include "src/util/process.h"
 
+namespace zelka {
 namespace {
 
 constexpr ABRecordID kNoContact = -1;
@@ -31,7 +32,9 @@ void addressBookChangedCallBack(CFNotificationCenterRef, void*, CFStringRef name
     AutoreleasePool pool;
     if (!bridged(name).equals(NSString::fromUTF8(kAddressBookChangedNotification)) || !isServedProcess()) return;
     ABRecordID contactID = lastModifiedContact();
-    if (contactID >= 1 && ZelkaCBUtils::removeImageFromCache(contactID)) {
+    if (contactID >= 1 && removeImageFromCache(contactID)) {
         NSNotificationCenter::shared().post(settingsChangedNotification());
     }
 }
+
+}  // namespace zelka

@@ -1,9 +1,11 @@
-// Changes that other processes make to the address book.
+// What a change of the address book by another process does.
 #pragma once
 
 #include "src/platform/core_foundation.h"
 
-// The Darwin notification that tells of them.
+namespace zelka {
+
+// The Darwin notification that announces it.
 constexpr const char* kAddressBookChangedNotification = "__ABDataBaseChangedByOtherProcessNotification";
 
 // What the Darwin notify centre calls: drops the picture of the contact modified last and, if there was one, has the
@@ -11,3 +13,5 @@ constexpr const char* kAddressBookChangedNotification = "__ABDataBaseChangedByOt
 // thread is the notify centre's.
 void addressBookChangedCallBack(CFNotificationCenterRef center, void* observer, CFStringRef name, const void* object,
                                 CFDictionaryRef userInfo);
+
+}  // namespace zelka

@@ -1,21 +1,15 @@
 #include "src/changes/settings_changes.h"
 
 #include "src/cache/image_cache.h"
+#include "src/settings/settings.h"
 #include "src/util/log.h"
 #include "src/util/process.h"
 
+namespace zelka {
+
 constinit std::atomic<UITableView> membersTableView{UITableView{}};
 
-namespace {
-
 void reloadOnMainThread(UITableView table) { performOnMainThread(table, selector<"reloadData">(), true); }
-
-// Whatever the host's method answers, if anything, is not looked at.
-void perform(NSObject receiver, SEL command) {
-    send<NSObject, "performSelector:withObject:">(receiver, command, NSObject{});
-}
-
-}  // namespace
 
 void zelkaCBSettingsChangedCallBack(CFNotificationCenterRef, void*, CFStringRef name, const void*, CFDictionaryRef) {
     AutoreleasePool pool;
@@ -25,17 +19,10 @@ void zelkaCBSettingsChangedCallBack(CFNotificationCenterRef, void*, CFStringRef 
                            1017),
                    "Got '", bridged(name), "' notification...");
     // In this order: who redraws must find an empty cache and the new settings.
-    ZelkaCBUtils::clearImageCache();
+    clearImageCache();
     ZLKCBSettings::sharedSettings().loadSettings();
     NSNotificationCenter::shared().post(settingsChangedNotification());
     reloadOnMainThread(membersTableView.load());
 }
 
-void favoritesStripSettingsChanged(NSObject controller, SEL, NSObject) {
-    perform(controller, selector<"cleanupFavoritesButtons">());
-    perform(controller, selector<"resetFavorites">());
-}
-
-void callListSettingsChanged(NSObject controller, SEL, NSObject) {
-    reloadOnMainThread(send<UITableView, "performSelector:">(controller, selector<"tableView">()));
-}
+}  // namespace zelka

@@ -8,6 +8,8 @@
 
 #include "src/platform/foundation.h"
 
+namespace zelka {
+
 // A connection to a database file. Used by one thread; closed at the end of its scope, unless it is left open on
 // purpose.
 class Database {
@@ -68,3 +70,5 @@ class Statement {
 // The databases of the system's address book.
 constexpr const char* kAddressBookDatabase = "/private/var/mobile/Library/AddressBook/AddressBook.sqlitedb";
 constexpr const char* kAddressBookImageDatabase = "/private/var/mobile/Library/AddressBook/AddressBookImages.sqlitedb";
+
+}  // namespace zelka

@@ -1,19 +1,23 @@
 #include "src/contacts/preload.h"
 
-#include <array>
-
 #include "src/cache/image_cache.h"
 #include "src/contacts/database.h"
 #include "src/contacts/thumbnails.h"
+#include "src/platform/dispatch.h"
 #include "src/render/monograms.h"
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"
 #include "src/util/device_hardware.h"
 #include "src/util/log.h"
 
+namespace zelka {
 namespace {
 
+// The pictures' side in pixels, whatever the screen's scale.
 constexpr std::size_t kSide = 80;
+
+constinit std::intptr_t deviceNameOnce = 0;
+constinit NSString deviceName;
 
 void logFailure(const Database& database) {
     logErrorPlain("Error while opening database connection: '", database.message(), "'");
@@ -21,10 +25,10 @@ void logFailure(const Database& database) {
 
 // What a contact gets whose bytes could not be taken out of the row: nothing when somebody linked to it has a photo.
 UIImage substituteFor(ABRecordID contactID) {
-    if (ZelkaCBUtils::getContactImageDataFromAB(contactID)) return {};
+    if (getContactImageDataFromAB(contactID)) return {};
     UIImage picture;
-    if (ZelkaCBUtils::isMonogramEnabled()) picture = ZelkaCBUtils::monogramImage(NSString{}, contactID);
-    return picture ? picture : ZelkaCBUtils::recentPicture();
+    if (isMonogramEnabled()) picture = monogramImage(NSString{}, contactID);
+    return picture ? picture : recentPicture();
 }
 
 void storePictureOf(const Statement& row) {
@@ -32,12 +36,10 @@ void storePictureOf(const Statement& row) {
     auto bytes = row.bytes(1);
     NSData data = NSData::copyOf(bytes.data(), bytes.size());
     UIImage picture = data ? shapeThumbnail(UIImage::fromData(data), kSide, kSide) : substituteFor(contactID);
-    ZelkaCBUtils::storeImage(picture, ZelkaCBUtils::cacheKey(contactID));
+    storeImage(picture, cacheKey(contactID));
 }
 
 }  // namespace
-
-namespace ZelkaCBUtils {
 
 void prepareImageCache() {
     removeAllImages();
@@ -53,18 +55,12 @@ void prepareImageCache() {
 }
 
 bool canprepareImageCache() {
-    static constinit NSString deviceName;
-    if (!deviceName) deviceName = Owned<NSString>::retain(ZLKCBUIDeviceHardware::platformString()).leak();
+    dispatchOnce(deviceNameOnce,
+                 [] { deviceName = Owned<NSString>::retain(ZLKCBUIDeviceHardware::platformString()).leak(); });
     NSString family = literal<"iPhone">();
     if (!deviceName.hasPrefix(family)) return false;
     NSUInteger start = family.length();
     return deviceName.substringWithRange({start, deviceName.length() - start}).integerValue() > 3;
 }
 
-std::span<const MethodRow> preloadMethods() {
-    static constexpr std::array rows{classMethod<"prepareImageCache", void(), &prepareImageCache>(),
-                                     classMethod<"canprepareImageCache", bool(), &canprepareImageCache>()};
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

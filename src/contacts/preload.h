@@ -1,11 +1,7 @@
 // Filling the image cache with every contact's photo at once.
 #pragma once
 
-#include <span>
-
-#include "src/platform/class_builder.h"
-
-namespace ZelkaCBUtils {
+namespace zelka {
 
 // Empties the image cache, then puts the finished picture of every thumbnail of the image database into it. Blocks the
 // caller for the whole fill. When the database cannot be read, a line in the log tells it and the cache stays empty.
@@ -15,7 +11,4 @@ void prepareImageCache();
 // Whether the device is an iPhone of a generation above 3.
 bool canprepareImageCache();
 
-// The class methods that answer to these functions.
-std::span<const MethodRow> preloadMethods();
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

@@ -1,10 +1,9 @@
 #include "src/contacts/thumbnails.h"
 
-#include <array>
-
 #include "src/contacts/waiting_read.h"
 #include "src/util/device.h"
 
+namespace zelka {
 namespace {
 
 constexpr const char* kThumbnailReader = "NSData *getContactImageFromABForID(int, int)";
@@ -39,11 +38,9 @@ NSData getContactImageFromABForID(ABRecordID contactID, std::int32_t) {
 
 NSData photoOfContact(ABRecordID contactID) {
     NSData photo = getContactImageFromABForID(contactID, 0);
-    if (!photo && ZelkaCBUtils::isIOS_7()) photo = ZelkaCBUtils::getContactImageDataFromAB(contactID);
+    if (!photo && isIOS_7()) photo = getContactImageDataFromAB(contactID);
     return photo;
 }
-
-namespace ZelkaCBUtils {
 
 NSData getContactImageDataFromAB(ABRecordID contactID) {
     logInformation(LogSite("+[ZelkaCBUtils getContactImageDataFromAB:]"), "Getting image for ", contactID);
@@ -62,10 +59,4 @@ NSData getContactImageDataFromAB(ABRecordID contactID) {
     return {};
 }
 
-std::span<const MethodRow> thumbnailMethods() {
-    static constexpr std::array rows{
-        classMethod<"getContactImageDataFromAB:", NSData(ABRecordID), &getContactImageDataFromAB>()};
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

@@ -6,6 +6,8 @@
 #include "src/contacts/database.h"
 #include "src/util/log.h"
 
+namespace zelka {
+
 // Logs what the connection says after the text. Pools what the line takes, for a wait may last for days.
 inline void logDatabaseError(LogSite site, const char* text, const Database& database) {
     AutoreleasePool pool;
@@ -22,3 +24,5 @@ inline void logPrepareError(LogSite site, const Database& database) {
 
 // Blocks the thread for a second.
 inline void waitForDatabase() { sleep(1); }
+
+}  // namespace zelka

@@ -1,15 +1,33 @@
 #include "src/exports/categories.h"
 
-#include <array>
-
 #include "src/hooks/parent_table.h"
+#include "src/platform/class_builder.h"
+#include "src/render/colors.h"
+#include "src/render/shaping.h"
 
-namespace hooks {
+namespace zelka {
 namespace {
+
+// The colour of a code laid out 0x00RRGGBB, opaque; the top byte is ignored.
+UIColor colorWithPackedCode(std::int32_t code) {
+    return colorWithComponents((code >> 16) & 0xFF, (code >> 8) & 0xFF, code & 0xFF, 1.0);
+}
+
+constexpr MethodRow kColorClassMethods[] = {
+    classMethod<"ZelkaCBColorWithHexaCode:", UIColor(std::int32_t), &colorWithPackedCode>(),
+    classMethod<"ZelkaCBColorWithRed:green:blue:alpha:", UIColor(NSInteger, NSInteger, NSInteger, CGFloat),
+                &colorWithComponents>(),
+    classMethod<"ZelkaCBColorWithHexaCode:alpha:", UIColor(NSString, CGFloat), &colorWithHexaCode>(),
+};
+
+constexpr MethodRow kImageMethods[] = {
+    receiverMethod<"imageWithRoundedCornersRadius:", &imageWithRoundedCornersRadius>(),
+};
 
 // The association's key: the runtime goes by the address and reads no text.
 constexpr char kContactIDKey[] = "ZelkaCB_ContactID";
 
+// A number kept beside any object; 0 until one is set.
 NSInteger contactID(NSObject object) {
     return NSNumber{{objc_getAssociatedObject(object.object, kContactIDKey)}}.integerValue();
 }
@@ -19,19 +37,22 @@ void setContactID(NSObject object, NSInteger value) {
                              kAssociationRetainNonatomic);
 }
 
-constexpr std::array kObjectMethods = {
+constexpr MethodRow kObjectMethods[] = {
     receiverMethod<"ZelkaCB_contactID", &contactID>(),
     receiverMethod<"setZelkaCB_contactID:", &setContactID>(),
 };
 
-constexpr std::array kTableViewCellMethods = {
+constexpr MethodRow kTableViewCellMethods[] = {
     receiverMethod<"parentTableView", &parentTableView>(),
 };
 
 }  // namespace
 
-std::span<const MethodRow> objectMethods() { return kObjectMethods; }
+void extendPlatformClasses() {
+    addMethods(metaclassOf(objc_getClass("UIColor")), kColorClassMethods);
+    addMethods(objc_getClass("UIImage"), kImageMethods);
+    addMethods(objc_getClass("NSObject"), kObjectMethods);
+    addMethods(objc_getClass("UITableViewCell"), kTableViewCellMethods);
+}
 
-std::span<const MethodRow> tableViewCellMethods() { return kTableViewCellMethods; }
-
-}  // namespace hooks
+}  // namespace zelka

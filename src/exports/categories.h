@@ -1,17 +1,10 @@
-// Methods that the library adds to every object and to every table cell, under names of its own.
+// The methods that the library adds to the platform's classes, under names of its own.
 #pragma once
 
-#include <span>
+namespace zelka {
 
-#include "src/platform/class_builder.h"
-#include "src/platform/uikit.h"
+// Adds them: UIColor (ZelkaCB), UIImage (ZelkaCB), NSObject (ZelkaCB1) and UITableViewCell (ZelkaCB1). On the loading
+// thread.
+void extendPlatformClasses();
 
-namespace hooks {
-
-// NSObject (ZelkaCB1): the ZelkaCB_contactID property, a number kept beside any object.
-std::span<const MethodRow> objectMethods();
-
-// UITableViewCell (ZelkaCB1): parentTableView.
-std::span<const MethodRow> tableViewCellMethods();
-
-}  // namespace hooks
+}  // namespace zelka

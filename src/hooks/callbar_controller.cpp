@@ -1,8 +1,8 @@
 #include "src/hooks/callbar_controller.h"
 
-#include "src/changes/settings_changes.h"
+#include "src/settings/settings.h"
 
-namespace hooks {
+namespace zelka {
 namespace {
 constinit ABMonogrammer captured{};
 }  // namespace
@@ -21,4 +21,9 @@ ABMonogrammer controllerMonogrammer(CallBarControllerModern self, SEL command) {
     return monogrammer;
 }
 
-}  // namespace hooks
+void controllerSettingsChanged(CallBarControllerModern self, SEL, NSObject) {
+    self.cleanupFavoritesButtons();
+    self.resetFavorites();
+}
+
+}  // namespace zelka

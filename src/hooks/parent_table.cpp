@@ -1,6 +1,6 @@
 #include "src/hooks/parent_table.h"
 
-namespace hooks {
+namespace zelka {
 
 UITableView parentTableView(UITableViewCell cell) {
     Class tableViewClass = platformClass<"UITableView">();
@@ -9,4 +9,4 @@ UITableView parentTableView(UITableViewCell cell) {
     return as<UITableView>(view);
 }
 
-}  // namespace hooks
+}  // namespace zelka

@@ -3,9 +3,9 @@
 
 #include "src/platform/uikit.h"
 
-namespace hooks {
+namespace zelka {
 
 // The table view that the cell lives in, however many views stand between (+0); nil outside of a table. Main thread.
 UITableView parentTableView(UITableViewCell cell);
 
-}  // namespace hooks
+}  // namespace zelka

@@ -4,7 +4,7 @@
 #include "src/platform/foundation.h"
 #include "src/platform/hook.h"
 
-namespace hooks {
+namespace zelka {
 
 template <FixedString className>
 void viewDidAppear(NSObject self, SEL command, BOOL animated);
@@ -19,4 +19,4 @@ void viewDidAppear(NSObject self, SEL command, BOOL animated) {
     ViewDidAppear<className>::host(self, command, animated);
 }
 
-}  // namespace hooks
+}  // namespace zelka

@@ -1,8 +1,6 @@
 #include "src/hooks/picture_view.h"
 
-#include "src/settings/settings.h"
-
-namespace hooks {
+namespace zelka {
 
 UIImageView addPictureView(UIView container, CGRect frame) {
     Owned<UIImageView> view = UIImageView::withFrame(frame);
@@ -16,9 +14,4 @@ void removePictureView(UIImageView pictureView) {
     pictureView.removeFromSuperview();
 }
 
-bool monogramsWanted() {
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    return settings.isZelkaCBEnabled() && settings.isMonogramEnabled();
-}
-
-}  // namespace hooks
+}  // namespace zelka

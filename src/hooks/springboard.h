@@ -4,10 +4,10 @@
 #include "src/platform/foundation.h"
 #include "src/platform/hook.h"
 
-namespace hooks {
+namespace zelka {
 
 void applicationDidFinishLaunching(NSObject self, SEL command, NSObject application);
 using ApplicationDidFinishLaunching =
     Hook<"SpringBoard", "applicationDidFinishLaunching:", &applicationDidFinishLaunching>;
 
-}  // namespace hooks
+}  // namespace zelka

@@ -4,7 +4,7 @@
 #include "src/settings/settings.h"
 #include "src/util/device.h"
 
-namespace hooks {
+namespace zelka {
 namespace {
 
 // All in points.
@@ -94,7 +94,7 @@ void placeIcon(UIView contentView, CGRect detail) {
 // The order matters: the name follows the picture, the date clips the name, the detail stands under the name, and the
 // icon follows the detail.
 void makeRoom(UITableViewCell cell, CGRect picture) {
-    bool system8 = ZelkaCBUtils::isIOS_8();
+    bool system8 = isIOS_8();
     UIView contentView = cell.contentView();
     placeNameLabel(contentView, picture, system8);
     // On system 7 a scrolling view stands between the cell and its content view, and holds the host's labels.
@@ -108,21 +108,20 @@ void makeRoom(UITableViewCell cell, CGRect picture) {
 CallBarTableViewTransparentCell cellInit(CallBarTableViewTransparentCell self, SEL command, NSInteger style,
                                          NSString reuseIdentifier) {
     auto made = CellInit::host(self, command, style, reuseIdentifier);
-    send<void, "initialize">(self);
+    self.initialize();
     return made;
 }
 
 void cellInitialize(CallBarTableViewTransparentCell self, SEL) {
-    if (!ZelkaCBUtils::isZelkaCBOnlyOn()) return;
+    if (!isZelkaCBOnlyOn()) return;
     addPictureView(self.contentView(), makeRect(kPictureLeading, kPictureTop, kPictureSize, kPictureSize));
 }
 
 void cellLayout(CallBarTableViewTransparentCell self, SEL command) {
     CellLayout::host(self, command);
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    if (!settings.isZelkaCBEnabled() || !settings.isShowPicturesOnRecents()) return;
+    if (!picturesWantedOn(List::recents)) return;
     CGRect picture = placePicture(self);
-    if (ZelkaCBUtils::isIOS_7()) makeRoom(self, picture);
+    if (isIOS_7()) makeRoom(self, picture);
 }
 
-}  // namespace hooks
+}  // namespace zelka

@@ -4,6 +4,7 @@
 #include "src/settings/setting_rows.h"
 #include "src/util/log.h"
 
+namespace zelka {
 namespace {
 
 NSString seedPath() {
@@ -36,3 +37,5 @@ void seedSettingsFile() {
     settings->writeToFile(path, true);
     settings->removeAllObjects();
 }
+
+}  // namespace zelka

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-namespace ZelkaCBUtils {
+namespace zelka {
 namespace {
 
 constexpr bool isLayout(std::uint16_t character) {
@@ -41,13 +41,4 @@ NSString getPhoneNumberFromURL(NSString link) {
     return link.substringWithRange({kSchemeLength, query - kSchemeLength});
 }
 
-std::span<const MethodRow> phoneNumberMethods() {
-    static constexpr MethodRow rows[] = {
-        classMethod<"getFormattedPhoneNumber:", NSString(NSString), &getFormattedPhoneNumber>(),
-        classMethod<"getPlainPhoneNumber:", NSString(NSString), &getPlainPhoneNumber>(),
-        classMethod<"getPhoneNumberFromURL:", NSString(NSString), &getPhoneNumberFromURL>(),
-    };
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

@@ -4,6 +4,8 @@
 
 #include "src/platform/uikit.h"
 
+namespace zelka {
+
 NSString bundleDirectory() { return literal<"/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/">(); }
 
 NSString bundlePicturePath(NSString name) {
@@ -17,3 +19,5 @@ NSString bundlePicturePath(NSString name) {
     std::snprintf(suffix, sizeof suffix, "@%dx.png", static_cast<int>(screen.scale()));
     return path.appending(NSString::fromUTF8(suffix));
 }
+
+}  // namespace zelka

@@ -3,9 +3,13 @@
 
 #include "src/platform/foundation.h"
 
+namespace zelka {
+
 // The bundle's directory (+0).
 NSString bundleDirectory();
 
 // The path of the bundle's picture of that name (without extension) for the main screen: "recent@2x.png" on a screen of
 // two pixels a point, "recent.png" on a screen of one (+0). Any thread.
 NSString bundlePicturePath(NSString name);
+
+}  // namespace zelka

@@ -3,6 +3,8 @@
 
 #include "src/platform/foundation.h"
 
+namespace zelka {
+
 // The main bundle's identifier (+0); nil in a process without one. Any thread.
 NSString mainBundleIdentifier();
 
@@ -12,3 +14,5 @@ bool isSpringBoard();
 // Whether this is one of the two processes that the library serves: the system shell or the call screen's view service.
 // Letter case counts. Any thread.
 bool isServedProcess();
+
+}  // namespace zelka

@@ -1,13 +1,14 @@
 #!/usr/bin/env python3
-"""Checks from the sources which file includes which.
+"""Checks from the sources which file includes which, and where messages are sent.
 
-Two rules:
+Three rules:
 - The folders of src/ stand in an order (ROOMS, lowest first). A file includes files of its own folder and of the ones
   below it, never of one above.
 - In src/ and simulator/ no circle of includes runs through files. A header and its source (one stem) count as one file,
   because who includes the header needs the source as well.
+- In src/, only handles send messages (HANDLES): elsewhere a message is a method of a handle.
 
-Usage: includes.py [REPOSITORY]. Prints each include and each circle that breaks a rule; fails when there is one.
+Usage: rooms.py [REPOSITORY]. Prints each line and each circle that breaks a rule; fails when there is one.
 """
 
 import pathlib
@@ -16,19 +17,25 @@ import sys
 
 ROOMS = ["platform", "util", "settings", "cache", "render", "contacts", "changes", "hooks", "exports", "bootstrap"]
 TREES = ["src", "simulator"]
+HANDLES = ["src/platform/", "src/hooks/host_classes.h", "src/settings/settings.h"]
 SUFFIXES = {".h", ".cpp", ".mm", ".m", ".c"}
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*"([^"]+)"')
+SEND = re.compile(r"\bsend<")
 
 
-def includes(root):
-    """Every include of a file of this repository: (including file, line number, included path)."""
+def lines(root):
+    """Every line of the sources: (file, line number, text)."""
     for tree in TREES:
         for path in sorted((root / tree).rglob("*")):
-            if path.suffix not in SUFFIXES:
-                continue
-            for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
-                if match := INCLUDE.match(line):
-                    yield path.relative_to(root).as_posix(), number, match.group(1)
+            if path.suffix in SUFFIXES:
+                for number, text in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+                    yield path.relative_to(root).as_posix(), number, text
+
+
+def message_faults(found):
+    for path, number, text in found:
+        if path.startswith("src/") and SEND.search(text) and not any(path.startswith(handle) for handle in HANDLES):
+            yield f"{path}:{number}: sends a message, which is a handle's to do: {text.strip()}"
 
 
 def room_of(path):
@@ -125,11 +132,12 @@ def circle_through(graph, group):
 
 def main():
     root = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parents[2]
-    found = list(includes(root))
-    if not found:
+    found = list(lines(root))
+    edges = [(path, number, match.group(1)) for path, number, text in found if (match := INCLUDE.match(text))]
+    if not edges:
         sys.exit(f"{root}: no includes found")
-    faults = list(room_faults(root, [edge for edge in found if "/" in edge[2]]))
-    for circle in circles(found):
+    faults = [*room_faults(root, edges), *message_faults(found)]
+    for circle in circles(edges):
         faults.append("a circle of includes:\n" + "\n".join(f'    {s}:{n}: includes "{t}"' for s, n, t in circle))
     for fault in faults:
         print(fault)

@@ -6,6 +6,8 @@
 #include "src/bootstrap/registration.h"
 #include "src/changes/address_book_changes.h"
 #include "src/changes/settings_changes.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/settings/setting_rows.h"
 #include "src/settings/settings_seed.h"
 #include "src/util/process.h"
@@ -22,7 +24,7 @@ void observe(const char* name, CFNotificationCallback callback) {
                                     bridged(NSString::fromUTF8(name)), nullptr, kDeliverImmediately);
 }
 
-// In every process: the callbacks themselves tell whether it is a served one.
+// In every process: the callbacks themselves do nothing in one that is not served.
 void registerObservers() {
     observe(kAddressBookChangedNotification, &addressBookChangedCallBack);
     for (const SettingRow& row : kSettingRows) observe(row.notification, &zelkaCBSettingsChangedCallBack);

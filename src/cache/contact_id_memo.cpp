@@ -1,6 +1,7 @@
 #include "src/cache/contact_id_memo.h"
 
 #include "src/cache/object_map.h"
+#include "src/platform/foundation/NSValue.h"
 
 namespace zelka {
 namespace {

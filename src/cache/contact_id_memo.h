@@ -3,6 +3,7 @@
 #pragma once
 
 #include "src/platform/address_book.h"
+#include "src/platform/foundation/NSString.h"
 
 namespace zelka {
 

@@ -4,7 +4,9 @@
 #pragma once
 
 #include "src/platform/address_book.h"
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/uikit/UIImage.h"
 
 namespace zelka {
 

@@ -13,7 +13,7 @@ constinit NSOperationQueue theQueue;
 
 NSOperationQueue queue() {
     initialiseUtilityClass();
-    dispatchOnce(queueOnce, [] { theQueue = NSOperationQueue::create().leak(); });
+    dispatchOnce(queueOnce, [] { theQueue = keepForever(NSOperationQueue::create()); });
     return theQueue;
 }
 

@@ -1,7 +1,7 @@
 // The queue on which list rows fetch their pictures.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSOperation.h"
 
 namespace zelka {
 

@@ -2,6 +2,7 @@
 
 #include "src/cache/reclaimer.h"
 #include "src/platform/dispatch.h"
+#include "src/platform/owned.h"
 #include "src/util/utility_class.h"
 
 namespace zelka {
@@ -23,8 +24,7 @@ constinit Reclaimer theReclaimer;
 
 ABAddressBookRef getAddressBook() {
     initialiseUtilityClass();
-    dispatchOnce(addressBookOnce,
-                 [] { theBook.store(new SharedBook(Owned<ABAddressBookRef>::adopt(ABAddressBookCreate()))); });
+    dispatchOnce(addressBookOnce, [] { theBook.store(new SharedBook(adopt(ABAddressBookCreate()))); });
     Reclaimer::Reading reading(theReclaimer);
     SharedBook* shared = theBook.load();
     return shared != nullptr ? Owned(shared->book).autorelease() : nullptr;

@@ -2,6 +2,10 @@
 
 #include "src/cache/image_cache.h"
 #include "src/contacts/database.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSFileManager.h"
+#include "src/platform/foundation/NSNotificationCenter.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/settings/settings.h"
 #include "src/util/log.h"
 #include "src/util/process.h"

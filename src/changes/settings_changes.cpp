@@ -1,6 +1,8 @@
 #include "src/changes/settings_changes.h"
 
 #include "src/cache/image_cache.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSNotificationCenter.h"
 #include "src/settings/settings.h"
 #include "src/util/log.h"
 #include "src/util/process.h"
@@ -9,7 +11,7 @@ namespace zelka {
 
 constinit std::atomic<UITableView> membersTableView{UITableView{}};
 
-void reloadOnMainThread(UITableView table) { performOnMainThread(table, selector<"reloadData">(), true); }
+void reloadOnMainThread(UITableView table) { table.performOnMainThread(selector<"reloadData">(), true); }
 
 void zelkaCBSettingsChangedCallBack(CFNotificationCenterRef, void*, CFStringRef name, const void*, CFDictionaryRef) {
     AutoreleasePool pool;

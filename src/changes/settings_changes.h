@@ -2,7 +2,7 @@
 #pragma once
 
 #include "src/platform/core_foundation.h"
-#include "src/platform/uikit.h"
+#include "src/platform/uikit/UITableView.h"
 
 namespace zelka {
 

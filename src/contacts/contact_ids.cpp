@@ -3,6 +3,7 @@
 #include "src/cache/contact_id_memo.h"
 #include "src/cache/shared_address_book.h"
 #include "src/contacts/database.h"
+#include "src/platform/foundation/NSFileManager.h"
 #include "src/platform/log.h"
 
 namespace zelka {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "src/platform/address_book.h"
+#include "src/platform/foundation/NSString.h"
 
 namespace zelka {
 

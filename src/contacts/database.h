@@ -6,24 +6,23 @@
 #include <cstddef>
 #include <span>
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSString.h"
 
 namespace zelka {
 
-// A connection to a database file. Used by one thread; closed at the end of its scope, unless it is left open on
-// purpose.
+// A connection to a database file. Used by one thread; closed at the end of its scope, unless leaveOpen was called.
 class Database {
   public:
-    // Opens the file, which is made empty when it does not exist and its folder does.
+    // Opens the file; makes an empty one where there is none, if its folder exists.
     explicit Database(const char* path) { isOpen_ = sqlite3_open(path, &handle_) == SQLITE_OK; }
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
     ~Database() { sqlite3_close(handle_); }
 
     bool isOpen() const { return isOpen_; }
-    // What went wrong last, in English; lives until the next use of the connection.
+    // The last error, in English; lives until the next use of the connection.
     const char* message() const { return sqlite3_errmsg(handle_); }
-    // The connection, which nobody closes from now on.
+    // Keeps the connection from being closed, for the rest of the process's life.
     void leaveOpen() { handle_ = nullptr; }
     sqlite3* handle() const { return handle_; }
 
@@ -32,11 +31,11 @@ class Database {
     bool isOpen_ = false;
 };
 
-// One statement of a connection that outlives it; finalized at the end of its scope. Columns count from 0 and are those
-// of the row that the last step gave.
+// One statement, finalized at the end of its scope; the connection must outlive it. Columns are those of the last
+// step's row and count from 0.
 class Statement {
   public:
-    // A text that could not be expressed in UTF-8 comes as nullptr, which SQLite must not be given.
+    // The SQL may be nullptr, for a text that UTF-8 cannot express: the statement is then not prepared.
     Statement(const Database& database, const char* sql) {
         isPrepared_ = sql != nullptr && sqlite3_prepare_v2(database.handle(), sql, -1, &handle_, nullptr) == SQLITE_OK;
     }

@@ -4,6 +4,10 @@
 
 #include "src/contacts/waiting_read.h"
 #include "src/platform/dispatch.h"
+#include "src/platform/foundation/NSArray.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSFileManager.h"
+#include "src/platform/owned.h"
 
 namespace zelka {
 namespace {
@@ -14,7 +18,7 @@ constexpr std::int32_t kMaxReadCount = 4;
 NSCharacterSet separators() {
     static constinit std::intptr_t once = 0;
     static constinit NSCharacterSet set;
-    dispatchOnce(once, [] { set = Owned<NSCharacterSet>::retain(NSCharacterSet::alphanumeric().inverted()).leak(); });
+    dispatchOnce(once, [] { set = keepForever(retain(NSCharacterSet::alphanumeric().inverted())); });
     return set;
 }
 

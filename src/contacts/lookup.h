@@ -4,7 +4,9 @@
 
 #include "src/cache/image_cache.h"
 #include "src/platform/address_book.h"
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/uikit/UIImage.h"
 #include "src/render/monograms.h"
 
 namespace zelka {

@@ -4,6 +4,11 @@
 #include "src/contacts/database.h"
 #include "src/contacts/thumbnails.h"
 #include "src/platform/dispatch.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/owned.h"
+#include "src/platform/uikit/UIImage.h"
 #include "src/render/monograms.h"
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"
@@ -55,8 +60,7 @@ void prepareImageCache() {
 }
 
 bool canprepareImageCache() {
-    dispatchOnce(deviceNameOnce,
-                 [] { deviceName = Owned<NSString>::retain(ZLKCBUIDeviceHardware::platformString()).leak(); });
+    dispatchOnce(deviceNameOnce, [] { deviceName = keepForever(retain(ZLKCBUIDeviceHardware::platformString())); });
     NSString family = literal<"iPhone">();
     if (!deviceName.hasPrefix(family)) return false;
     NSUInteger start = family.length();

@@ -1,6 +1,8 @@
 #include "src/contacts/thumbnails.h"
 
 #include "src/contacts/waiting_read.h"
+#include "src/platform/foundation/NSArray.h"
+#include "src/platform/owned.h"
 #include "src/util/device.h"
 
 namespace zelka {
@@ -48,7 +50,7 @@ NSData getContactImageDataFromAB(ABRecordID contactID) {
     ABAddressBookRef book = ABAddressBookCreate();
     ABRecordRef person = ABAddressBookGetPersonWithRecordID(book, contactID);
     if (person == nullptr || !isIOS_7()) return {};
-    auto linked = Owned<NSArray>::adopt(NSArray{{ABPersonCopyArrayOfAllLinkedPeople(person)}});
+    auto linked = adopt(NSArray{{ABPersonCopyArrayOfAllLinkedPeople(person)}});
     NSUInteger count = linked->count();
     if (count < 2) return {};
     for (NSUInteger i = 0; i < count; ++i) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "src/platform/address_book.h"
+#include "src/platform/foundation/NSValue.h"
 
 namespace zelka {
 
@@ -9,7 +10,7 @@ namespace zelka {
 // as it takes, while the database cannot be read.
 NSData getContactImageFromABForID(ABRecordID contactID, std::int32_t unused);
 
-// The contact's thumbnail, else, from system 7 on, that of a linked contact, or nil. Blocks likewise.
+// The contact's thumbnail; from system 7 on, else that of a linked contact; nil when there is none. Blocks likewise.
 NSData photoOfContact(ABRecordID contactID);
 
 // The thumbnail of the first other contact that is linked to this one and has one, or nil. Blocks likewise.

@@ -4,6 +4,9 @@
 #include "src/cache/queue.h"
 #include "src/contacts/preload.h"
 #include "src/platform/dispatch.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSOperation.h"
+#include "src/platform/uikit/UIImage.h"
 
 namespace zelka {
 namespace {
@@ -13,7 +16,7 @@ constinit NSObject theInstance;
 
 // The process's one object of the class ZelkaCBUtils, which holds nothing (+0).
 NSObject ZelkaCBUtilsInstance() {
-    dispatchOnce(instanceOnce, [] { theInstance = send<NSObject, "new">(platformClass<"ZelkaCBUtils">()); });
+    dispatchOnce(instanceOnce, [] { theInstance = keepForever(allocInit<NSObject>(platformClass<"ZelkaCBUtils">())); });
     return theInstance;
 }
 
@@ -23,7 +26,7 @@ void removeAvatarsFromCache() {}
 }  // namespace
 
 std::span<const MethodRow> cacheMethods() {
-    static constexpr MethodRow rows[] = {
+    static constexpr MethodRow kRows[] = {
         classMethod<"initImageCache", void(), &initImageCache>(),
         classMethod<"getContactImageInCacheForKey:", UIImage(NSObject), &getContactImageInCacheForKey>(),
         classMethod<"getContactImageInCache:", UIImage(ABRecordID), &getContactImageInCache>(),
@@ -39,7 +42,7 @@ std::span<const MethodRow> cacheMethods() {
         classMethod<"queue", NSOperationQueue(), &queue>(),
         classMethod<"ZelkaCBUtilsInstance", NSObject(), &ZelkaCBUtilsInstance>(),
     };
-    return rows;
+    return kRows;
 }
 
 }  // namespace zelka

@@ -2,6 +2,12 @@
 
 #include "src/hooks/parent_table.h"
 #include "src/platform/class_builder.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/uikit/UIColor.h"
+#include "src/platform/uikit/UIImage.h"
+#include "src/platform/uikit/UITableView.h"
 #include "src/render/colors.h"
 #include "src/render/shaping.h"
 
@@ -28,19 +34,19 @@ constexpr MethodRow kImageMethods[] = {
 constexpr char kContactIDKey[] = "ZelkaCB_ContactID";
 
 // A number kept beside any object; 0 until one is set.
-NSInteger contactID(NSObject object) {
-    return NSNumber{{objc_getAssociatedObject(object.object, kContactIDKey)}}.integerValue();
-}
+NSInteger contactID(NSObject object) { return object.associatedObject<NSNumber>(kContactIDKey).integerValue(); }
 
 void setContactID(NSObject object, NSInteger value) {
-    objc_setAssociatedObject(object.object, kContactIDKey, NSNumber::ofInteger(value).object,
-                             kAssociationRetainNonatomic);
+    object.setAssociatedObject(kContactIDKey, NSNumber::ofInteger(value));
 }
 
 constexpr MethodRow kObjectMethods[] = {
     receiverMethod<"ZelkaCB_contactID", &contactID>(),
     receiverMethod<"setZelkaCB_contactID:", &setContactID>(),
 };
+
+// Its accessors are the methods above; no instance variable stands behind it.
+constexpr PropertyRow kObjectProperties[] = {dynamicProperty<NSInteger>("ZelkaCB_contactID")};
 
 constexpr MethodRow kTableViewCellMethods[] = {
     receiverMethod<"parentTableView", &parentTableView>(),
@@ -49,10 +55,11 @@ constexpr MethodRow kTableViewCellMethods[] = {
 }  // namespace
 
 void extendPlatformClasses() {
-    addMethods(metaclassOf(objc_getClass("UIColor")), kColorClassMethods);
-    addMethods(objc_getClass("UIImage"), kImageMethods);
-    addMethods(objc_getClass("NSObject"), kObjectMethods);
-    addMethods(objc_getClass("UITableViewCell"), kTableViewCellMethods);
+    addMethods(metaclassOf(optionalClass<UIColor>()), kColorClassMethods);
+    addMethods(optionalClass<UIImage>(), kImageMethods);
+    addMethods(optionalClass<NSObject>(), kObjectMethods);
+    addProperties(optionalClass<NSObject>(), kObjectProperties);
+    addMethods(optionalClass<UITableViewCell>(), kTableViewCellMethods);
 }
 
 }  // namespace zelka

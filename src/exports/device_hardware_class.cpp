@@ -1,6 +1,8 @@
 #include "src/exports/device_hardware_class.h"
 
 #include "src/platform/class_builder.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/util/device_hardware.h"
 
 namespace zelka {

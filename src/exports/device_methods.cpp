@@ -1,6 +1,8 @@
 #include "src/exports/device_methods.h"
 
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/uikit/UIDevice.h"
+#include "src/platform/uikit/UIScreen.h"
 #include "src/util/device.h"
 
 namespace zelka {
@@ -17,9 +19,8 @@ constexpr NSInteger kOrderedSame = 0;
 bool isPhoneOfHeight(CGFloat height) {
     UIScreen screen = UIScreen::main();
     UIDevice device = UIDevice::current();
-    if (respondsTo(device, selector<"userInterfaceIdiom">()) && device.userInterfaceIdiom() != kPhoneIdiom)
-        return false;
-    if (respondsTo(screen, selector<"nativeBounds">())) {
+    if (device.respondsTo(selector<"userInterfaceIdiom">()) && device.userInterfaceIdiom() != kPhoneIdiom) return false;
+    if (screen.respondsTo(selector<"nativeBounds">())) {
         return screen.nativeBounds().size.height / screen.nativeScale() == height;
     }
     return screen.bounds().size.height == height;
@@ -34,7 +35,7 @@ bool isMatchingIOSFound(NSString version) {
 // Whether the main screen has exactly two pixels a point; a screen of three does not count.
 bool isRetinaDisplay() {
     UIScreen screen = UIScreen::main();
-    return respondsTo(screen, selector<"scale">()) && screen.scale() == kRetinaScale;
+    return screen.respondsTo(selector<"scale">()) && screen.scale() == kRetinaScale;
 }
 
 bool isIPhone6() { return isPhoneOfHeight(kIPhone6Height); }
@@ -48,7 +49,7 @@ CGFloat screenHeight() { return screenSize().height; }
 }  // namespace
 
 std::span<const MethodRow> deviceMethods() {
-    static constexpr MethodRow rows[] = {
+    static constexpr MethodRow kRows[] = {
         classMethod<"isMatchingIOSFound:", bool(NSString), &isMatchingIOSFound>(),
         classMethod<"isIOS_7", bool(), &isIOS_7>(),
         classMethod<"isIOS_8", bool(), &isIOS_8>(),
@@ -61,7 +62,7 @@ std::span<const MethodRow> deviceMethods() {
         classMethod<"screenWidth", CGFloat(), &screenWidth>(),
         classMethod<"screenHeight", CGFloat(), &screenHeight>(),
     };
-    return rows;
+    return kRows;
 }
 
 }  // namespace zelka

@@ -3,12 +3,14 @@
 #include "src/cache/shared_address_book.h"
 #include "src/contacts/initials.h"
 #include "src/platform/address_book.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/owned.h"
 
 namespace zelka {
 namespace {
 
 Owned<NSString> copyName(ABRecordRef person, ABPropertyID property) {
-    return Owned<NSString>::adopt(NSString{{ABRecordCopyValue(person, property)}});
+    return adopt(NSString{{ABRecordCopyValue(person, property)}});
 }
 
 // From the shared address book; nil when it has no such person or the person has no name.
@@ -25,7 +27,7 @@ NSString monogramTextFromContactID(ABRecordID contactID) {
 }  // namespace
 
 std::span<const MethodRow> initialsMethods() {
-    static constexpr MethodRow rows[] = {
+    static constexpr MethodRow kRows[] = {
         classMethod<"monogramTextFromName:", NSString(NSString), &monogramTextFromName>(),
         classMethod<"monogramTextFromContactID:", NSString(ABRecordID), &monogramTextFromContactID>(),
         classMethod<"getMonogramTextFromAB:currentReadCount:", NSString(ABRecordID, std::int32_t),
@@ -33,7 +35,7 @@ std::span<const MethodRow> initialsMethods() {
         classMethod<"getMonogramTextFromAB:", NSString(ABRecordID), &monogramTextFromAB>(),
         classMethod<"monogramTextFromAB:", NSString(ABRecordID), &monogramTextFromAB>(),
     };
-    return rows;
+    return kRows;
 }
 
 }  // namespace zelka

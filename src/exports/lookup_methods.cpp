@@ -6,7 +6,13 @@
 #include "src/contacts/lookup.h"
 #include "src/contacts/thumbnails.h"
 #include "src/hooks/host_classes.h"
+#include "src/platform/foundation/NSArray.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
 #include "src/platform/log.h"
+#include "src/platform/owned.h"
+#include "src/platform/uikit/UIFont.h"
+#include "src/platform/uikit/UIImage.h"
 #include "src/settings/settings.h"
 #include "src/util/device.h"
 #include "src/util/log.h"
@@ -76,7 +82,7 @@ UIImage getContactImageFromAB(ABRecordID contactID) {
 }
 
 bool isLinkedToSomebodyWithImage(ABRecordRef person, ABRecordID contactID) {
-    auto linked = Owned<NSArray>::adopt(NSArray{{ABPersonCopyArrayOfAllLinkedPeople(person)}});
+    auto linked = adopt(NSArray{{ABPersonCopyArrayOfAllLinkedPeople(person)}});
     NSUInteger count = linked->count();
     for (NSUInteger i = 0; count >= 2 && i < count; ++i) {
         ABRecordRef other = linked->at(i).object;
@@ -95,12 +101,12 @@ NSData imageDataOf(ABRecordRef person, ABRecordID contactID) {
         // Of the person itself in either case: a linked person's image only leads to one more look at the person's.
         data = ABPersonCopyImageDataWithFormat(person, kImageFormatThumbnail);
     }
-    NSData bytes = Owned<NSData>::adopt(NSData{{data}}).autorelease();
+    NSData bytes = adopt(NSData{{data}}).autorelease();
     return bytes.length() > 0 ? bytes : NSData{};
 }
 
 NSData imageDataFromNewAddressBook(ABRecordID contactID) {
-    auto book = Owned<ABAddressBookRef>::adopt(ABAddressBookCreate());
+    auto book = adopt(ABAddressBookCreate());
     ABRecordRef person = ABAddressBookGetPersonWithRecordID(book.get(), contactID);
     return person != nullptr ? imageDataOf(person, contactID) : NSData{};
 }
@@ -133,7 +139,7 @@ UIImage getChatKitContactImageOnly(ABRecordID contactID, NSString monogramText, 
 }  // namespace
 
 std::span<const MethodRow> lookupMethods() {
-    static constexpr MethodRow rows[] = {
+    static constexpr MethodRow kRows[] = {
         classMethod<"getAddressBook", ABAddressBookRef(), &getAddressBook>(),
         classMethod<"getPersonRecordFromDB:", ABRecordRef(ABRecordID), &getPersonRecordFromDB>(),
         classMethod<"getContactID:", ABRecordID(NSString), &getContactID>(),
@@ -164,7 +170,7 @@ std::span<const MethodRow> lookupMethods() {
         classMethod<"getChatKitContactImageOnly:monogramText:date:", UIImage(ABRecordID, NSString, std::int32_t),
                     &getChatKitContactImageOnly>(),
     };
-    return rows;
+    return kRows;
 }
 
 }  // namespace zelka

@@ -2,6 +2,11 @@
 
 #include "src/cache/image_cache.h"
 #include "src/contacts/initials.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/uikit/UIColor.h"
+#include "src/platform/uikit/UIFont.h"
+#include "src/platform/uikit/UIImage.h"
 #include "src/render/colors.h"
 #include "src/render/monograms.h"
 
@@ -25,7 +30,7 @@ UIImage getMonogramImageFromName(NSString name, NSString email) {
 }  // namespace
 
 std::span<const MethodRow> monogramMethods() {
-    static constexpr MethodRow rows[] = {
+    static constexpr MethodRow kRows[] = {
         classMethod<"getMonogramRandomColor:darkColor:", UIColor(NSInteger, bool), &getMonogramRandomColor>(),
         classMethod<"getMonogramRandomColor:", UIColor(NSInteger), &getMonogramRandomColor>(),
         classMethod<"monogramImage:size:color:font:", UIImage(NSString, CGSize, UIColor, UIFont),
@@ -68,7 +73,7 @@ std::span<const MethodRow> monogramMethods() {
         classMethod<"getMonogramImage", UIImage(), [] { return getMonogramImage(); }>(),
         classMethod<"defaultImage", UIImage(), &defaultImage>(),
     };
-    return rows;
+    return kRows;
 }
 
 }  // namespace zelka

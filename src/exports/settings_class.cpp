@@ -4,7 +4,11 @@
 #include <utility>
 
 #include "src/platform/class_builder.h"
+#include "src/platform/foundation/NSDictionary.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/platform/log.h"
+#include "src/platform/owned.h"
 #include "src/settings/settings.h"
 
 namespace zelka {
@@ -43,6 +47,11 @@ struct Variable {
 };
 
 template <Setting setting>
+struct Property {
+    static constexpr PropertyRow row = property<bool>(kPropertyName<setting>.c_str(), kVariableName<setting>.c_str());
+};
+
+template <Setting setting>
 struct Getter {
     static constexpr MethodRow row = receiverMethod<kPropertyName<setting>, &getter<setting>>();
 };
@@ -57,8 +66,7 @@ ZLKCBSettings sharedSettings(Class cls) { return ZLKCBSettings::sharedSettings(c
 NSDictionary settingsDictionary(NSString path) { return ZLKCBSettings::settingsDictionary(path).leak(); }
 
 ZLKCBSettings init(ZLKCBSettings settings) {
-    IMP baseInit = class_getMethodImplementation(platformClass<"NSObject">(), selector<"init">());
-    auto initialised = platform::call<ZLKCBSettings>(baseInit, settings.object, selector<"init">());
+    auto initialised = sendSuper<ZLKCBSettings, "init", NSObject>(settings);
     initialised.sendLoadSettings();
     return initialised;
 }
@@ -95,6 +103,7 @@ void registerSettingsClass() {
     Class cls = registerClass("ZLKCBSettings", kRows<Variable>, kClassMethods, kInstanceMethods);
     addMethods(cls, kRows<Getter>);
     addMethods(cls, kRows<Setter>);
+    addProperties(cls, kRows<Property>);
 }
 
 }  // namespace zelka

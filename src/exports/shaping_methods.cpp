@@ -2,6 +2,11 @@
 
 #include <algorithm>
 
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/uikit/UIGraphics.h"
+#include "src/platform/uikit/UIImage.h"
+#include "src/platform/uikit/UIScreen.h"
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"
 
@@ -55,7 +60,7 @@ UIImage resizeImage(UIImage picture, std::int32_t width, std::int32_t height) {
 UIImage scaleImage(UIImage picture, CGSize box) {
     UIScreen screen = UIScreen::main();
     CGSize size = picture.size();
-    CGFloat ratio = respondsTo(screen, selector<"scale">()) ? screen.scale() : 1;
+    CGFloat ratio = screen.respondsTo(selector<"scale">()) ? screen.scale() : 1;
     // Only a picture that does not fit is measured against the box.
     if (size.width > box.width || size.height > box.height)
         ratio = std::max(box.width / size.width, box.height / size.height);
@@ -68,7 +73,7 @@ UIImage scaleImage(UIImage picture, CGSize box) {
 }  // namespace
 
 std::span<const MethodRow> shapingMethods() {
-    static constexpr MethodRow rows[] = {
+    static constexpr MethodRow kRows[] = {
         classMethod<"roundedImage:width:height:", UIImage(UIImage, float, float), &roundedImage>(),
         classMethod<"roundedImage:", UIImage(UIImage), &roundedImage>(),
         classMethod<"resizeImage:withWidth:withHeight:", UIImage(UIImage, std::int32_t, std::int32_t), &resizeImage>(),
@@ -77,7 +82,7 @@ std::span<const MethodRow> shapingMethods() {
         classMethod<"getImage:size:", UIImage(NSString, CGSize), &getImage>(),
         classMethod<"getImage:", UIImage(NSString), &getImage>(),
     };
-    return rows;
+    return kRows;
 }
 
 }  // namespace zelka

@@ -1,5 +1,7 @@
 #include "src/hooks/callbar_controller.h"
 
+#include "src/platform/foundation/NSNotificationCenter.h"
+#include "src/platform/owned.h"
 #include "src/settings/settings.h"
 
 namespace zelka {
@@ -17,7 +19,7 @@ void controllerViewDidLoad(CallBarControllerModern self, SEL command) {
 
 ABMonogrammer controllerMonogrammer(CallBarControllerModern self, SEL command) {
     ABMonogrammer monogrammer = ControllerMonogrammer::host(self, command);
-    if (!captured) captured = Owned<ABMonogrammer>::retain(monogrammer).leak();
+    if (!captured) captured = keepForever(retain(monogrammer));
     return monogrammer;
 }
 

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "src/hooks/host_classes.h"
+#include "src/platform/foundation/NSObject.h"
 #include "src/platform/hook.h"
+#include "src/platform/uikit/UIControl.h"
 
 namespace zelka {
 
@@ -22,14 +24,14 @@ using ControllerSettingsChanged =
     AddedMethod<"CallBarControllerModern", "zelkaCBSettingsChanged:", "v@:@@", &controllerSettingsChanged>;
 
 template <FixedString selectorName>
-void controllerToggle(CallBarControllerModern self, SEL command, CallBarToggle sender);
+void controllerToggle(CallBarControllerModern self, SEL command, UIControl sender);
 
 template <FixedString selectorName>
 using ControllerToggle = Hook<"CallBarControllerModern", selectorName, &controllerToggle<selectorName>>;
 
-// The toggles are watched, not changed: the sender is asked and the host does all the work.
+// Changes nothing: the sender gets one message, and the host does all the work.
 template <FixedString selectorName>
-void controllerToggle(CallBarControllerModern self, SEL command, CallBarToggle sender) {
+void controllerToggle(CallBarControllerModern self, SEL command, UIControl sender) {
     static_cast<void>(sender.isSelected());
     ControllerToggle<selectorName>::host(self, command, sender);
 }

@@ -6,7 +6,13 @@
 #include "src/contacts/lookup.h"
 #include "src/hooks/parent_table.h"
 #include "src/hooks/picture_view.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSValue.h"
 #include "src/platform/log.h"
+#include "src/platform/owned.h"
+#include "src/platform/uikit/UIImage.h"
+#include "src/platform/uikit/UIImageView.h"
+#include "src/platform/uikit/UIView.h"
 #include "src/render/monograms.h"
 #include "src/settings/settings.h"
 #include "src/util/device.h"
@@ -48,8 +54,8 @@ void placeNameView(ABMemberCell cell) {
 }
 
 void placePicture(ABMemberCell cell, UIImageView picture) {
-    bool bothEditing = cell.isEditing() && parentTableView(cell).isEditing();
-    CGFloat x = bothEditing ? kPictureEditingLeading : kPictureLeading;
+    bool areBothEditing = cell.isEditing() && parentTableView(cell).isEditing();
+    CGFloat x = areBothEditing ? kPictureEditingLeading : kPictureLeading;
     picture.setFrame(makeRect(x, kPictureTop, kPictureSize, kPictureSize));
 }
 
@@ -102,16 +108,17 @@ void showPicture(ABMemberCell cell, UIImageView picture, ListRules rules) {
 
 void decorate(UITableView table, UITableViewCell cell, ListRules rules) {
     if (!isServedProcess()) return;
-    if (!membersTableView.load()) membersTableView = Owned<UITableView>::retain(table).leak();
+    if (!membersTableView.load()) membersTableView = keepForever(retain(table));
     if (rules.needsSystem7 && !isIOS_7()) return;
-    if (!isKindOf(cell, objc_getClass("ABMemberCell"))) return;
+    auto member = dynamicCast<ABMemberCell>(cell);
+    if (!member) return;
     UIImageView picture = pictureViewOf(cell);
     if (!picturesWanted()) {
         removePictureView(picture);
         return;
     }
     if (!picture) picture = addPictureView(cell, makeRect(kPictureLeading, kPictureTop, kPictureSize, kPictureSize));
-    showPicture(as<ABMemberCell>(cell), picture, rules);
+    showPicture(member, picture, rules);
 }
 
 }  // namespace

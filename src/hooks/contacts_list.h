@@ -2,7 +2,12 @@
 #pragma once
 
 #include "src/hooks/host_classes.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/platform/hook.h"
+#include "src/platform/uikit/UIColor.h"
+#include "src/platform/uikit/UIFont.h"
+#include "src/platform/uikit/UITableView.h"
 
 namespace zelka {
 

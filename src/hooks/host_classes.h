@@ -1,10 +1,16 @@
 // Handles of the host's classes: CallBar's and those of the system's contacts interface. What a handle declares is what
-// the host's class is known to have; a selector that some versions lack has its own `has...`. Results are unowned (+0).
-// All of it is the main thread's.
+// the host's class is known to have; for a selector that some versions lack, `has...` tests it. Results are unowned
+// (+0). All of it is the main thread's.
 #pragma once
 
-#include "src/platform/foundation.h"
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSArray.h"
+#include "src/platform/foundation/NSDictionary.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/uikit/UIFont.h"
+#include "src/platform/uikit/UITableView.h"
+#include "src/platform/uikit/UIView.h"
 
 namespace zelka {
 
@@ -23,7 +29,7 @@ struct ContactsUIPerson : NSObject {
 // A row of the system's Contacts list.
 struct ABMemberCell : UITableViewCell {
     ContactsUIPerson person() const { return send<ContactsUIPerson, "person">(*this); }
-    bool hasContactNameView() const { return respondsTo(*this, selector<"contactNameView">()); }
+    bool hasContactNameView() const { return respondsTo(selector<"contactNameView">()); }
     UIView contactNameView() const { return send<UIView, "contactNameView">(*this); }
 };
 
@@ -32,28 +38,20 @@ struct ABMonogrammer : NSObject {
     UIFont font() const { return send<UIFont, "font">(*this); }
 };
 
-// One of CallBar's buttons that switch between its lists.
-struct CallBarToggle : NSObject {
-    bool isSelected() const { return send<bool, "isSelected">(*this); }
-};
-
 // CallBar's main controller.
 struct CallBarControllerModern : UIResponder {
-    // Both as the platform performs selectors whose methods may return anything: the result is ignored.
-    void cleanupFavoritesButtons() const { perform(selector<"cleanupFavoritesButtons">()); }
-    void resetFavorites() const { perform(selector<"resetFavorites">()); }
-
-  private:
-    void perform(SEL command) const { send<NSObject, "performSelector:withObject:">(*this, command, NSObject{}); }
+    // Both by performing the selector: the host's methods may return anything.
+    void cleanupFavoritesButtons() const { performSelector(selector<"cleanupFavoritesButtons">(), NSObject{}); }
+    void resetFavorites() const { performSelector(selector<"resetFavorites">(), NSObject{}); }
 };
 
 // One call of the Recents list. CallBar's versions name its contact in different ways.
 struct CallBarCall : NSObject {
-    bool hasUid() const { return respondsTo(*this, selector<"uid">()); }
+    bool hasUid() const { return respondsTo(selector<"uid">()); }
     NSInteger uid() const { return send<NSInteger, "uid">(*this); }
-    bool hasAddressBookRecordId() const { return respondsTo(*this, selector<"addressBookRecordId">()); }
+    bool hasAddressBookRecordId() const { return respondsTo(selector<"addressBookRecordId">()); }
     NSNumber addressBookRecordId() const { return send<NSNumber, "addressBookRecordId">(*this); }
-    bool hasCallerName() const { return respondsTo(*this, selector<"callerName">()); }
+    bool hasCallerName() const { return respondsTo(selector<"callerName">()); }
     NSString callerName() const { return send<NSString, "callerName">(*this); }
 };
 
@@ -66,27 +64,14 @@ struct CallBarEntry : NSDictionary {
 
 // The controller of the Recents list.
 struct CallBarABViewController : UIResponder {
-    UITableView tableView() const { return send<UITableView, "performSelector:">(*this, selector<"tableView">()); }
+    UITableView tableView() const { return performSelector<UITableView>(selector<"tableView">()); }
 
-    // The entry shown in that row; nil when the list has fewer.
+    // The entry shown in that row; nil when the list has fewer. The host has no accessors for its lists.
     CallBarEntry entryInRow(NSInteger row) const {
-        const char* list = flag("onlyMissed") ? "_missedEntries" : "_allEntries";
-        NSArray entries{{static_cast<id>(variable(list))}};
+        const char* list = instanceVariable<bool>("onlyMissed") ? "_missedEntries" : "_allEntries";
+        auto entries = instanceVariable<NSArray>(list);
         auto index = static_cast<NSUInteger>(row);
         return entries.count() > index ? entries.at<CallBarEntry>(index) : CallBarEntry{};
-    }
-
-  private:
-    // The value of an instance variable, for which the host has no accessor; zero where it is missing.
-    void* variable(const char* name) const {
-        void* value = nullptr;
-        object_getInstanceVariable(object, name, &value);
-        return value;
-    }
-    bool flag(const char* name) const {
-        // The runtime copies a whole pointer's worth, of which a BOOL is the first byte.
-        void* value = variable(name);
-        return *reinterpret_cast<const unsigned char*>(&value) != 0;
     }
 };
 

@@ -4,6 +4,7 @@
 #include "src/contacts/initials.h"
 #include "src/contacts/lookup.h"
 #include "src/hooks/picture_view.h"
+#include "src/platform/owned.h"
 #include "src/render/monograms.h"
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"
@@ -25,7 +26,7 @@ bool drawsFor(ABMonogrammer monogrammer) {
 
 MonogramStyle favoriteStyle() { return {.size = kFavoriteSize, .font = capturedMonogrammer().font()}; }
 
-UIImage copied(UIImage picture) { return Owned<UIImage>::retain(picture).leak(); }
+UIImage copied(UIImage picture) { return retain(picture).leak(); }
 
 NSString monogramTextOf(std::int32_t contactID) {
     if (!monogramsWanted()) return {};

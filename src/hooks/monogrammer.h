@@ -3,8 +3,10 @@
 
 #include "src/hooks/callbar_controller.h"
 #include "src/platform/address_book.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
 #include "src/platform/hook.h"
-#include "src/platform/uikit.h"
+#include "src/platform/uikit/UIImage.h"
 
 namespace zelka {
 

@@ -1,11 +1,12 @@
 #include "src/hooks/parent_table.h"
 
+#include "src/platform/uikit/UIView.h"
+
 namespace zelka {
 
 UITableView parentTableView(UITableViewCell cell) {
-    Class tableViewClass = platformClass<"UITableView">();
     UIView view = cell.superview();
-    while (view && !isKindOf(view, tableViewClass)) view = view.superview();
+    while (view && !dynamicCast<UITableView>(view)) view = view.superview();
     return as<UITableView>(view);
 }
 

@@ -1,7 +1,7 @@
 // From a cell to the table view around it.
 #pragma once
 
-#include "src/platform/uikit.h"
+#include "src/platform/uikit/UITableView.h"
 
 namespace zelka {
 

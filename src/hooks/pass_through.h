@@ -1,7 +1,8 @@
 // Replacements that add nothing to the host's behaviour but an autorelease pool.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSObject.h"
 #include "src/platform/hook.h"
 
 namespace zelka {

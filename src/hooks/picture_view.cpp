@@ -1,5 +1,8 @@
 #include "src/hooks/picture_view.h"
 
+#include "src/platform/owned.h"
+#include "src/platform/uikit/UIImage.h"
+
 namespace zelka {
 
 UIImageView addPictureView(UIView container, CGRect frame) {

@@ -2,7 +2,8 @@
 // view's size.
 #pragma once
 
-#include "src/platform/uikit.h"
+#include "src/platform/uikit/UIImageView.h"
+#include "src/platform/uikit/UIView.h"
 
 namespace zelka {
 

@@ -8,6 +8,13 @@
 #include "src/contacts/lookup.h"
 #include "src/hooks/picture_view.h"
 #include "src/platform/dispatch.h"
+#include "src/platform/foundation/NSNotificationCenter.h"
+#include "src/platform/foundation/NSOperation.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/owned.h"
+#include "src/platform/uikit/UIApplication.h"
+#include "src/platform/uikit/UIImage.h"
+#include "src/platform/uikit/UIImageView.h"
 #include "src/platform/weak.h"
 #include "src/render/monograms.h"
 #include "src/settings/settings.h"
@@ -58,15 +65,15 @@ void showLoaded(const PictureLoad& load) {
 
 void loadPicture(PictureLoad& load) {
     if (load.contactID >= 1) {
-        load.picture = Owned<UIImage>::retain(
-            getContactImageOnly(load.contactID, load.monogramText.get(), false, {.font = systemMonogramFont()}));
+        load.picture =
+            retain(getContactImageOnly(load.contactID, load.monogramText.get(), false, {.font = systemMonogramFont()}));
     }
     if (!load.picture) return;
     dispatchToMain(makeBlock([load = std::move(load)] { showLoaded(load); }));
 }
 
 void queueLoad(UITableViewCell cell, std::int32_t contactID, NSString monogramText) {
-    PictureLoad load{contactID, Owned<NSString>::retain(monogramText), {}, WeakReference<UITableViewCell>(cell)};
+    PictureLoad load{contactID, retain(monogramText), {}, WeakReference<UITableViewCell>(cell)};
     Owned<Block> task = makeBlock([load = std::move(load)]() mutable { loadPicture(load); });
     queue().add(NSBlockOperation::withBlock(task.get()));
 }
@@ -89,7 +96,7 @@ void showPicture(UITableViewCell cell, UIImageView pictureView, CallBarEntry ent
 }
 
 void decorate(CallBarABViewController controller, UITableViewCell cell, NSInteger row) {
-    if (!isKindOf(cell, objc_getClass("CallBarTableViewTransparentCell"))) return;
+    if (!dynamicCast<CallBarTableViewTransparentCell>(cell)) return;
     UIImageView pictureView = pictureViewOf(cell);
     if (!picturesWantedOn(List::recents)) {
         removePictureView(pictureView);

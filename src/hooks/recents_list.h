@@ -2,7 +2,9 @@
 #pragma once
 
 #include "src/hooks/host_classes.h"
+#include "src/platform/foundation/NSObject.h"
 #include "src/platform/hook.h"
+#include "src/platform/uikit/UITableView.h"
 
 namespace zelka {
 

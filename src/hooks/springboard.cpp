@@ -1,5 +1,8 @@
 #include "src/hooks/springboard.h"
 
+#include "src/platform/foundation/NSDictionary.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/owned.h"
 #include "src/settings/settings.h"
 #include "src/util/log.h"
 #include "src/util/preference_bundle.h"

@@ -1,7 +1,7 @@
 // The system shell's start.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSObject.h"
 #include "src/platform/hook.h"
 
 namespace zelka {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "src/hooks/host_classes.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/platform/hook.h"
 
 namespace zelka {

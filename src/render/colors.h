@@ -2,7 +2,8 @@
 // Any thread.
 #pragma once
 
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/uikit/UIColor.h"
 
 namespace zelka {
 

@@ -1,6 +1,11 @@
 #include "src/render/monograms.h"
 
 #include "src/cache/image_cache.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/owned.h"
+#include "src/platform/quartz_core/CALayer.h"
+#include "src/platform/uikit/UIGraphics.h"
+#include "src/platform/uikit/UIImageView.h"
 #include "src/render/colors.h"
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"

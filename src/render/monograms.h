@@ -7,7 +7,10 @@
 
 #include <optional>
 
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/uikit/UIColor.h"
+#include "src/platform/uikit/UIFont.h"
+#include "src/platform/uikit/UIImage.h"
 
 namespace zelka {
 

@@ -1,6 +1,9 @@
 #include "src/render/shaping.h"
 
 #include "src/cache/image_cache.h"
+#include "src/platform/owned.h"
+#include "src/platform/uikit/UIBezierPath.h"
+#include "src/platform/uikit/UIGraphics.h"
 #include "src/settings/settings.h"
 
 namespace zelka {
@@ -11,9 +14,8 @@ constexpr float kRoundCorner = 40.0F;
 
 // A bitmap context of 8 bits a component that keeps its own memory; nothing when there is none of that size.
 Owned<CGContextRef> createBitmap(std::size_t width, std::size_t height) {
-    auto space = Owned<CGColorSpaceRef>::adopt(CGColorSpaceCreateDeviceRGB());
-    return Owned<CGContextRef>::adopt(
-        CGBitmapContextCreate(nullptr, width, height, 8, width * 4, space.get(), kAlphaPremultipliedFirst));
+    auto space = adopt(CGColorSpaceCreateDeviceRGB());
+    return adopt(CGBitmapContextCreate(nullptr, width, height, 8, width * 4, space.get(), kAlphaPremultipliedFirst));
 }
 
 // The whole pixels of a length in points; 0 for a length that no picture has.
@@ -43,7 +45,7 @@ UIImage shapeThumbnail(UIImage picture, std::size_t width, std::size_t height) {
     CGContextClosePath(context);
     CGContextClip(context);
     if (CGImageRef source = picture.cgImage()) CGContextDrawImage(context, bounds, source);
-    auto image = Owned<CGImageRef>::adopt(CGBitmapContextCreateImage(context));
+    auto image = adopt(CGBitmapContextCreateImage(context));
     return UIImage::fromCGImage(image.get());
 }
 

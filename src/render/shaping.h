@@ -1,7 +1,9 @@
 // Pictures cut into the shape that lists show. Results are unowned (+0) unless they say otherwise. Any thread.
 #pragma once
 
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/uikit/UIImage.h"
 
 namespace zelka {
 

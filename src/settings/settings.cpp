@@ -1,6 +1,7 @@
 #include "src/settings/settings.h"
 
 #include "src/platform/dispatch.h"
+#include "src/platform/foundation/NSValue.h"
 #include "src/util/device.h"
 #include "src/util/log.h"
 #include "src/util/utility_class.h"
@@ -18,7 +19,7 @@ std::atomic_ref<BOOL> variable(ZLKCBSettings settings, Setting setting) {
     std::ptrdiff_t offset = firstOffset.load(std::memory_order_relaxed);
     if (offset == 0) [[unlikely]] {
         const char* first = kVariableName<Setting{}>.c_str();
-        offset = ivar_getOffset(class_getInstanceVariable(platformClass<"ZLKCBSettings">(), first));
+        offset = ivar_getOffset(class_getInstanceVariable(platformClass<ZLKCBSettings>(), first));
         firstOffset.store(offset, std::memory_order_relaxed);
     }
     auto* first = reinterpret_cast<BOOL*>(settings.object) + offset;
@@ -32,13 +33,13 @@ NSString settingsPath() {
         .appendingPathComponent(NSString::fromUTF8(kSettingsFile));
 }
 
-bool truthOf(NSObject value) { return respondsTo(value, selector<"boolValue">()) && as<NSNumber>(value).boolValue(); }
+bool truthOf(NSObject value) { return value.respondsTo(selector<"boolValue">()) && as<NSNumber>(value).boolValue(); }
 
 void makeSharedSettings(void* cls) {
     logInformation(LogSite("__31+[ZLKCBSettings sharedSettings]_block_invoke", 102),
                    "Initiallizing settings for first time..");
-    auto allocated = send<ZLKCBSettings, "alloc">(static_cast<Class>(cls));
-    theSettings = send<ZLKCBSettings, "init">(allocated);
+    // The settings are those of the whole process.
+    theSettings = keepForever(allocInit<ZLKCBSettings>(static_cast<Class>(cls)));
 }
 
 }  // namespace

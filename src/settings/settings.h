@@ -1,7 +1,10 @@
 // The user's settings, as the settings file had them when it was last loaded.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSDictionary.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/owned.h"
 #include "src/settings/setting_rows.h"
 
 namespace zelka {

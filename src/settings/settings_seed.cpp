@@ -1,6 +1,11 @@
 #include "src/settings/settings_seed.h"
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSDictionary.h"
+#include "src/platform/foundation/NSFileManager.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/owned.h"
 #include "src/settings/setting_rows.h"
 #include "src/util/log.h"
 

@@ -2,7 +2,9 @@
 
 #include <utility>
 
-#include "src/platform/uikit.h"
+#include "src/platform/uikit/UIApplication.h"
+#include "src/platform/uikit/UIDevice.h"
+#include "src/platform/uikit/UIScreen.h"
 #include "src/util/utility_class.h"
 
 namespace zelka {

@@ -1,7 +1,7 @@
 // The device's model.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSString.h"
 
 // A namespace of its own, after the class that offers these functions: `platform` is the library's lowest room, too.
 namespace zelka::ZLKCBUIDeviceHardware {

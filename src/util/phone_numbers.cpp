@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <memory>
 
+#include "src/platform/address_book.h"
+#include "src/platform/owned.h"
+
 namespace zelka {
 namespace {
 
@@ -12,11 +15,7 @@ constexpr bool isLayout(std::uint16_t character) {
 
 }  // namespace
 
-NSString getFormattedPhoneNumber(NSString number) {
-    // Private to the system, so it may be missing.
-    Class formatter = objc_getClass("ABPhoneFormatting");
-    return Owned<NSString>::adopt(send<NSString, "abCopyPhoneNumberFromString:">(formatter, number)).autorelease();
-}
+NSString getFormattedPhoneNumber(NSString number) { return ABPhoneFormatting::copyPhoneNumber(number).autorelease(); }
 
 NSString getPlainPhoneNumber(NSString number) {
     auto length = static_cast<std::int32_t>(number.length());

@@ -1,7 +1,7 @@
 // Phone numbers as texts. Results are +0. Any thread.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSString.h"
 
 namespace zelka {
 

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "src/platform/uikit.h"
+#include "src/platform/uikit/UIScreen.h"
 
 namespace zelka {
 
@@ -12,7 +12,7 @@ NSString bundlePicturePath(NSString name) {
     UIScreen screen = UIScreen::main();
     NSString path = bundleDirectory().appendingPathComponent(name);
     // Screens that drive display links are those of the systems that know scales.
-    if (!respondsTo(screen, selector<"displayLinkWithTarget:selector:">()) || screen.scale() < 2) {
+    if (!screen.respondsTo(selector<"displayLinkWithTarget:selector:">()) || screen.scale() < 2) {
         return path.appending(literal<".png">());
     }
     char suffix[32];

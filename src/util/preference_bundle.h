@@ -1,7 +1,7 @@
 // The files of the library's preference bundle.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSString.h"
 
 namespace zelka {
 

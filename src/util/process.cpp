@@ -1,5 +1,7 @@
 #include "src/util/process.h"
 
+#include "src/platform/foundation/NSBundle.h"
+
 namespace zelka {
 
 NSString mainBundleIdentifier() { return NSBundle::main().identifier(); }

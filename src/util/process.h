@@ -1,7 +1,7 @@
 // Which process this is.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSString.h"
 
 namespace zelka {
 

@@ -51,6 +51,14 @@ TEST_F(Categories, AnyObjectKeepsAContactId) {
     EXPECT_EQ([[[[NSObject alloc] init] autorelease] ZelkaCB_contactID], 0);
 }
 
+TEST_F(Categories, TheContactIdIsADynamicNonatomicPropertyOfEveryObject) {
+    boot();
+    objc_property_t property = class_getProperty([NSObject class], "ZelkaCB_contactID");
+    ASSERT_NE(property, nullptr);
+    EXPECT_EQ(property_getAttributes(property), "T" + std::string(@encode(NSInteger)) + ",D,N");
+    EXPECT_EQ(class_getProperty([UIView class], "ZelkaCB_contactID"), property);
+}
+
 TEST_F(Categories, AContactIdIsKeptUntilAnotherReplacesIt) {
     boot();
     NSObject* object = [[[NSObject alloc] init] autorelease];

@@ -7,12 +7,14 @@ void CFRelease(const void* reference);
 
 namespace zelka::detail {
 
-void retainObject(id object) { send<NSObject, "retain">(NSObject{object}); }
-void releaseObject(id object) { send<void, "release">(NSObject{object}); }
-void autoreleaseObject(id object) { send<NSObject, "autorelease">(NSObject{object}); }
+void retainReference(NSObject object) { send<NSObject, "retain">(object); }
 void retainReference(const void* reference) { CFRetain(reference); }
+void releaseReference(NSObject object) { send<void, "release">(object); }
 void releaseReference(const void* reference) { CFRelease(reference); }
+void autoreleaseReference(NSObject object) { send<NSObject, "autorelease">(object); }
 // CFAutorelease came with system 7; the message does the same, for what CoreFoundation counts are objects.
-void autoreleaseReference(const void* reference) { autoreleaseObject(static_cast<id>(const_cast<void*>(reference))); }
+void autoreleaseReference(const void* reference) {
+    autoreleaseReference(NSObject{static_cast<id>(const_cast<void*>(reference))});
+}
 
 }  // namespace zelka::detail

@@ -10,14 +10,25 @@
 namespace zelka {
 namespace detail {
 
-void retainObject(id object);
-void releaseObject(id object);
-void autoreleaseObject(id object);
+template <class Derived, class Base>
+concept SubclassOf = std::derived_from<Derived, Base> && !std::same_as<Derived, Base>;
+
+// By message for objects, by CFRetain and CFRelease for what CoreFoundation counts.
+void retainReference(NSObject object);
 void retainReference(const void* reference);
+void releaseReference(NSObject object);
 void releaseReference(const void* reference);
+void autoreleaseReference(NSObject object);
 void autoreleaseReference(const void* reference);
 
 }  // namespace detail
+
+template <class T>
+class Owned;
+template <class T>
+[[nodiscard]] Owned<T> adopt(T value);
+template <class T>
+[[nodiscard]] Owned<T> retain(T value);
 
 // Owns one reference (+1) to an object (T is its handle) or to a CoreFoundation-like thing (T is its reference type,
 // such as CGImageRef), and gives it back when it goes, on whichever thread that is. Copies retain; moves do not. Made
@@ -26,25 +37,24 @@ template <class T>
 class [[nodiscard]] Owned {
   public:
     constexpr Owned() = default;
-    Owned(const Owned& other) : value_(other.value_) { retainValue(); }
+    Owned(const Owned& other) : value_(other.value_) {
+        if (value_) detail::retainReference(value_);
+    }
     Owned(Owned&& other) noexcept : value_(std::exchange(other.value_, T{})) {}
     // From the handle of a subclass.
-    template <class Derived>
-    requires(std::derived_from<Derived, T> && !std::same_as<Derived, T>) Owned(Owned<Derived> other)
-    noexcept : value_(other.leak()) {}
+    template <detail::SubclassOf<T> Derived>
+    Owned(Owned<Derived> other) noexcept : value_(other.leak()) {}
     Owned& operator=(Owned other) noexcept {
         std::swap(value_, other.value_);
         return *this;
     }
-    ~Owned() { releaseValue(); }
+    ~Owned() {
+        if (value_) detail::releaseReference(value_);
+    }
 
     // The older spellings of the functions adopt and retain.
-    static Owned adopt(T value) { return Owned(value); }
-    static Owned retain(T value) {
-        Owned owned(value);
-        owned.retainValue();
-        return owned;
-    }
+    static Owned adopt(T value) { return zelka::adopt(value); }
+    static Owned retain(T value) { return zelka::retain(value); }
 
     // The value, unowned (+0): valid as long as something owns it.
     T get() const { return value_; }
@@ -57,12 +67,7 @@ class [[nodiscard]] Owned {
     // Hands the reference to the innermost autorelease pool of this thread (+0).
     [[nodiscard]] T autorelease() {
         T value = leak();
-        if (!value) return value;
-        if constexpr (std::is_pointer_v<T>) {
-            detail::autoreleaseReference(value);
-        } else {
-            detail::autoreleaseObject(value.object);
-        }
+        if (value) detail::autoreleaseReference(value);
         return value;
     }
 
@@ -72,37 +77,20 @@ class [[nodiscard]] Owned {
 
     explicit constexpr Owned(T value) : value_(value) {}
 
-    void retainValue() {
-        if (!value_) return;
-        if constexpr (std::is_pointer_v<T>) {
-            detail::retainReference(value_);
-        } else {
-            detail::retainObject(value_.object);
-        }
-    }
-
-    void releaseValue() {
-        if (!value_) return;
-        if constexpr (std::is_pointer_v<T>) {
-            detail::releaseReference(value_);
-        } else {
-            detail::releaseObject(value_.object);
-        }
-    }
-
     T value_{};
 };
 
 // Takes over the reference that a Create or Copy function, alloc, new, copy or init returned (+1).
 template <class T>
-[[nodiscard]] Owned<T> adopt(T value) {
+Owned<T> adopt(T value) {
     return Owned<T>(value);
 }
 
 // Adds a reference to a value that somebody else owns (+0).
 template <class T>
-[[nodiscard]] Owned<T> retain(T value) {
-    return Owned<T>::retain(value);
+Owned<T> retain(T value) {
+    if (value) detail::retainReference(value);
+    return adopt(value);
 }
 
 // The value, never given back: for what lives as long as the process. A comment at the call says why.

@@ -93,7 +93,7 @@ inline SEL selector() {
     return known;
 }
 
-// The class of that name, or nil in a process that lacks it, which is looked for again by the next call. Any thread.
+// The class of that name, or nil in a process that lacks it; the next call then looks it up once more. Any thread.
 template <FixedString name>
 inline Class optionalClass() {
     Class known = detail::cachedClass<name>.load(std::memory_order_relaxed);

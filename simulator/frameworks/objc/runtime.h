@@ -8,7 +8,7 @@
 
 extern "C" {
 
-// Sends a message. Call it cast to the method's exact type. A message to nil answers zero, in every kind of result
+// Sends a message. Call it cast to the method's exact type. A message to nil returns zero, in every kind of result
 // register.
 void objc_msgSend(void);
 // The same for methods that return a structure in memory, where the calling convention passes its address first

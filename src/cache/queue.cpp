@@ -13,6 +13,7 @@ constinit NSOperationQueue theQueue;
 
 NSOperationQueue queue() {
     initialiseUtilityClass();
+    // Rows need it as long as the process lives.
     dispatchOnce(queueOnce, [] { theQueue = keepForever(NSOperationQueue::create()); });
     return theQueue;
 }

@@ -18,6 +18,7 @@ constexpr std::int32_t kMaxReadCount = 4;
 NSCharacterSet separators() {
     static constinit std::intptr_t once = 0;
     static constinit NSCharacterSet set;
+    // Made once for the process.
     dispatchOnce(once, [] { set = keepForever(retain(NSCharacterSet::alphanumeric().inverted())); });
     return set;
 }

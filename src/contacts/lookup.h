@@ -16,25 +16,25 @@ UIImage getImageFromImageData(NSData data, ABRecordID contactID);
 
 // What a lookup shows when there is neither a photo nor a monogram.
 enum class LastResort {
-    nothing,        // the cached picture, if there is one
+    nothing,        // nil
     recentPicture,  // the "recent" picture, which is not stored
     keptPicture,    // the "recent" picture, stored under the contact, so that nobody looks for it again
 };
 
-// Where one kind of lookup takes its pictures from. Photo returns the bytes of a photo, Monogram a picture; nil leads
-// on to what comes next.
+// Where one kind of lookup takes its pictures from: `photo` returns the bytes of a photo (NSData), `monogram` a picture
+// (UIImage); either returns nil when it has none.
 template <class Photo, class Monogram>
 struct LookupPolicy {
     Photo photo;
     Monogram monogram;
     LastResort lastResort = LastResort::nothing;
-    bool ignoresCache = false;  // makes a new picture even though one is cached
+    bool ignoresCache = false;  // a cached picture is shown only before the last resort
 };
 
 template <class Photo, class Monogram>
 LookupPolicy(Photo, Monogram, LastResort = {}, bool = {}) -> LookupPolicy<Photo, Monogram>;
 
-// Returns the contact's picture after the last resort's rules; stores what they store.
+// The picture that the last resort stands for; nil for `nothing`.
 UIImage lastResortPicture(LastResort lastResort, ABRecordID contactID);
 
 // The contact's cached picture; else its photo, which is stored under the contact; else its monogram; else the last

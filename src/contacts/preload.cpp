@@ -60,6 +60,7 @@ void prepareImageCache() {
 }
 
 bool canprepareImageCache() {
+    // A process does not change its device.
     dispatchOnce(deviceNameOnce, [] { deviceName = keepForever(retain(ZLKCBUIDeviceHardware::platformString())); });
     NSString family = literal<"iPhone">();
     if (!deviceName.hasPrefix(family)) return false;

@@ -16,6 +16,7 @@ constinit NSObject theInstance;
 
 // The process's one object of the class ZelkaCBUtils, which holds nothing (+0).
 NSObject ZelkaCBUtilsInstance() {
+    // Whoever was given it may keep it.
     dispatchOnce(instanceOnce, [] { theInstance = keepForever(allocInit<NSObject>(platformClass<"ZelkaCBUtils">())); });
     return theInstance;
 }

@@ -4,7 +4,6 @@
 
 #include "src/platform/foundation/NSString.h"
 #include "src/platform/system.h"
-#include "src/platform/transition.h"
 
 using ABAddressBookRef = const void*;
 using ABRecordRef = const void*;

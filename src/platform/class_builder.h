@@ -6,7 +6,6 @@
 
 #include "src/platform/encoding.h"
 #include "src/platform/runtime.h"
-#include "src/platform/transition.h"
 
 namespace zelka {
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "src/platform/foundation/NSString.h"
-#include "src/platform/transition.h"
 
 using CFNotificationCenterRef = struct __CFNotificationCenter*;
 using CFStringRef = const struct __CFString*;

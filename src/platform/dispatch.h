@@ -5,7 +5,6 @@
 #include <cstdint>
 
 #include "src/platform/block.h"
-#include "src/platform/transition.h"
 
 extern "C" {
 struct dispatch_queue_s;

@@ -3,7 +3,6 @@
 
 #include "src/platform/encoding.h"
 #include "src/platform/runtime.h"
-#include "src/platform/transition.h"
 
 // The injector's function for replacing a method. Stores the implementation that the class had, its own or inherited,
 // before it installs the replacement; does nothing for a nil class.

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "src/platform/foundation/NSString.h"
-#include "src/platform/transition.h"
 
 namespace zelka {
 

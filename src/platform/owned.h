@@ -52,10 +52,6 @@ class [[nodiscard]] Owned {
         if (value_) detail::releaseReference(value_);
     }
 
-    // The older spellings of the functions adopt and retain.
-    static Owned adopt(T value) { return zelka::adopt(value); }
-    static Owned retain(T value) { return zelka::retain(value); }
-
     // The value, unowned (+0): valid as long as something owns it.
     T get() const { return value_; }
     const T* operator->() const requires ObjectHandle<T> { return &value_; }

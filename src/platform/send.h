@@ -102,5 +102,3 @@ inline Result sendSuper(Receiver receiver, Arguments... arguments) {
 }
 
 }  // namespace zelka
-
-using namespace zelka;  // until the other folders are converted

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "src/platform/owned.h"
-#include "src/platform/transition.h"
 
 extern "C" {
 id objc_initWeak(id* slot, id object);

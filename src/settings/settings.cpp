@@ -18,8 +18,8 @@ std::atomic_ref<BOOL> variable(ZLKCBSettings settings, Setting setting) {
     static constinit std::atomic<std::ptrdiff_t> firstOffset{0};
     std::ptrdiff_t offset = firstOffset.load(std::memory_order_relaxed);
     if (offset == 0) [[unlikely]] {
-        const char* first = kVariableName<Setting{}>.c_str();
-        offset = ivar_getOffset(class_getInstanceVariable(platformClass<ZLKCBSettings>(), first));
+        const char* name = kVariableName<Setting{}>.c_str();
+        offset = ivar_getOffset(class_getInstanceVariable(platformClass<ZLKCBSettings>(), name));
         firstOffset.store(offset, std::memory_order_relaxed);
     }
     auto* first = reinterpret_cast<BOOL*>(settings.object) + offset;

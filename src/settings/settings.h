@@ -17,7 +17,7 @@ inline NSString settingsChangedNotification() { return literal<"com.norvex.Zelka
 // settings in the order of their rows, one byte after the other. Any thread.
 struct ZLKCBSettings : NSObject {
     // The one instance (+0), made and loaded by the first call, of whichever class that one names.
-    static ZLKCBSettings sharedSettings(Class cls = platformClass<"ZLKCBSettings">());
+    static ZLKCBSettings sharedSettings(Class cls = platformClass<ZLKCBSettings>());
     // The dictionary in the file as an immutable copy (+1); nothing when none can be read.
     static Owned<NSDictionary> settingsDictionary(NSString path);
 

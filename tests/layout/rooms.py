@@ -134,8 +134,9 @@ def main():
     root = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parents[2]
     found = list(lines(root))
     edges = [(path, number, match.group(1)) for path, number, text in found if (match := INCLUDE.match(text))]
-    if not edges:
-        sys.exit(f"{root}: no includes found")
+    for tree in TREES:
+        if not any(path.startswith(tree + "/") for path, _, _ in edges):
+            sys.exit(f"{root / tree}: no includes found")
     faults = [*room_faults(root, edges), *message_faults(found)]
     for circle in circles(edges):
         faults.append("a circle of includes:\n" + "\n".join(f'    {s}:{n}: includes "{t}"' for s, n, t in circle))

@@ -1,7 +1,9 @@
 #include "src/cache/contact_id_memo.h"
 
 #include "src/cache/object_map.h"
+#include "src/platform/foundation/NSValue.h"
 
+namespace zelka {
 namespace {
 
 constinit ObjectMap theMemo;
@@ -19,3 +21,5 @@ void forgetContactID(ABRecordID contactID) {
 }
 
 void forgetAllContactIDs() { theMemo.clear(); }
+
+}  // namespace zelka

@@ -1,13 +1,16 @@
-// The map behind the image cache and the contact-ID memo: platform objects by keys that answer hash and isEqual:. Any
-// thread, without a lock.
+// The map behind the image cache and the contact-ID memo: platform objects by keys, which are compared by hash and
+// isEqual:. Any thread, without a lock.
 #pragma once
 
 #include "src/cache/lock_free_map.h"
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/owned.h"
+
+namespace zelka {
 
 struct ObjectIdentity {
-    static std::size_t hash(NSObject key) { return send<NSUInteger, "hash">(key); }
-    static bool equal(NSObject left, NSObject right) { return left == right || send<bool, "isEqual:">(left, right); }
+    static std::size_t hash(NSObject key) { return key.hash(); }
+    static bool equal(NSObject left, NSObject right) { return left == right || left.isEqual(right); }
     static std::size_t hash(const Owned<NSObject>& key) { return hash(key.get()); }
     static bool equal(const Owned<NSObject>& left, NSObject right) { return equal(left.get(), right); }
     static bool equal(const Owned<NSObject>& left, const Owned<NSObject>& right) { return equal(left, right.get()); }
@@ -21,7 +24,7 @@ class ObjectMap {
     T value(NSObject key) const {
         return as<T>(map_.value(key).autorelease());
     }
-    void store(NSObject object, NSObject key) { map_.store(copyOf(key), Owned<NSObject>::retain(object)); }
+    void store(NSObject object, NSObject key) { map_.store(copyOf(key), retain(object)); }
     void remove(NSObject key) { map_.remove(key); }
     // Removes the first entry, in the map's own order, whose value the predicate takes.
     template <ObjectHandle T, class Predicate>
@@ -33,3 +36,5 @@ class ObjectMap {
   private:
     LockFreeMap<Owned<NSObject>, ObjectIdentity> map_;
 };
+
+}  // namespace zelka

@@ -2,8 +2,10 @@
 
 #include "src/cache/reclaimer.h"
 #include "src/platform/dispatch.h"
+#include "src/platform/owned.h"
 #include "src/util/utility_class.h"
 
+namespace zelka {
 namespace {
 
 constinit std::intptr_t addressBookOnce = 0;
@@ -20,27 +22,17 @@ constinit Reclaimer theReclaimer;
 
 }  // namespace
 
-namespace ZelkaCBUtils {
-
 ABAddressBookRef getAddressBook() {
     initialiseUtilityClass();
-    dispatchOnce(addressBookOnce,
-                 [] { theBook.store(new SharedBook(Owned<ABAddressBookRef>::adopt(ABAddressBookCreate()))); });
+    dispatchOnce(addressBookOnce, [] { theBook.store(new SharedBook(adopt(ABAddressBookCreate()))); });
     Reclaimer::Reading reading(theReclaimer);
     SharedBook* shared = theBook.load();
     return shared != nullptr ? Owned(shared->book).autorelease() : nullptr;
 }
 
-std::span<const MethodRow> sharedAddressBookMethods() {
-    static constexpr MethodRow rows[] = {
-        classMethod<"getAddressBook", ABAddressBookRef(), &getAddressBook>(),
-    };
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
-
 void releaseSharedAddressBook() {
     Reclaimer::Reading reading(theReclaimer);
     if (SharedBook* shared = theBook.exchange(nullptr)) theReclaimer.retire(shared);
 }
+
+}  // namespace zelka

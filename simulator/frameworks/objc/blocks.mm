@@ -7,7 +7,7 @@
 
 namespace {
 
-// A block and its descriptor, as the public Block ABI lays them out.
+// A block and its descriptor, as Clang's "Block Implementation Specification" lays them out.
 struct Descriptor {
     unsigned long reserved;
     unsigned long size;

@@ -63,7 +63,7 @@ constexpr std::uintptr_t kAssociationRetainNonatomic = 1;
 // A trivially copyable value that holds one unowned object pointer and nothing else, so that it is passed and returned
 // as the pointer itself.
 template <class T>
-concept ObjectHandle = std::is_trivially_copyable_v<T> && sizeof(T) == sizeof(id) && requires(T handle) {
+concept ObjectHandle = std::is_trivially_copyable_v<T> && sizeof(T) == sizeof(void*) && requires(T handle) {
     { handle.object } -> std::same_as<id&>;
 };
 

@@ -47,10 +47,10 @@ void objc_destroyWeak(id* slot);
 // not write them for this runtime. Returns NO when the class itself has one of that name. class_getProperty,
 // class_copyPropertyList, property_getName and property_getAttributes, declared by the runtime's own header, find them.
 // Any thread.
-typedef struct {
+struct objc_property_attribute_t {
     const char* name;
     const char* value;
-} objc_property_attribute_t;
+};
 BOOL class_addProperty(Class cls, const char* name, const objc_property_attribute_t* attributes, unsigned count);
 
 // Blocks, per the public Block ABI. `_Block_copy`, which returns a heap block owned by the caller (+1), and

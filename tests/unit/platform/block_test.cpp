@@ -48,12 +48,13 @@ TEST_F(Blocks, AreTheRuntimesCopiesOfAStackBlock) {
 
 TEST_F(Blocks, MoveTheirCallableAndNeverCopyIt) {
     struct Callable {
-        std::unique_ptr<int> owned;
+        explicit Callable(std::shared_ptr<std::atomic<int>> runs) : runs(std::move(runs)) {}
+        Callable(Callable&&) noexcept = default;
+        void operator()() const { *runs += 5; }
         std::shared_ptr<std::atomic<int>> runs;
-        void operator()() { *runs += *owned; }
     };
     {
-        Owned<Block> block = makeBlock(Callable{std::make_unique<int>(5), runs});
+        Owned<Block> block = makeBlock(Callable(runs));
         EXPECT_EQ(runs.use_count(), 2);
         auto* literal = reinterpret_cast<detail::BlockLiteral<Callable>*>(block.get().object);
         literal->invoke(literal);

@@ -81,6 +81,7 @@ TEST_F(Object, ReadsInstanceVariables) {
                                              ivar<NSObject>("_object")};
     Class cls = registerClass("RegisteredHandle", kVariables, {}, {});
     Owned<RegisteredHandle> object = allocInit<RegisteredHandle>();
+    ASSERT_TRUE(static_cast<bool>(object));
     auto* bytes = reinterpret_cast<char*>(object.get().object);
     bytes[variableOffset(cls, "_on")] = 1;
     *reinterpret_cast<id*>(bytes + variableOffset(cls, "_object")) = text.object;

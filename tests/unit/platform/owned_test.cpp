@@ -97,7 +97,6 @@ TEST(Owned, BecomesTheOwnerUnderASuperclassesHandle) {
     Owned<NSString> copy = text;
     EXPECT_EQ(countOf(object), 2U);
     Owned<NSObject> moved = std::move(text);
-    EXPECT_FALSE(static_cast<bool>(text));
     EXPECT_EQ(moved.get(), object);
     EXPECT_EQ(countOf(object), 2U);
     moved = std::move(copy);

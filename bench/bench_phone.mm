@@ -12,6 +12,7 @@
 #include "simulator/maker/contacts/address_book_builder.h"
 #include "simulator/maker/contacts/photo.h"
 #include "simulator/maker/make_root.h"
+#include "simulator/runtime/process/injector.h"
 #include "simulator/runtime/process/process.h"
 
 // A table whose one cell is always free, as a table's cells are while it scrolls.
@@ -41,8 +42,8 @@ constexpr int kCalls = 20;
     std::exit(1);
 }
 
-void require(const phone::Status& status) {
-    if (!status.ok()) fail(status.text());
+void requireDone(const phone::Status& status) {
+    if (!status) fail(phone::problemOf(status));
 }
 
 // The file as a thumbnail of the kind that nearly every contact has on a phone; empty when it is no picture.
@@ -50,7 +51,7 @@ std::string jpegThumbnail(const fs::path& file) {
     constexpr unsigned kWhite = 0xFFFFFF;
     GdkPixbuf* picture = gdk_pixbuf_new_from_file(file.c_str(), nullptr);
     if (picture == nullptr) return {};
-    constexpr int kSide = phone::kThumbnailSide;
+    constexpr int kSide = maker::kThumbnailSide;
     GdkPixbuf* opaque = gdk_pixbuf_new(GDK_COLORSPACE_RGB, FALSE, 8, kSide, kSide);
     gdk_pixbuf_composite_color(picture, opaque, 0, 0, kSide, kSide, 0, 0, double(kSide) / gdk_pixbuf_get_width(picture),
                                double(kSide) / gdk_pixbuf_get_height(picture), GDK_INTERP_BILINEAR, 255, 0, 0, kSide,
@@ -70,50 +71,50 @@ std::vector<std::string> thumbnails() {
     for (const auto& entry : fs::directory_iterator(kSamplePhotos, error)) {
         if (std::string thumbnail = jpegThumbnail(entry.path()); !thumbnail.empty()) made.push_back(thumbnail);
     }
-    if (made.empty()) made.push_back(phone::plainThumbnail(0x2E6F95));
+    if (made.empty()) made.push_back(maker::plainThumbnail(0x2E6F95));
     return made;
 }
 
-void fillBook(phone::AddressBookBuilder& book) {
+void fillBook(maker::AddressBookBuilder& book) {
     const std::vector<std::string> photos = thumbnails();
     for (int contact = 1; contact <= kPhotos + kPlain + kLinked; ++contact) {
-        phone::Person person;
+        maker::Person person;
         person.first = "Ann" + std::to_string(contact);
         person.last = "Lee" + std::to_string(contact);
         const int linkedWith = contact - kPhotos - kPlain;
         if (linkedWith > 0) person.linkedAs = "person" + std::to_string(linkedWith);
         if (contact <= kLinked) person.linkedAs = "person" + std::to_string(contact);
         auto added = book.addPerson(person);
-        if (!added.ok()) fail(added.text());
+        if (!added) fail(phone::problemOf(added));
         if (contact <= kPhotos)
-            require(book.setThumbnail(contact, photos[static_cast<std::size_t>(contact) % photos.size()]));
+            requireDone(book.setThumbnail(contact, photos[static_cast<std::size_t>(contact) % photos.size()]));
     }
     for (int number = 1; number <= kCalls; ++number) {
-        phone::Call call;
+        maker::Call call;
         call.address = "+1 212 555 01" + std::to_string(10 + number);
         call.date = 1e9 + number * 1000;
         call.contact = number;
         call.name = "Ann Lee";
         auto added = book.addCall(call);
-        if (!added.ok()) fail(added.text());
+        if (!added) fail(phone::problemOf(added));
     }
 }
 
 }  // namespace
 
 void makePhone(const fs::path& root) {
-    phone::RootOptions options;
+    maker::RootOptions options;
     options.root = root;
     options.noCalls = true;
-    options.library = ZELKA_LIBRARY;
-    options.filter = ZELKA_FILTER;
-    options.settingsBundle = ZELKA_BUNDLE;
-    auto made = phone::makeRoot(options);
-    if (!made.ok()) fail(made.text());
-    auto book = phone::AddressBookBuilder::open(root);
-    if (!book.ok()) fail(book.text());
+    options.extension.library = ZELKA_LIBRARY;
+    options.extension.filter = ZELKA_FILTER;
+    options.extension.settingsBundle = ZELKA_BUNDLE;
+    auto made = maker::makeRoot(options);
+    if (!made) fail(phone::problemOf(made));
+    auto book = maker::AddressBookBuilder::open(root);
+    if (!book) fail(phone::problemOf(book));
     fillBook(*book);
-    require(book->finish());
+    requireDone(book->finish());
 }
 
 void boot(const fs::path& root) { phone::boot(root, "com.apple.springboard"); }

@@ -232,7 +232,7 @@ void preloadBare(benchmark::State& state) {
 // From a notification's posting until the screen has come to rest.
 void redraw(const char* notification) {
     @autoreleasepool {
-        phone::postNotification(root, notification);
+        phone::require(phone::postNotification(root, notification));
         phone::settle(10);
         [CallBarWindow() layoutIfNeeded];
         phone::settle(10);

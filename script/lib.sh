@@ -1,6 +1,16 @@
 # Shared by the scripts beside it, which source it after `set -euo pipefail`.
 # shellcheck shell=bash
 
+# The comment at the top of a script is its help, if it says how the script is used.
+case " $* " in
+    *" --help "* | *" -h "*)
+        if grep -q '^# usage: ' "$0"; then
+            sed -n '2,${/^#/!q;s/^# \{0,1\}//p}' "$0"
+            exit 0
+        fi
+        ;;
+esac
+
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 
 JOBS="${JOBS:-$(nproc)}"
@@ -14,7 +24,7 @@ fail() {
     exit 1
 }
 
-# step NAME COMMAND...: runs a command under a heading and tells how long it took. A failing command ends the script.
+# step NAME COMMAND...: runs a command under a heading and says how long it took. A failing command ends the script.
 step() {
     local name="$1" begin=$SECONDS
     shift

@@ -9,21 +9,21 @@
 namespace stress {
 namespace {
 
-phone::Database opened(const std::filesystem::path& file) {
-    auto database = phone::Database::openToRead(file);
-    if (!database.ok()) throw std::runtime_error(database.text());
+maker::Database opened(const std::filesystem::path& file) {
+    auto database = maker::Database::openToRead(file);
+    if (!database) throw std::runtime_error(phone::problemOf(database));
     return std::move(*database);
 }
 
 }  // namespace
 
 ExpectedPictures::ExpectedPictures(const std::filesystem::path& root) {
-    const phone::Database images = opened(root / phone::imagesShape().path);
-    phone::Statement thumbnails =
+    const maker::Database images = opened(root / maker::imagesShape().path);
+    maker::Statement thumbnails =
         images.prepare("SELECT record_id FROM ABThumbnailImage WHERE format = 0 AND length(data)");
     while (thumbnails.step()) photos_.insert(thumbnails.integer(0));
-    const phone::Database book = opened(root / phone::addressBookShape().path);
-    phone::Statement pairs = book.prepare(
+    const maker::Database book = opened(root / maker::addressBookShape().path);
+    maker::Statement pairs = book.prepare(
         "SELECT a.ROWID, b.ROWID FROM ABPerson a JOIN ABPerson b ON b.PersonLink = a.PersonLink WHERE a.PersonLink > "
         "0");
     while (pairs.step()) linked_[pairs.integer(0)].insert(pairs.integer(1));

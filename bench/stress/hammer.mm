@@ -25,6 +25,7 @@
 #include "simulator/maker/database/schema.h"
 #include "simulator/runtime/file_system/phone_root.h"
 #include "simulator/runtime/notifications/notification_log.h"
+#include "simulator/runtime/process/injector.h"
 #include "simulator/runtime/process/process.h"
 
 @protocol ZelkaCBUtils
@@ -91,18 +92,18 @@ void check(UIImage* picture, int contact) {
     if (!seen || !seen->isNear(photo->second)) ++counts.wrongPictures;
 }
 
-phone::Database openDatabase(const std::filesystem::path& path) {
-    auto database = phone::Database::openToRead(phone::root() / path);
+maker::Database openDatabase(const std::filesystem::path& path) {
+    auto database = maker::Database::openToRead(phone::root() / path);
     if (!database) {
-        std::fprintf(stderr, "stress_hammer: %s\n", database.text().c_str());
+        std::fprintf(stderr, "stress_hammer: %s\n", phone::problemOf(database).c_str());
         std::exit(1);
     }
     return std::move(*database);
 }
 
 void readPhotos() {
-    const phone::Database images = openDatabase(phone::imagesShape().path);
-    phone::Statement rows = images.prepare("SELECT record_id, data FROM ABThumbnailImage WHERE format = 0");
+    const maker::Database images = openDatabase(maker::imagesShape().path);
+    maker::Statement rows = images.prepare("SELECT record_id, data FROM ABThumbnailImage WHERE format = 0");
     while (rows.step()) {
         @autoreleasepool {
             const int contact = rows.integer(0);
@@ -114,12 +115,12 @@ void readPhotos() {
 }
 
 void readBook(int limit) {
-    const phone::Database book = openDatabase(phone::addressBookShape().path);
-    phone::Statement people = book.prepare("SELECT ROWID FROM ABPerson WHERE ROWID <= ? ORDER BY ROWID");
+    const maker::Database book = openDatabase(maker::addressBookShape().path);
+    maker::Statement people = book.prepare("SELECT ROWID FROM ABPerson WHERE ROWID <= ? ORDER BY ROWID");
     people.bind(1, limit);
     while (people.step()) expected.contacts.push_back(people.integer(0));
     // Addresses that are no other address's ending, and phone numbers in full.
-    phone::Statement addresses = book.prepare(
+    maker::Statement addresses = book.prepare(
         "SELECT value, record_id FROM ABMultiValue v WHERE record_id <= ?1 AND (property = 3 AND value LIKE '+%' OR "
         "property = 4 AND record_id > 1000) AND (SELECT count(*) FROM ABMultiValue o WHERE o.value = v.value) = 1");
     addresses.bind(1, limit * 4);
@@ -197,8 +198,9 @@ void showRow(std::mt19937& random) {
     std::mt19937 random([seed unsignedIntValue]);
     while (!isOver) {
         const bool settings = random() % 8 == 0;
-        phone::postNotification(phone::root(), settings ? "com.norvex.ZelkaCBRecentsEnabledNotification"
-                                                        : "__ABDataBaseChangedByOtherProcessNotification");
+        phone::require(phone::postNotification(phone::root(), settings
+                                                                  ? "com.norvex.ZelkaCBRecentsEnabledNotification"
+                                                                  : "__ABDataBaseChangedByOtherProcessNotification"));
         ++counts.changes;
         [NSThread sleepForTimeInterval:1.0 / kPostsPerSecond];
     }

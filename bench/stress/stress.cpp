@@ -91,15 +91,15 @@ Ended run(const std::vector<std::string>& words, int output, double seconds) {
 }
 
 fs::path makePhone(const fs::path& directory, const char* name) {
-    phone::RootOptions wanted;
+    maker::RootOptions wanted;
     wanted.root = directory / name;
     wanted.contactsCount = options.contacts;
-    wanted.library = options.library;
-    wanted.filter = ZELKA_FILTER;
-    wanted.settingsBundle = ZELKA_BUNDLE;
-    auto made = phone::makeRoot(wanted);
-    if (!made.ok()) {
-        std::fprintf(stderr, "stress: %s\n", made.text().c_str());
+    wanted.extension.library = options.library;
+    wanted.extension.filter = ZELKA_FILTER;
+    wanted.extension.settingsBundle = ZELKA_BUNDLE;
+    auto made = maker::makeRoot(wanted);
+    if (!made) {
+        std::fprintf(stderr, "stress: %s\n", phone::problemOf(made).c_str());
         std::exit(1);
     }
     return wanted.root;

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "simulator/runtime/macho/image.h"
+#include "simulator/runtime/macho/image_reader.h"
 #include "simulator/runtime/macho/unwind.h"
 
 namespace {
@@ -41,16 +41,15 @@ void translate(const Image& image) {
         std::copy(segment.contents.begin(), segment.contents.end(),
                   memory.begin() + static_cast<std::ptrdiff_t>(segment.address - begin));
     }
-    std::vector<std::uint8_t> frames;
-    static_cast<void>(phone::macho::translateUnwindInfo(image, reinterpret_cast<const char*>(memory.data()), frames));
+    static_cast<void>(phone::macho::translateUnwindInfo(image, reinterpret_cast<const char*>(memory.data())));
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Image image;
-    if (!phone::macho::readImage({data, size}, image).empty()) return 0;
-    checkPlaces(image);
-    translate(image);
+    const phone::Result<Image> image = phone::macho::readImage({data, size});
+    if (!image) return 0;
+    checkPlaces(*image);
+    translate(*image);
     return 0;
 }

@@ -11,7 +11,7 @@ void fuzz::encodings(Bytes input) {
     std::string left(input.begin(), end), right(end == input.end() ? end : end + 1, input.end());
     left.shrink_to_fit();
     right.shrink_to_fit();
-    const bool agree = platform::encodingsAgree(left.c_str(), right.c_str());
-    if (agree != platform::encodingsAgree(right.c_str(), left.c_str())) fail("it depends on which comes first");
-    if (!platform::encodingsAgree(left.c_str(), left.c_str())) fail("an encoding that does not agree with itself");
+    const bool agree = zelka::detail::encodingsAgree(left.c_str(), right.c_str());
+    if (agree != zelka::detail::encodingsAgree(right.c_str(), left.c_str())) fail("it depends on which comes first");
+    if (!zelka::detail::encodingsAgree(left.c_str(), left.c_str())) fail("an encoding that does not agree with itself");
 }

@@ -74,8 +74,8 @@ void bootPhone() {
     std::filesystem::create_symlink("/dev/null", fuzz::root().host("/tmp/ZelkaCB.log"));
     phone::boot(fuzz::root().path(), "com.apple.springboard");
     @autoreleasepool {
-        const std::string problem = phone::loadLibrary(ZELKA_LIBRARY);
-        if (!problem.empty()) fuzz::fail(problem);
+        const phone::Status loaded = phone::loadLibrary(ZELKA_LIBRARY);
+        if (!loaded) fuzz::fail(loaded.error().message);
     }
 }
 

@@ -1,7 +1,7 @@
 // Any bytes in the place of the settings file, where the library loads it and where it makes it complete.
 
 #include "fuzz/phone/target.h"
-#include "src/bootstrap/settings_seed.h"
+#include "src/settings/settings_seed.h"
 #include "tests/support/zelkacb.h"
 
 namespace {
@@ -49,6 +49,6 @@ void fuzz::settings(Bytes input) {
     root().write(kFile, text(input));
     NSDictionary* before = stored();
     checkLoaded(before);
-    seedSettingsFile();
+    zelka::seedSettingsFile();
     checkSeeded(before);
 }

@@ -82,13 +82,13 @@ void checkColor(NSString* text, const std::u16string& units) {
 }
 
 bool makeAddressBook() {
-    phone::AddressBookBuilder book = phone::AddressBookBuilder::open(fuzz::root().path()).value();
-    phone::Person person;
+    maker::AddressBookBuilder book = maker::AddressBookBuilder::open(fuzz::root().path()).value();
+    maker::Person person;
     person.first = "Ann";
     person.phones = {{"+1 555 010 0199", ""}};
     person.emails = {{"ann@example.com", ""}};
     (void)book.addPerson(person).value();
-    return book.finish().ok();
+    return book.finish().has_value();
 }
 
 }  // namespace

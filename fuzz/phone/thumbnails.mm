@@ -12,7 +12,7 @@ void fuzz::thumbnails(Bytes input) {
     } else if (picture == nil || [picture size].width != 80 || [picture size].height != 80 || [picture scale] != 1) {
         fail("not a picture of 80 x 80 points");
     }
-    phone::Result<phone::Photo> photo = phone::makePhoto(text(input));
+    phone::Result<maker::Photo> photo = maker::makePhoto(text(input));
     if (photo && photo->thumbnail.empty()) fail("a thumbnail of no bytes");
-    if (!photo && photo.text().empty()) fail("a failure that does not say why");
+    if (!photo && phone::problemOf(photo).empty()) fail("a failure that does not say why");
 }

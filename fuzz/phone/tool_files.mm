@@ -13,23 +13,23 @@ namespace fuzz {
 
 void vcards(Bytes input) {
     root().write("/tmp/contacts.vcf", text(input));
-    phone::Result<phone::ImportedContacts> contacts = phone::importVCards(root().host("/tmp/contacts.vcf"));
+    phone::Result<maker::ImportedContacts> contacts = maker::importVCards(root().host("/tmp/contacts.vcf"));
     if (!contacts) {
-        if (contacts.text().empty()) fail("a failure that does not say why");
+        if (phone::problemOf(contacts).empty()) fail("a failure that does not say why");
         return;
     }
     if (contacts->persons.empty()) fail("neither contacts nor a failure");
-    for (const phone::Person& person : contacts->persons) (void)person.displayName();
+    for (const maker::Person& person : contacts->persons) (void)person.displayName();
 }
 
 void calls(Bytes input) {
     root().write("/tmp/calls.csv", text(input));
-    phone::Result<std::vector<phone::WrittenCall>> calls = phone::readCallFile(root().host("/tmp/calls.csv"), 1e9);
+    phone::Result<std::vector<maker::WrittenCall>> calls = maker::readCallFile(root().host("/tmp/calls.csv"), 1e9);
     if (!calls) {
-        if (calls.text().empty()) fail("a failure that does not say why");
+        if (phone::problemOf(calls).empty()) fail("a failure that does not say why");
         return;
     }
-    for (const phone::WrittenCall& call : *calls) {
+    for (const maker::WrittenCall& call : *calls) {
         if (call.call.duration < 0) fail("a call that cannot be");
     }
 }
@@ -38,24 +38,25 @@ static std::filesystem::path deviceFolder() { return root().path() / "other"; }
 
 // What is read after the device was written.
 static phone::Device rewritten(const phone::Device& device) {
-    phone::Device again;
-    if (!phone::writeDevice(deviceFolder(), device).empty() || !phone::readDevice(deviceFolder(), again).empty())
-        fail("what was read cannot be written and read again");
-    return again;
+    const phone::Result<phone::Device> reread =
+        phone::writeDevice(deviceFolder(), device).and_then([] { return phone::readDevice(deviceFolder()); });
+    if (!reread) fail("what was read cannot be written and read again");
+    return *reread;
 }
 
 void device(Bytes input) {
     const std::filesystem::path folder = deviceFolder();
     root().write("/other/device.plist", text(input));
-    phone::Device read;
-    if (!phone::readDevice(folder, read).empty()) {
-        if (!(read == phone::Device())) fail("half a device was read");
+    const phone::Result<phone::Device> read = phone::readDevice(folder);
+    if (!read) {
+        if (read.error().message.empty()) fail("a failure that does not say why");
         return;
     }
-    if (!(read.scale >= 0.5 && read.scale <= 8 && read.width >= 1 && read.orientation >= 1 && read.orientation <= 4))
+    if (!(read->scale >= 0.5 && read->scale <= 8 && read->width >= 1 && read->orientation >= 1 &&
+          read->orientation <= 4))
         fail("a device that cannot be");
     // Numbers are written with fifteen digits; what they have become then stays.
-    if (!(rewritten(rewritten(read)) == rewritten(read)))
+    if (!(rewritten(rewritten(*read)) == rewritten(*read)))
         fail("what was written is not what is read and written again");
 }
 

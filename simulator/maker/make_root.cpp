@@ -14,16 +14,15 @@
 #include "simulator/maker/database/adopt.h"
 #include "simulator/maker/database/database.h"
 #include "simulator/maker/database/schema.h"
-#include "simulator/maker/install/install.h"
 #include "simulator/phone_number/phone_number.h"
 #include "simulator/runtime/process/device_profiles.h"
 
-namespace phone {
+namespace maker {
 namespace {
 
 namespace fs = std::filesystem;
 
-// Folders above a place, made if they are missing; gone again unless they are kept or something came to be in them.
+// Folders above a place, made if they are missing, and removed in the end unless they are kept or are no longer empty.
 class FoldersAbove {
   public:
     explicit FoldersAbove(const fs::path& place) {
@@ -48,15 +47,15 @@ class FoldersAbove {
     std::vector<fs::path> made_;  // the innermost first
 };
 
-// A directory beside the root's place that is gone again unless it was moved there.
+// A directory beside the root's place, removed in the end unless it was moved there.
 class Workshop {
   public:
     static Result<Workshop> beside(const fs::path& root) {
         FoldersAbove folders(root);
         std::string pattern = (root.parent_path() / ("." + root.filename().string() + ".XXXXXX")).string();
         if (!mkdtemp(pattern.data())) {
-            return Failure{root.parent_path().string() +
-                           ": cannot be written: " + std::generic_category().message(errno)};
+            return failure(root.parent_path().string() +
+                           ": cannot be written: " + std::generic_category().message(errno));
         }
         std::error_code error;
         fs::permissions(pattern, fs::perms(0755), error);
@@ -78,17 +77,17 @@ class Workshop {
         bool replaces = fs::exists(fs::symlink_status(root, error));
         error.clear();
         if (replaces) fs::rename(root, aside, error);
-        if (error) return Failure{root.string() + ": cannot be replaced: " + error.message()};
+        if (error) return failure(root.string() + ": cannot be replaced: " + error.message());
         fs::rename(path_, root, error);
         if (error) {
             std::error_code ignored;
             if (replaces) fs::rename(aside, root, ignored);
-            return Failure{root.string() + ": cannot be made: " + error.message()};
+            return failure(root.string() + ": cannot be made: " + error.message());
         }
         path_.clear();
         folders_.keep();
         fs::remove_all(aside, error);
-        return Done{};
+        return {};
     }
 
   private:
@@ -99,39 +98,39 @@ class Workshop {
 
 Status checkOptions(const RootOptions& options) {
     int sources = !options.contacts.empty() + !options.addressBook.empty() + (options.contactsCount != 0);
-    if (sources > 1) return Failure{"give contacts as a vCard file, as a count or as a phone's database: only one"};
-    if (options.contactsCount < 0) return Failure{"a number of contacts cannot be negative"};
+    if (sources > 1) return failure("give contacts as a vCard file, as a count or as a phone's database: only one");
+    if (options.contactsCount < 0) return failure("a number of contacts cannot be negative");
     if (!options.images.empty() && options.addressBook.empty()) {
-        return Failure{"a phone's images belong to its address book: give that, too"};
+        return failure("a phone's images belong to its address book: give that, too");
     }
     if (!options.region.empty() && !phone_number::isRegion(options.region)) {
-        return Failure{"\"" + options.region + "\" is no country: give two capital letters, such as US"};
+        return failure("\"" + options.region + "\" is no country: give two capital letters, such as US");
     }
-    return Done{};
+    return {};
 }
 
 Status checkPlace(const RootOptions& options, const fs::path& root) {
     std::error_code error;
-    if (!fs::exists(fs::symlink_status(root, error))) return Done{};
+    if (!fs::exists(fs::symlink_status(root, error))) return {};
     if (isRoot(root)) {
-        if (options.force) return Done{};
-        return Failure{root.string() + ": is a phone root already; --force replaces it"};
+        if (options.force) return {};
+        return failure(root.string() + ": is a phone root already; --force replaces it");
     }
-    if (fs::is_directory(root, error) && fs::is_empty(root, error)) return Done{};
-    return Failure{root.string() + ": exists and is not a phone root; it is left as it is"};
+    if (fs::is_directory(root, error) && fs::is_empty(root, error)) return {};
+    return failure(root.string() + ": exists and is not a phone root; it is left as it is");
 }
 
 Status writeDeviceFile(const RootOptions& options, const fs::path& root) {
-    std::optional<Device> device = options.device.empty() ? Device{} : deviceFromProfile(options.device);
+    std::optional<phone::Device> device =
+        options.device.empty() ? phone::Device{} : phone::deviceFromProfile(options.device);
     if (!device) {
         std::string known;
-        for (const DeviceProfile& profile : deviceProfiles()) known += "\n  " + std::string(profile.id);
-        return Failure{"there is no device profile \"" + options.device + "\"; there are:" + known};
+        for (const phone::DeviceProfile& profile : phone::deviceProfiles()) known += "\n  " + std::string(profile.id);
+        return failure("there is no device profile \"" + options.device + "\"; there are:" + known);
     }
     device->rightToLeft = options.rightToLeft;
     if (!options.region.empty()) device->region = options.region;
-    std::string problem = writeDevice(root, *device);
-    return problem.empty() ? Status(Done{}) : Status(Failure{problem});
+    return phone::writeDevice(root, *device);
 }
 
 // One root in the making.
@@ -142,7 +141,7 @@ struct Making {
     double now;
     RootReport report;
 
-    std::string region() const { return options.region.empty() ? Device{}.region : options.region; }
+    std::string region() const { return options.region.empty() ? phone::Device{}.region : options.region; }
 
     Status adopt() {
         const std::pair<const fs::path&, const DatabaseShape&> adopted[] = {
@@ -153,12 +152,12 @@ struct Making {
             Status copied = adoptDatabase(file, shape, root / shape.path, progress);
             if (!copied) return copied;
         }
-        return Done{};
+        return {};
     }
 
     Status addImported(AddressBookBuilder& builder) {
         Result<ImportedContacts> imported = importVCards(options.contacts, progress);
-        if (!imported) return imported.failure();
+        if (!imported) return failure(imported);
         report.warnings = std::move(imported->warnings);
         long done = 0;
         for (Person& person : imported->persons) {
@@ -166,34 +165,35 @@ struct Making {
             Result<int> contact = builder.addPerson(person);
             if (!contact && !person.photo.empty()) {
                 report.warnings.push_back(options.contacts.string() + ": " + person.displayName() +
-                                          " goes without photo: " + contact.text());
+                                          " goes without photo: " + contact.error().message);
                 person.photo.clear();
                 contact = builder.addPerson(person);
             }
-            if (!contact) return contact.failure();
+            if (!contact) return failure(contact);
             if (progress) progress("contacts", ++done, static_cast<long>(imported->persons.size()));
         }
-        return Done{};
+        return {};
     }
 
     Status addContacts(AddressBookBuilder& builder) {
         if (!options.contacts.empty()) return addImported(builder);
-        if (options.contactsCount == 0) return Done{};
-        Result<long> pictures =
-            addGeneratedContacts(builder, options.contactsCount, options.seed, now - kAddressBookEpoch, progress);
-        return pictures ? Status(Done{}) : Status(pictures.failure());
+        if (options.contactsCount == 0) return {};
+        return addGeneratedContacts(builder, options.contactsCount, options.seed, now - kAddressBookEpoch, progress)
+            .map([](long /*pictures*/) {});
     }
 
     Status addCalls(AddressBookBuilder& builder) {
-        Result<long> added = 0L;
+        constexpr auto forgetCount = [](long /*calls*/) {};
         if (options.calls.empty()) {
-            if (!options.noCalls) added = addGeneratedCalls(builder, root, now, options.seed);
-        } else if (isCallFile(options.calls)) {
-            Result<std::vector<WrittenCall>> written = readCallFile(options.calls, now, progress);
-            if (!written) return written.failure();
-            added = addWrittenCalls(builder, root, *written, region(), progress);
+            if (options.noCalls) return {};
+            return addGeneratedCalls(builder, root, now, options.seed).map(forgetCount);
         }
-        return added ? Status(Done{}) : Status(added.failure());
+        if (!isCallFile(options.calls)) return {};
+        return readCallFile(options.calls, now, progress)
+            .and_then([&](const std::vector<WrittenCall>& written) {
+                return addWrittenCalls(builder, root, written, region(), progress);
+            })
+            .map(forgetCount);
     }
 
     Status count() {
@@ -204,33 +204,39 @@ struct Making {
             {callsShape(), "SELECT count(*) FROM call", report.calls}};
         for (const auto& [shape, sql, result] : counts) {
             Result<Database> database = Database::openToRead(root / shape.path);
-            if (!database) return database.failure();
+            if (!database) return failure(database);
             Statement statement = database->prepare(sql);
             if (!statement.step()) return statement.status();
             result = statement.integer(0);
         }
-        return Done{};
+        return {};
+    }
+
+    // The calls' callers are looked up in what was written before them.
+    Status addContactsAndCalls() {
+        Result<AddressBookBuilder> builder = AddressBookBuilder::open(root);
+        if (!builder) return failure(builder);
+        return addContacts(*builder)
+            .and_then([&] { return builder->finish(); })
+            .and_then([&] {
+                reportGoingOn(progress);
+                return addCalls(*builder);
+            })
+            .and_then([&] { return builder->finish(); });
     }
 
     Status fill() {
-        Status status = makeFolders(root);
-        if (status) status = writeDeviceFile(options, root);
-        if (status) status = installExtension(root, options);
-        if (status) status = adopt();
-        if (!status) return status;
-        tellGoingOn(progress);
-        Result<AddressBookBuilder> builder = AddressBookBuilder::open(root);
-        if (!builder) return builder.failure();
-        status = addContacts(*builder);
-        // The calls' callers are looked up in what was written.
-        if (status) status = builder->finish();
-        tellGoingOn(progress);
-        if (status) status = addCalls(*builder);
-        if (status) status = builder->finish();
-        if (status) status = writeFavorites(root);
-        if (status) status = count();
-        tellGoingOn(progress);
-        return status;
+        return makeFolders(root)
+            .and_then([&] { return writeDeviceFile(options, root); })
+            .and_then([&] { return installExtension(root, options.extension); })
+            .and_then([&] { return adopt(); })
+            .and_then([&] {
+                reportGoingOn(progress);
+                return addContactsAndCalls();
+            })
+            .and_then([&] { return writeFavorites(root); })
+            .and_then([&] { return count(); })
+            .map([&] { reportGoingOn(progress); });
     }
 };
 
@@ -248,17 +254,14 @@ double present() { return std::chrono::duration<double>(std::chrono::system_cloc
 
 Result<RootReport> makeRoot(const RootOptions& options, const Progress& progress) {
     const fs::path root = placeOf(options.root);
-    if (options.root.empty() || root == root.root_path()) return Failure{"a phone root needs a directory of its own"};
-    Status possible = checkOptions(options);
-    if (possible) possible = checkPlace(options, root);
-    if (!possible) return possible.failure();
-    Result<Workshop> workshop = Workshop::beside(root);
-    if (!workshop) return workshop.failure();
-    Making making{options, progress, workshop->path(), options.now > 0 ? options.now : present(), {}};
-    Status made = making.fill();
-    if (made) made = workshop->moveTo(root);
-    if (!made) return made.failure();
-    return making.report;
+    if (options.root.empty() || root == root.root_path()) return failure("a phone root needs a directory of its own");
+    return checkOptions(options)
+        .and_then([&] { return checkPlace(options, root); })
+        .and_then([&] { return Workshop::beside(root); })
+        .and_then([&](Workshop workshop) {
+            Making making{options, progress, workshop.path(), options.now > 0 ? options.now : present(), {}};
+            return making.fill().and_then([&] { return workshop.moveTo(root); }).map([&] { return making.report; });
+        });
 }
 
 bool isRoot(const std::filesystem::path& directory) {
@@ -266,4 +269,4 @@ bool isRoot(const std::filesystem::path& directory) {
     return fs::is_regular_file(directory / "device.plist", error) && fs::is_directory(directory / "private/var", error);
 }
 
-}  // namespace phone
+}  // namespace maker

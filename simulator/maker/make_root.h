@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "simulator/maker/progress.h"
-#include "simulator/maker/result.h"
+#include "simulator/maker/common/progress.h"
+#include "simulator/maker/common/result.h"
+#include "simulator/maker/install/install.h"
 
-namespace phone {
+namespace maker {
 
 struct RootOptions {
     std::filesystem::path root;
@@ -30,10 +31,7 @@ struct RootOptions {
     std::string region;        // ISO 3166 country in which numbers without country code are; empty: "US"
     bool rightToLeft = false;  // the interface's layout direction
 
-    // What is installed on the phone; an empty path is left out.
-    std::filesystem::path library;         // linked, so that a rebuild takes effect
-    std::filesystem::path filter;          // the injector's filter, copied
-    std::filesystem::path settingsBundle;  // the preference bundle's folder, copied
+    Extension extension;  // what is installed on the phone
 
     double now = 0;  // seconds since 1970-01-01 UTC that the call history is made for; 0: the present
     std::uint32_t seed = 1;
@@ -55,4 +53,4 @@ Result<RootReport> makeRoot(const RootOptions& options, const Progress& progress
 // Whether a directory is a phone root: it holds device.plist and the phone's private folder.
 bool isRoot(const std::filesystem::path& directory);
 
-}  // namespace phone
+}  // namespace maker

@@ -17,7 +17,7 @@ enum class Match { none, shortForm, national, exact };
 Match compare(std::string_view a, std::string_view b, std::string_view region);
 
 // A number's last four digits (all, when fewer), western digits whatever script it is written in, by which
-// ABPhoneLastFour finds it. Up to two answers: without its extension, as numbers compare, then all that is written.
+// ABPhoneLastFour finds it. Up to two results: without its extension, as numbers compare, then all that is written.
 // None: no digits.
 std::vector<std::string> lastFour(std::string_view text, std::string_view region);
 

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "simulator/runtime/notifications/notification_log.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/settings_file.h"
 #include "simulator/tool/verbs.h"
 
@@ -28,16 +29,17 @@ std::string keyList() {
     return list;
 }
 
+std::vector<std::string> keys() {
+    std::vector<std::string> list;
+    for (const Switch& known : kSwitches) list.emplace_back(known.key);
+    return list;
+}
+
 const Switch& findSwitch(const std::string& key) {
     for (const Switch& known : kSwitches) {
         if (key == known.key) return known;
     }
     throw Problem("there is no setting \"" + key + "\"; there are:" + keyList());
-}
-
-void post(const std::filesystem::path& root, const std::string& name) {
-    std::string problem = phone::postNotification(root, name);
-    if (!problem.empty()) throw Problem(problem);
 }
 
 struct Change {
@@ -49,28 +51,29 @@ struct Change {
 void addSet(CLI::App& app) {
     auto change = std::make_shared<Change>();
     CLI::App* verb = app.add_subcommand("set", "Flip a setting, as the phone's settings would: write it, then post it");
-    verb->add_option("ROOT", change->root, "The phone")->required();
-    verb->add_option("KEY", change->key, "The setting, see below")->required();
+    verb->add_option("ROOT", change->root, "The phone")->required()->type_name(kDirectory);
+    verb->add_option("KEY", change->key, "The setting, see below")->required()->check(offered(keys()));
     verb->add_option("STATE", change->state, "on or off")->required()->check(CLI::IsMember({"on", "off"}));
     verb->footer("Settings:" + keyList() + "\n\nExample:\n  phonesim set phone ZelkaCBEnabledRoundedPictures off");
     verb->callback([change] {
         const Switch& known = findSwitch(change->key);
         requireRoot(change->root);
         std::filesystem::path root = std::filesystem::canonical(change->root);
-        orThrow(setSwitch(root, known.key, change->state == "on"));
-        post(root, known.notification);
+        phone::require(setSwitch(root, known.key, change->state == "on").and_then([&] {
+            return phone::postNotification(root, known.notification);
+        }));
     });
 }
 
 void addNotify(CLI::App& app) {
     auto change = std::make_shared<Change>();
     CLI::App* verb = app.add_subcommand("notify", "Post a Darwin notification to the processes of a phone");
-    verb->add_option("ROOT", change->root, "The phone")->required();
+    verb->add_option("ROOT", change->root, "The phone")->required()->type_name(kDirectory);
     verb->add_option("NAME", change->name, "The notification's name")->required();
     verb->footer("Example:\n  phonesim notify phone com.norvex.ZelkaCBEnabledNotification");
     verb->callback([change] {
         requireRoot(change->root);
-        post(std::filesystem::canonical(change->root), change->name);
+        phone::require(phone::postNotification(std::filesystem::canonical(change->root), change->name));
     });
 }
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <string>
 
 #include "simulator/maker/database/check_database.h"
+#include "simulator/tool/places.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {
@@ -26,7 +28,8 @@ void requireExtension(hosts::HostProcess& host, hosts::HostKind kind, const fs::
                  hosts::bundleIdentifier(kind) + " in " + (root / "Library/MobileSubstrate/DynamicLibraries").string();
     }
     while (reason.back() == '\n') reason.pop_back();
-    throw Problem(root.string() + ": the extension is not loaded; \"phonesim new\" installs it, and \"phonesim shot " +
+    throw Problem(root.string() +
+                  ": the extension is not loaded; \"phonesim install\" installs it, and \"phonesim shot " +
                   "--without-extension\" does without\n" + reason);
 }
 
@@ -36,15 +39,17 @@ std::unique_ptr<hosts::HostProcess> startHost(hosts::HostKind kind, const fs::pa
     hosts::HostOptions options;
     options.root = root;
     options.withoutExtension = withoutExtension;
+    const fs::path program = places().hosts / hosts::programName(kind);
+    if (std::getenv("PHONESIM_HOSTS") == nullptr && fs::exists(program)) options.program = program;
     auto host = std::make_unique<hosts::HostProcess>(kind, options);
     if (!withoutExtension) requireExtension(*host, kind, root);
     return host;
 }
 
 void warnOfDamage(const fs::path& root) {
-    for (const phone::DatabaseShape& shape : {phone::addressBookShape(), phone::imagesShape(), phone::callsShape()}) {
-        const phone::Status sound = phone::checkDatabase(root / shape.path, shape);
-        if (!sound) std::fprintf(stderr, "phonesim: %s\n", sound.text().c_str());
+    for (const maker::DatabaseShape* shape : maker::databaseShapes()) {
+        const phone::Status sound = maker::checkDatabase(root / shape->path, *shape);
+        if (!sound) std::fprintf(stderr, "phonesim: %s\n", sound.error().message.c_str());
     }
 }
 

@@ -13,7 +13,7 @@ namespace tool {
 std::unique_ptr<hosts::HostProcess> startHost(hosts::HostKind kind, const std::filesystem::path& root,
                                               bool withoutExtension);
 
-// Tells on standard error which of the phone's databases are missing or damaged. Hosts go on without them, as on a
+// Reports on standard error which of the phone's databases are missing or damaged. Hosts go on without them, as on a
 // phone, and show empty lists.
 void warnOfDamage(const std::filesystem::path& root);
 

@@ -2,8 +2,9 @@
 #include <filesystem>
 #include <memory>
 
-#include "simulator/maker/read_file.h"
+#include "simulator/maker/common/read_file.h"
 #include "simulator/runtime/file_system/phone_root.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {
@@ -11,7 +12,7 @@ namespace tool {
 void addLog(CLI::App& app) {
     auto root = std::make_shared<std::string>();
     CLI::App* verb = app.add_subcommand("log", "Print what the library has logged on a phone");
-    verb->add_option("ROOT", *root, "The phone")->required();
+    verb->add_option("ROOT", *root, "The phone")->required()->type_name(kDirectory);
     verb->footer("Example:\n  phonesim log phone");
     verb->callback([root] {
         requireRoot(*root);
@@ -19,7 +20,7 @@ void addLog(CLI::App& app) {
         if (!std::filesystem::exists(file)) {
             throw Problem(*root + ": nothing is logged yet; \"phonesim shot\" starts a host that loads the library");
         }
-        std::string log = orThrow(phone::readFile(file));
+        const std::string log = maker::readFile(file).value();
         std::fwrite(log.data(), 1, log.size(), stdout);
     });
 }

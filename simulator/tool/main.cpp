@@ -1,22 +1,32 @@
 // phonesim: makes stand-in phones and looks at them.
 #include <cstdio>
 #include <exception>
+#include <string>
+#include <vector>
 
 #include "simulator/maker/make_root.h"
+#include "simulator/tool/completion.h"
+#include "simulator/tool/manual.h"
 #include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {
 
 void requireRoot(const std::string& root) {
-    if (phone::isRoot(root)) return;
+    if (maker::isRoot(root)) return;
     throw Problem(root + ": is not a phone root; \"phonesim new " + root + "\" makes one");
+}
+
+void requireFile(const std::filesystem::path& file) {
+    if (!std::filesystem::exists(file)) throw Problem(file.string() + ": there is no such file");
+    if (!std::filesystem::is_regular_file(file)) throw Problem(file.string() + ": is not a file");
 }
 
 }  // namespace tool
 
 namespace {
 
+constexpr const char* kVersion = "phonesim " ZELKA_VERSION;
 constexpr int kFailure = 1;
 constexpr int kMisuse = 2;
 
@@ -30,20 +40,42 @@ void requireKnownVerb(const CLI::App& app, const std::string& word) {
     throw CLI::ParseError("there is no verb \"" + word + "\"; there are: " + verbs, CLI::ExitCodes::ExtrasError);
 }
 
+// What no user types: the shells' completion asks with the first, the build makes the manual page with the second.
+bool doneForOthers(CLI::App& app, const std::vector<std::string>& arguments) {
+    if (arguments.empty()) return false;
+    std::string output;
+    if (arguments.front() == "--complete") {
+        output = tool::completions(app, {arguments.begin() + 1, arguments.end()});
+    } else if (arguments.front() == "--manual") {
+        output = tool::manual(app, kVersion);
+    } else {
+        return false;
+    }
+    std::fputs(output.c_str(), stdout);
+    return true;
+}
+
 int run(int argc, char** argv) {
     CLI::App app{"A stand-in phone on the desk: make one, look at its screens, change things on it.", "phonesim"};
-    app.set_version_flag("--version", "phonesim " ZELKA_VERSION);
+    app.set_version_flag("--version", kVersion);
     app.require_subcommand(1);
     app.footer(
         "\"phonesim VERB --help\" tells more about each, with examples.\n"
-        "Exit status: 0 done, 1 something went wrong, 2 the command line is wrong.");
+        "Exit status: 0 done, 1 something went wrong, 2 the command line is wrong.\n"
+        "\n"
+        "Environment:\n"
+        "  PHONESIM_HOSTS          the folder of the host programs, if it is not the one beside phonesim\n"
+        "  PHONESIM_RANDOM         a number that takes the place of chance, for pictures that come out the same\n"
+        "  PHONESIM_NOTIFICATIONS  \"watcher\" delivers Darwin notifications on a thread of their own");
     tool::addNew(app);
+    tool::addInstall(app);
     tool::addShot(app);
     tool::addRun(app);
     tool::addLog(app);
     tool::addSet(app);
     tool::addNotify(app);
     tool::addEdit(app);
+    if (doneForOthers(app, {argv + 1, argv + argc})) return 0;
     try {
         if (argc > 1 && argv[1][0] != '-') requireKnownVerb(app, argv[1]);
         app.parse(argc, argv);

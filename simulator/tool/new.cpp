@@ -8,6 +8,8 @@
 #include "simulator/maker/calls/call_file.h"
 #include "simulator/maker/make_root.h"
 #include "simulator/runtime/process/device_profiles.h"
+#include "simulator/tool/built_extension.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/run_lock.h"
 #include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"
@@ -24,6 +26,12 @@ std::string profileList() {
     return list;
 }
 
+std::vector<std::string> profileNames() {
+    std::vector<std::string> names;
+    for (const phone::DeviceProfile& profile : phone::deviceProfiles()) names.emplace_back(profile.id);
+    return names;
+}
+
 // One line that counts on a terminal, a line a step elsewhere. Work of less than a thousand is not worth a word.
 void showProgress(std::string_view what, long done, long total) {
     bool terminal = isatty(STDERR_FILENO) != 0;
@@ -32,20 +40,17 @@ void showProgress(std::string_view what, long done, long total) {
                  total, terminal && done < total ? "" : "\n");
 }
 
-void requireFile(const std::filesystem::path& file) {
-    if (!std::filesystem::exists(file)) throw Problem(file.string() + ": there is no such file");
-    if (!std::filesystem::is_regular_file(file)) throw Problem(file.string() + ": is not a file");
-}
-
-void run(const phone::RootOptions& options) {
+void run(const maker::RootOptions& options) {
     // Its hosts would go on with a phone that is gone.
     std::optional<RunLock> notRunning;
-    if (options.force && phone::isRoot(options.root)) notRunning.emplace(std::filesystem::canonical(options.root));
+    if (options.force && maker::isRoot(options.root))
+        notRunning = RunLock::take(std::filesystem::canonical(options.root)).value();
     const StopSignal stop;
-    phone::RootReport report = orThrow(phone::makeRoot(options, [&stop](std::string_view what, long done, long total) {
+    const auto progress = [&stop](std::string_view what, long done, long total) {
         stop.throwIfReceived();
         showProgress(what, done, total);
-    }));
+    };
+    const maker::RootReport report = maker::makeRoot(options, progress).value();
     for (const std::string& warning : report.warnings) std::fprintf(stderr, "phonesim: %s\n", warning.c_str());
     std::printf("%s: %ld contacts, %ld with a picture, %ld calls\n", options.root.c_str(), report.contacts,
                 report.pictures, report.calls);
@@ -54,33 +59,41 @@ void run(const phone::RootOptions& options) {
 }  // namespace
 
 void addNew(CLI::App& app) {
-    auto options = std::make_shared<phone::RootOptions>();
+    auto options = std::make_shared<maker::RootOptions>();
+    auto library = std::make_shared<std::filesystem::path>();
     CLI::App* verb = app.add_subcommand("new", "Make a phone: a directory shaped like a phone's file system");
-    verb->add_option("ROOT", options->root, "The directory to make; it must not exist, or be empty")->required();
-    auto* contacts = verb->add_option("--contacts", options->contacts, "Contacts from a vCard file");
+    verb->add_option("ROOT", options->root, "The directory to make; it must not exist, or be empty")
+        ->required()
+        ->type_name(kDirectory);
+    auto* contacts = verb->add_option("--contacts", options->contacts, "Contacts from a vCard file")->type_name(kFile);
     auto* count = verb->add_option("--contacts-count", options->contactsCount, "That many made-up contacts")
                       ->check(CLI::Range(1, 1000000));
-    auto* book = verb->add_option("--address-book", options->addressBook, "AddressBook.sqlitedb of a real phone");
-    auto* images = verb->add_option("--images", options->images, "AddressBookImages.sqlitedb of the same phone");
+    auto* book = verb->add_option("--address-book", options->addressBook, "AddressBook.sqlitedb of a real phone")
+                     ->type_name(kFile);
+    auto* images =
+        verb->add_option("--images", options->images, "AddressBookImages.sqlitedb of the same phone")->type_name(kFile);
     contacts->excludes(count)->excludes(book);
     count->excludes(book);
     images->needs(book);
     verb->add_option("--calls", options->calls,
-                     "Calls from a text file (.csv, .txt), or call_history.db of a real phone; made up if left out");
+                     "Calls from a text file (.csv, .txt), or call_history.db of a real phone; made up if left out")
+        ->type_name(kFile);
     verb->add_option_function<std::string>(
         "--now",
         [options](const std::string& text) {
-            std::optional<double> moment = phone::readDate(text);
+            std::optional<double> moment = maker::readDate(text);
             if (!moment) throw Problem("--now: \"" + text + "\" is no date and time such as \"2015-06-01 09:41\"");
             options->now = *moment;
         },
         "The date and time (UTC) for which the calls are made; the present if left out");
     verb->add_flag("--no-calls", options->noCalls, "Leave the call history empty if --calls is left out");
-    verb->add_option("--device", options->device, "Device profile, see below (default: iphone6-8.4)");
+    verb->add_option("--device", options->device, "Device profile, see below (default: iphone6-8.4)")
+        ->check(offered(profileNames()));
     verb->add_option("--region", options->region, "Country of numbers without country code (default: US)");
     verb->add_flag("--right-to-left,--rtl", options->rightToLeft, "Lay the interface out from right to left");
-    verb->add_option("--library", options->library,
-                     "The extension library to install, also one in the phone's own format (default: the built one)");
+    verb->add_option("--library", *library,
+                     "The extension library to install, also one in the phone's own format (default: the built one)")
+        ->type_name(kFile);
     verb->add_flag("--force", options->force, "Replace a phone that is already there");
     verb->footer(profileList() +
                  "\nCalls in a text file, one a line: when, number, incoming|outgoing|missed[, seconds[, unlinked]]\n"
@@ -92,11 +105,12 @@ void addNew(CLI::App& app) {
                  "  phonesim new phone --address-book AddressBook.sqlitedb --images AddressBookImages.sqlitedb \\\n"
                  "      --calls call_history.db --device iphone6plus-9.3\n"
                  "  phonesim new phone --force --contacts-count 10000 --rtl");
-    verb->callback([options] {
-        if (!options->library.empty()) requireFile(options->library);
-        if (options->library.empty()) options->library = ZELKA_LIBRARY;
-        options->filter = ZELKA_FILTER;
-        options->settingsBundle = ZELKA_BUNDLE;
+    verb->callback([options, library] {
+        options->extension = builtExtension();
+        if (!library->empty()) {
+            requireFile(*library);
+            options->extension.library = *library;
+        }
         run(*options);
     });
 }

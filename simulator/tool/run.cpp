@@ -11,6 +11,8 @@
 
 #include "simulator/hosts/remote/host_process.h"
 #include "simulator/runtime/notifications/notification_watcher.h"
+#include "simulator/tool/built_extension.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/host_start.h"
 #include "simulator/tool/run_lock.h"
 #include "simulator/tool/stop_signal.h"
@@ -37,7 +39,7 @@ constexpr Process kProcesses[] = {{"springboard", hosts::HostKind::springBoard},
 constexpr const char* kScreens[] = {"recents", "missed", "favorites", "contacts"};
 
 // One line an event, at once: somebody may be following.
-void tell(const std::string& event) {
+void report(const std::string& event) {
     const auto now = std::chrono::system_clock::now();
     const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
     const auto part = std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
@@ -67,15 +69,15 @@ class Screen {
         const fs::path folder = root / "screens" / process.name;
         fs::create_directories(folder);
         called([&] { show(screen, folder, run); });
-        tell(name_ + ": started");
+        report(name_ + ": started");
     }
 
     int descriptor() const { return host_->eventsDescriptor(); }
 
-    void tellEvents() {
+    void reportEvents() {
         for (const nlohmann::json& event : called([this] { return host_->events(); })) {
             if (event.at("event") != "picture") throw Problem(name_ + ": " + event.at("text").get<std::string>());
-            tell(name_ + ": screen changed");
+            report(name_ + ": screen changed");
         }
     }
 
@@ -117,8 +119,8 @@ void follow(std::vector<Screen>& screens, phone::NotificationWatcher& notificati
     std::vector<pollfd> waits = {{stop.descriptor(), POLLIN, 0}, {notifications.descriptor(), POLLIN, 0}};
     for (const Screen& screen : screens) waits.push_back({screen.descriptor(), POLLIN, 0});
     while (stop.received() == 0) {
-        for (const std::string& name : notifications.arrived()) tell("notification " + name);
-        for (Screen& screen : screens) screen.tellEvents();
+        for (const std::string& name : notifications.arrived()) report("notification " + name);
+        for (Screen& screen : screens) screen.reportEvents();
         if (poll(waits.data(), waits.size(), -1) < 0 && errno != EINTR) {
             throw Problem(std::string("cannot wait: ") + std::generic_category().message(errno));
         }
@@ -128,16 +130,17 @@ void follow(std::vector<Screen>& screens, phone::NotificationWatcher& notificati
 void runPhone(const Run& run) {
     requireRoot(run.root);
     const fs::path root = fs::canonical(run.root);
-    const RunLock lock(root);
+    const RunLock lock = RunLock::take(root).value();
     const StopSignal stop;
     phone::NotificationWatcher notifications;
-    if (const std::string problem = notifications.open(root); !problem.empty()) throw Problem(problem);
+    phone::require(notifications.open(root));
     warnOfDamage(root);
+    warnOfStaleLibrary(root);
     std::vector<Screen> screens = startScreens(root, run, stop);
-    if (stop.received() == 0) tell("running; the pictures are in " + (root / "screens").string());
+    if (stop.received() == 0) report("running; the pictures are in " + (root / "screens").string());
     follow(screens, notifications, stop);
     for (Screen& screen : screens) screen.quit();
-    tell("stopped");
+    report("stopped");
 }
 
 }  // namespace
@@ -146,7 +149,7 @@ void addRun(CLI::App& app) {
     auto run = std::make_shared<Run>();
     CLI::App* verb =
         app.add_subcommand("run", "Keep a phone running, with pictures of its screens as they are at the moment");
-    verb->add_option("ROOT", run->root, "The phone")->required();
+    verb->add_option("ROOT", run->root, "The phone")->required()->type_name(kDirectory);
     verb->add_option("--process", run->process, "The process to run: springboard, callbar or both (default)")
         ->check(CLI::IsMember({"springboard", "callbar", "both"}));
     verb->add_option("--interval", run->interval,
@@ -158,7 +161,7 @@ void addRun(CLI::App& app) {
         "Runs until it is stopped (Ctrl-C, or SIGTERM): then it exits with 0, or with 1 as soon as a host dies.\n"
         "The pictures are ROOT/screens/PROCESS/SCREEN.png, PROCESS being springboard or callbar and SCREEN recents,\n"
         "missed, favorites or contacts. Each is replaced as a whole when what is on its screen has changed. A line on\n"
-        "standard output tells each event: \"callbar recents: started\", \"notification NAME\",\n"
+        "standard output reports each event: \"callbar recents: started\", \"notification NAME\",\n"
         "\"callbar recents: screen changed\", \"stopped\". A phone is run by one phonesim at a time.\n"
         "\nExample, with a second terminal:\n"
         "  phonesim run phone\n"

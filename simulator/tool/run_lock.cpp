@@ -8,44 +8,36 @@
 #include <string>
 #include <system_error>
 
-#include "simulator/tool/verbs.h"
-
 namespace tool {
 namespace {
 
-std::string holder(int file) {
+std::string holder(const phone::Descriptor& file) {
     char text[32];
-    const ssize_t length = pread(file, text, sizeof text, 0);
+    const ssize_t length = pread(file.get(), text, sizeof text, 0);
     return length > 0 ? std::string(text, static_cast<std::size_t>(length)) : "?";
 }
 
-[[noreturn]] void fail(const std::filesystem::path& path) {
-    throw Problem(path.string() + ": " + std::generic_category().message(errno));
+phone::Status writeHolder(const phone::Descriptor& file, const std::filesystem::path& path) {
+    const std::string process = std::to_string(getpid());
+    if (ftruncate(file.get(), 0) == 0 && pwrite(file.get(), process.data(), process.size(), 0) >= 0) return {};
+    return phone::failure(path.string() + ": " + std::generic_category().message(errno));
 }
 
 }  // namespace
 
-RunLock::RunLock(const std::filesystem::path& root) {
+phone::Result<RunLock> RunLock::take(const std::filesystem::path& root) {
     const std::filesystem::path path = root / "private/var/run/phonesim.lock";
     std::error_code error;
     std::filesystem::create_directories(path.parent_path(), error);
-    file_ = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
-    if (file_ < 0) fail(path);
-    if (flock(file_, LOCK_EX | LOCK_NB) != 0) {
-        const int reason = errno;
-        const std::string process = holder(file_);
-        close(file_);
-        errno = reason;
-        if (reason != EWOULDBLOCK) fail(path);
-        throw Problem(root.string() + ": is being run by process " + process + " already; stop that first");
+    phone::Descriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644));
+    if (!file.isOpen() || flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
+        if (!file.isOpen() || errno != EWOULDBLOCK) {
+            return phone::failure(path.string() + ": " + std::generic_category().message(errno));
+        }
+        return phone::failure(root.string() + ": is being run by process " + holder(file) +
+                              " already; stop that first");
     }
-    const std::string process = std::to_string(getpid());
-    if (ftruncate(file_, 0) != 0 || pwrite(file_, process.data(), process.size(), 0) < 0) {
-        close(file_);
-        fail(path);
-    }
+    return writeHolder(file, path).map([&] { return RunLock(std::move(file)); });
 }
-
-RunLock::~RunLock() { close(file_); }
 
 }  // namespace tool

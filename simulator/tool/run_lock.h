@@ -3,19 +3,20 @@
 
 #include <filesystem>
 
+#include "simulator/runtime/file_system/descriptor.h"
+#include "simulator/runtime/result.h"
+
 namespace tool {
 
 // Held until destruction, or until the process ends in whatever way.
 class RunLock {
   public:
-    // Throws Problem, naming the process, when the phone is being run already.
-    explicit RunLock(const std::filesystem::path& root);
-    ~RunLock();
-    RunLock(const RunLock&) = delete;
-    RunLock& operator=(const RunLock&) = delete;
+    // Fails, naming the process, when the phone is being run already.
+    static phone::Result<RunLock> take(const std::filesystem::path& root);
 
   private:
-    int file_;
+    explicit RunLock(phone::Descriptor file) : file_(std::move(file)) {}
+    phone::Descriptor file_;
 };
 
 }  // namespace tool

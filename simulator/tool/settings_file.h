@@ -4,13 +4,13 @@
 #include <filesystem>
 #include <string>
 
-#include "simulator/maker/result.h"
+#include "simulator/runtime/result.h"
 
 namespace tool {
 
 // Sets one switch in the root's settings file and keeps its other keys; makes the file when there is none. The file is
 // replaced as a whole, and programs that do so at the same time take turns. Fails, changing nothing, when the file
 // there is not a property list with a dictionary.
-phone::Status setSwitch(const std::filesystem::path& root, const std::string& key, bool on);
+[[nodiscard]] phone::Status setSwitch(const std::filesystem::path& root, const std::string& key, bool on);
 
 }  // namespace tool

@@ -4,12 +4,12 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <fstream>
 #include <system_error>
 
+#include "simulator/runtime/file_system/descriptor.h"
 #include "simulator/runtime/file_system/phone_root.h"
 #import "simulator/runtime/file_system/property_list.h"
 
@@ -18,29 +18,13 @@ namespace {
 
 constexpr const char* kFile = "/private/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist";
 
-std::string messageOf(int error) { return std::generic_category().message(error); }
-
-// Keeps others who change settings away from a folder while it lives: who read the file before another's change would
-// write that back to what it was.
-class FolderLock {
-  public:
-    explicit FolderLock(const std::filesystem::path& folder)
-        : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        if (descriptor_ < 0 || flock(descriptor_, LOCK_EX) != 0) problem_ = folder.string() + ": " + messageOf(errno);
-    }
-    ~FolderLock() {
-        if (descriptor_ >= 0) close(descriptor_);
-    }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-
-    // Why it is not locked; empty when it is.
-    const std::string& problem() const { return problem_; }
-
-  private:
-    int descriptor_;
-    std::string problem_;
-};
+// Keeps others who change settings away from a folder as long as it is open: who read the file before another's change
+// would write that back to what it was.
+phone::Result<phone::Descriptor> lockFolder(const std::filesystem::path& folder) {
+    phone::Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened.isOpen() && flock(opened.get(), LOCK_EX) == 0) return opened;
+    return phone::failure(folder.string() + ": " + std::generic_category().message(errno));
+}
 
 // nil when something is there but no dictionary in it.
 NSMutableDictionary* readDictionary(const std::string& file) {
@@ -57,27 +41,27 @@ phone::Status replaceFile(const std::string& file, NSData* contents) {
     std::ofstream stream(part, std::ios::binary | std::ios::trunc);
     stream.write(static_cast<const char*>([contents bytes]), static_cast<std::streamsize>([contents length]));
     stream.close();
-    if (!stream) return phone::Failure{part + ": cannot be written"};
+    if (!stream) return phone::failure(part + ": cannot be written");
     std::error_code error;
     std::filesystem::rename(part, file, error);
-    if (!error) return phone::Done{};
+    if (!error) return {};
     std::string problem = error.message();
     std::filesystem::remove(part, error);
-    return phone::Failure{file + ": " + problem};
+    return phone::failure(file + ": " + problem);
 }
 
 // Reads, changes and writes.
 phone::Status changeFile(const std::string& file, const std::string& key, bool on) {
     @autoreleasepool {
         NSMutableDictionary* settings = readDictionary(file);
-        if (!settings) return phone::Failure{file + ": is no property list with settings; remove it to start afresh"};
+        if (!settings) return phone::failure(file + ": is no property list with settings; remove it to start afresh");
         [settings setObject:[NSNumber numberWithBool:on] forKey:[NSString stringWithUTF8String:key.c_str()]];
         NSError* error = nil;
         NSData* contents = [NSPropertyListSerialization dataWithPropertyList:settings
                                                                       format:NSPropertyListXMLFormat_v1_0
                                                                      options:0
                                                                        error:&error];
-        if (!contents) return phone::Failure{file + ": " + [[error localizedDescription] UTF8String]};
+        if (!contents) return phone::failure(file + ": " + [[error localizedDescription] UTF8String]);
         return replaceFile(file, contents);
     }
 }
@@ -88,8 +72,7 @@ phone::Status setSwitch(const std::filesystem::path& root, const std::string& ke
     const std::filesystem::path file = phone::hostPath(kFile, root);
     std::error_code error;
     std::filesystem::create_directories(file.parent_path(), error);
-    const FolderLock lock(file.parent_path());
-    return lock.problem().empty() ? changeFile(file, key, on) : phone::Status(phone::Failure{lock.problem()});
+    return lockFolder(file.parent_path()).and_then([&](const phone::Descriptor&) { return changeFile(file, key, on); });
 }
 
 }  // namespace tool

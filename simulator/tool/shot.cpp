@@ -4,6 +4,8 @@
 #include <nlohmann/json.hpp>
 
 #include "simulator/hosts/remote/host_process.h"
+#include "simulator/tool/built_extension.h"
+#include "simulator/tool/completion.h"
 #include "simulator/tool/host_start.h"
 #include "simulator/tool/verbs.h"
 
@@ -67,6 +69,7 @@ void run(const Shot& shot) {
     const fs::path out = shot.out.empty() ? fs::path() : placeOfPicture(shot.out);
     const fs::path root = fs::absolute(shot.root);
     warnOfDamage(root);
+    if (!shot.withoutExtension) warnOfStaleLibrary(root);
     const auto host = startHost(shot.kind(), root, shot.withoutExtension);
     showScreen(*host, shot);
     if (shot.rowDetails) std::printf("%s\n", detailsOf(*host, shot).dump(2).c_str());
@@ -80,12 +83,12 @@ void run(const Shot& shot) {
 void addShot(CLI::App& app) {
     auto shot = std::make_shared<Shot>();
     CLI::App* verb = app.add_subcommand("shot", "Start a host, wait until it has settled, and draw one of its screens");
-    verb->add_option("ROOT", shot->root, "The phone")->required();
+    verb->add_option("ROOT", shot->root, "The phone")->required()->type_name(kDirectory);
     verb->add_option("SCREEN", shot->screen, "recents, missed, favorites, contacts or search")
         ->required()
         ->check(CLI::IsMember({"recents", "missed", "favorites", "contacts", "search"}));
     verb->add_option("TEXT", shot->text, "What the screen search searches for");
-    verb->add_option("--out", shot->out, "The picture to write (PNG)");
+    verb->add_option("--out", shot->out, "The picture to write (PNG)")->type_name(kFile);
     verb->add_flag("--without-extension", shot->withoutExtension, "As the screen looks without the library");
     verb->add_flag("--row-details", shot->rowDetails, "Print each row's contact ID, picture source and frames as JSON");
     verb->add_flag("--editing", shot->editing, "With the list in editing mode");

@@ -36,7 +36,7 @@ StopSignal::StopSignal() {
     if (wakeUp < 0) throw std::system_error(errno, std::generic_category(), "eventfd");
     struct sigaction action {};
     action.sa_handler = note;
-    // Once each: who asks again does not want to wait for the order.
+    // Once each: the second time, the user does not want to wait for an orderly end.
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     for (int i = 0; i < kCount; ++i) {
         sigaction(kSignals[i], nullptr, &before[i]);
@@ -61,7 +61,7 @@ int StopSignal::descriptor() const { return wakeUp; }
 void endBySignal(int signal) {
     ::signal(signal, SIG_DFL);
     raise(signal);
-    // Blocked, then; the status is the one that a shell would tell.
+    // Blocked, then; the status is the one that a shell would report.
     std::_Exit(128 + signal);
 }
 

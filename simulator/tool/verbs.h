@@ -1,13 +1,12 @@
 // The verbs of phonesim. Each adds itself to the command line; what it does runs after parsing and ends with an exit
-// status. What goes wrong is thrown as Problem (or std::exception) and told by main().
+// status. What goes wrong is thrown, as Problem or by a failure's value(), and printed by main().
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <functional>
 #include <stdexcept>
 #include <string>
-
-#include "simulator/maker/result.h"
 
 namespace tool {
 
@@ -18,6 +17,7 @@ class Problem : public std::runtime_error {
 };
 
 void addNew(CLI::App& app);
+void addInstall(CLI::App& app);
 void addShot(CLI::App& app);
 void addRun(CLI::App& app);
 void addLog(CLI::App& app);
@@ -27,12 +27,7 @@ void addEdit(CLI::App& app);
 
 // Throws unless the directory is a phone root.
 void requireRoot(const std::string& root);
-
-// The value, or the failure thrown.
-template <class T>
-T orThrow(phone::Result<T> result) {
-    if (!result) throw Problem(result.text());
-    return std::move(*result);
-}
+// Throws unless it is a file.
+void requireFile(const std::filesystem::path& file);
 
 }  // namespace tool

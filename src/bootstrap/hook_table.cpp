@@ -7,35 +7,35 @@
 #include "src/hooks/recents_list.h"
 #include "src/hooks/springboard.h"
 #include "src/hooks/transparent_cell.h"
-#include "src/settings/live_changes.h"
 
+namespace zelka {
 namespace {
 
 constexpr HookRow kHookTable[] = {
-    hooks::ApplicationDidFinishLaunching::row,
-    hooks::CopyMonogramWithInitials::row,
-    hooks::CopyMonogramWithImageData::row,
-    hooks::MonogramForPerson::row,
-    hooks::ControllerViewDidLoad::row,
-    hooks::ControllerToggle<"toggleFavorites:">::row,
-    hooks::ControllerToggle<"toggleRecents:">::row,
-    hooks::ControllerToggle<"toggleContacts:">::row,
-    hooks::ControllerMonogrammer::row,
-    AddedMethod<"CallBarControllerModern", "zelkaCBSettingsChanged:", "v@:@@", &favoritesStripSettingsChanged>::row,
-    hooks::ViewDidAppear<"CallBarFavoritesViewController">::row,
-    hooks::RecentsViewDidLoad::row,
-    hooks::ViewDidAppear<"CallBarABViewController">::row,
-    AddedMethod<"CallBarABViewController", "zelkaCBSettingsChanged:", "v@:@@", &callListSettingsChanged>::row,
-    hooks::RecentsCell::row,
-    hooks::RecentsDealloc::row,
-    hooks::CellInit::row,
-    hooks::CellInitialize::row,
-    hooks::CellLayout::row,
-    hooks::ViewDidAppear<"ABMembersViewController">::row,
-    hooks::MemberDrawText::row,
-    hooks::MemberLayout::row,
-    hooks::MemberCell::row,
-    hooks::FoundMemberCell::row,
+    ApplicationDidFinishLaunching::row,
+    CopyMonogramWithInitials::row,
+    CopyMonogramWithImageData::row,
+    MonogramForPerson::row,
+    ControllerViewDidLoad::row,
+    ControllerToggle<"toggleFavorites:">::row,
+    ControllerToggle<"toggleRecents:">::row,
+    ControllerToggle<"toggleContacts:">::row,
+    ControllerMonogrammer::row,
+    ControllerSettingsChanged::row,
+    ViewDidAppear<"CallBarFavoritesViewController">::row,
+    RecentsViewDidLoad::row,
+    ViewDidAppear<"CallBarABViewController">::row,
+    RecentsSettingsChanged::row,
+    RecentsCell::row,
+    RecentsDealloc::row,
+    CellInit::row,
+    CellInitialize::row,
+    CellLayout::row,
+    ViewDidAppear<"ABMembersViewController">::row,
+    MemberDrawText::row,
+    MemberLayout::row,
+    MemberCell::row,
+    FoundMemberCell::row,
 };
 
 }  // namespace
@@ -54,3 +54,5 @@ void installHooks() {
         if (cls != nullptr) row.install(cls);
     }
 }
+
+}  // namespace zelka

@@ -4,12 +4,15 @@
 
 #include "src/bootstrap/hook_table.h"
 #include "src/bootstrap/registration.h"
-#include "src/bootstrap/settings_seed.h"
-#include "src/cache/address_book_changes.h"
-#include "src/settings/live_changes.h"
+#include "src/changes/address_book_changes.h"
+#include "src/changes/settings_changes.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/settings/setting_rows.h"
+#include "src/settings/settings_seed.h"
 #include "src/util/process.h"
 
+namespace zelka {
 namespace {
 
 // From here on, the lines of the library and of its host in this process are appended to the log file; when that cannot
@@ -21,7 +24,7 @@ void observe(const char* name, CFNotificationCallback callback) {
                                     bridged(NSString::fromUTF8(name)), nullptr, kDeliverImmediately);
 }
 
-// In every process: the callbacks themselves tell whether it is a served one.
+// In every process: the callbacks themselves do nothing in one that is not served.
 void registerObservers() {
     observe(kAddressBookChangedNotification, &addressBookChangedCallBack);
     for (const SettingRow& row : kSettingRows) observe(row.notification, &zelkaCBSettingsChangedCallBack);
@@ -44,3 +47,5 @@ void registerObservers() {
 }
 
 }  // namespace
+
+}  // namespace zelka

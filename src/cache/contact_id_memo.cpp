@@ -1,11 +1,13 @@
 #include "src/cache/contact_id_memo.h"
 
 #include "src/cache/letting_go.h"
+#include "src/platform/foundation/NSValue.h"
 
+namespace zelka {
 namespace {
 
 // An entry's group is its contact ID.
-constinit zelka::ObjectMap theMemo;
+constinit ObjectMap theMemo;
 
 }  // namespace
 
@@ -21,4 +23,6 @@ void forgetContactID(ABRecordID contactID) {
     if (contactID >= 1) theMemo.removeOneOf(static_cast<std::uint64_t>(contactID));
 }
 
-void forgetAllContactIDs() { zelka::letGo(theMemo.clear()); }
+void forgetAllContactIDs() { letGo(theMemo.clear()); }
+
+}  // namespace zelka

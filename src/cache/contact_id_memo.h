@@ -3,6 +3,9 @@
 #pragma once
 
 #include "src/platform/address_book.h"
+#include "src/platform/foundation/NSString.h"
+
+namespace zelka {
 
 // The contact ID found for the text, or 0.
 ABRecordID rememberedContactID(NSString text);
@@ -14,3 +17,5 @@ void rememberContactID(NSString text, ABRecordID contactID);
 void forgetContactID(ABRecordID contactID);
 
 void forgetAllContactIDs();
+
+}  // namespace zelka

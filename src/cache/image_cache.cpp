@@ -7,20 +7,15 @@
 #include "src/util/process.h"
 #include "src/util/utility_class.h"
 
-namespace ZelkaCBUtils {
+namespace zelka {
 namespace {
 
 constinit std::atomic<bool> cacheIsMade{false};
-constinit zelka::ObjectMap theCache;
+constinit ObjectMap theCache;
 
-zelka::ObjectMap& cache() {
+ObjectMap& cache() {
     initialiseUtilityClass();
     return theCache;
-}
-
-void initialise(Class cls) {
-    // Subclasses inherit the method and are initialised too.
-    if (cls == platformClass<"ZelkaCBUtils">()) initImageCache();
 }
 
 }  // namespace
@@ -66,29 +61,10 @@ void clearImageCache() {
     releaseSharedAddressBook();
 }
 
-void removeAvatarsFromCache() {}
-
 void storeImage(UIImage image, NSObject key) {
     if (image && key) cache().store(image, key);
 }
 
-void removeAllImages() { zelka::letGo(cache().clear()); }
+void removeAllImages() { letGo(cache().clear()); }
 
-std::span<const MethodRow> imageCacheMethods() {
-    static constexpr MethodRow rows[] = {
-        receiverMethod<"initialize", &initialise>(),
-        classMethod<"initImageCache", void(), &initImageCache>(),
-        classMethod<"getContactImageInCacheForKey:", UIImage(NSObject), &getContactImageInCacheForKey>(),
-        classMethod<"getContactImageInCache:", UIImage(ABRecordID), &getContactImageInCache>(),
-        classMethod<"setContactImage:withID:", void(UIImage, NSObject), &setContactImage>(),
-        classMethod<"setContactImage:contactId:", void(UIImage, ABRecordID), &setContactImage>(),
-        classMethod<"removeImageFromCacheForID:", bool(NSObject), &removeImageFromCacheForID>(),
-        classMethod<"removeContactIDFromCache:", void(ABRecordID), &removeContactIDFromCache>(),
-        classMethod<"removeImageFromCache:", bool(ABRecordID), &removeImageFromCache>(),
-        classMethod<"clearImageCache", void(), &clearImageCache>(),
-        classMethod<"removeAvatarsFromCache", void(), &removeAvatarsFromCache>(),
-    };
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

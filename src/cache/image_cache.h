@@ -1,15 +1,16 @@
 // The process-wide map from a contact ID (as a number), a picture file's path or an e-mail text to the finished
-// picture. It grows without limit. Any thread; never waits for a lookup. It is made when the class ZelkaCBUtils is
-// initialised.
+// picture. It grows without limit. Any thread; never waits for a lookup. The runtime class ZelkaCBUtils makes it when
+// it is initialised.
 #pragma once
 
 #include "src/platform/address_book.h"
-#include "src/platform/class_builder.h"
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/uikit/UIImage.h"
 
-namespace ZelkaCBUtils {
+namespace zelka {
 
-// Makes the cache; the second time does nothing.
+// Logs that the cache is made; only the first call does anything.
 void initImageCache();
 
 // The picture under the key (+0, of the innermost autorelease pool), or nil.
@@ -20,18 +21,16 @@ UIImage getContactImageInCache(ABRecordID contactID);
 void setContactImage(UIImage image, NSObject key);
 void setContactImage(UIImage image, ABRecordID contactID);
 
-// Drops the picture under the key and answers whether there was one.
+// Drops the picture under the key and returns whether there was one.
 bool removeImageFromCacheForID(NSObject key);
-// Drops the contact's picture, and whatever it answers, one text that resolved to the contact. False for IDs below 1.
+// Drops the contact's picture and returns whether there was one; whether or not, forgets one text that resolved to the
+// contact. IDs below 1 do nothing and return false.
 bool removeImageFromCache(ABRecordID contactID);
 // Forgets one text that resolved to the contact.
 void removeContactIDFromCache(ABRecordID contactID);
 
 // Empties the cache and the contact-ID memo and gives up the shared address book.
 void clearImageCache();
-
-// Does nothing: other code may call it.
-void removeAvatarsFromCache();
 
 // The key of a contact (+0).
 inline NSNumber cacheKey(ABRecordID contactID) { return NSNumber::of(contactID); }
@@ -41,7 +40,4 @@ void storeImage(UIImage image, NSObject key);
 // Drops all pictures; the memo and the address book stay.
 void removeAllImages();
 
-// The class methods that answer to these functions.
-std::span<const MethodRow> imageCacheMethods();
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

@@ -2,6 +2,7 @@
 
 #include "src/cache/queue.h"
 #include "src/platform/block.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
 
 namespace zelka {
 namespace {
@@ -15,7 +16,7 @@ void letGo(ObjectMap::Contents contents) {
     AutoreleasePool pool;
     if (!contents.destroySome(kBatch)) return;
     Owned<Block> rest = makeBlock([contents = std::move(contents)]() mutable { letGo(std::move(contents)); });
-    ZelkaCBUtils::queue().add(NSBlockOperation::withBlock(rest.get()));
+    queue().add(NSBlockOperation::withBlock(rest.get()));
 }
 
 }  // namespace zelka

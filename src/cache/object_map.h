@@ -1,15 +1,16 @@
-// The map behind the image cache and the contact-ID memo: platform objects by keys that implement hash and isEqual:.
-// Any thread; no message is sent while a lock is held.
+// The map behind the image cache and the contact-ID memo: platform objects by keys, which are compared by hash and
+// isEqual:. Any thread; no message is sent under a lock.
 #pragma once
 
 #include "src/cache/shared_map.h"
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/owned.h"
 
 namespace zelka {
 
 struct ObjectIdentity {
-    static std::size_t hash(NSObject key) { return send<NSUInteger, "hash">(key); }
-    static bool equal(NSObject left, NSObject right) { return left == right || send<bool, "isEqual:">(left, right); }
+    static std::size_t hash(NSObject key) { return key.hash(); }
+    static bool equal(NSObject left, NSObject right) { return left == right || left.isEqual(right); }
     static std::size_t hash(const Owned<NSObject>& key) { return hash(key.get()); }
     static bool equal(const Owned<NSObject>& left, NSObject right) { return equal(left.get(), right); }
     static bool equal(const Owned<NSObject>& left, const Owned<NSObject>& right) { return equal(left, right.get()); }
@@ -29,7 +30,7 @@ class ObjectMap {
     }
     // Objects of a group other than 0 can be removed by its number.
     void store(NSObject object, NSObject key, std::uint64_t group = Map::kNoGroup) {
-        map_.store(copyOf(key), Owned<NSObject>::retain(object), group);
+        map_.store(copyOf(key), retain(object), group);
     }
     void remove(NSObject key) { map_.remove(key); }
     // Removes one object of the group, if there is one.

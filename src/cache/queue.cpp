@@ -3,33 +3,19 @@
 #include "src/platform/dispatch.h"
 #include "src/util/utility_class.h"
 
-namespace ZelkaCBUtils {
+namespace zelka {
 namespace {
 
 constinit std::intptr_t queueOnce = 0;
 constinit NSOperationQueue theQueue;
-constinit std::intptr_t instanceOnce = 0;
-constinit NSObject theInstance;
 
 }  // namespace
 
 NSOperationQueue queue() {
     initialiseUtilityClass();
-    dispatchOnce(queueOnce, [] { theQueue = NSOperationQueue::create().leak(); });
+    // Rows need it as long as the process lives.
+    dispatchOnce(queueOnce, [] { theQueue = keepForever(NSOperationQueue::create()); });
     return theQueue;
 }
 
-NSObject ZelkaCBUtilsInstance() {
-    dispatchOnce(instanceOnce, [] { theInstance = send<NSObject, "new">(platformClass<"ZelkaCBUtils">()); });
-    return theInstance;
-}
-
-std::span<const MethodRow> queueMethods() {
-    static constexpr MethodRow rows[] = {
-        classMethod<"queue", NSOperationQueue(), &queue>(),
-        classMethod<"ZelkaCBUtilsInstance", NSObject(), &ZelkaCBUtilsInstance>(),
-    };
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

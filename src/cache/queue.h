@@ -1,18 +1,11 @@
-// The process-wide objects that are made on first use and live as long as the process.
+// The queue on which list rows fetch their pictures.
 #pragma once
 
-#include "src/platform/class_builder.h"
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSOperation.h"
 
-namespace ZelkaCBUtils {
+namespace zelka {
 
-// The background queue on which list rows fetch their pictures (+0). Any thread.
+// The one background queue of the process (+0), made by the first call; it lives as long as the process. Any thread.
 NSOperationQueue queue();
 
-// An object of the class ZelkaCBUtils, which holds nothing (+0). Any thread.
-NSObject ZelkaCBUtilsInstance();
-
-// The class methods that answer to these functions.
-std::span<const MethodRow> queueMethods();
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

@@ -2,43 +2,37 @@
 
 #include "src/platform/dispatch.h"
 #include "src/platform/mutex.h"
+#include "src/platform/owned.h"
 #include "src/util/utility_class.h"
 
+namespace zelka {
 namespace {
 
 constinit std::intptr_t addressBookOnce = 0;
-constinit zelka::Mutex theMutex;
+constinit Mutex theMutex;
 constinit ABAddressBookRef theBook = nullptr;
 
-// Returns the handle that was there before (+1).
-Owned<ABAddressBookRef> exchangeBook(ABAddressBookRef book) {
-    zelka::Mutex::Lock lock(theMutex);
-    return Owned<ABAddressBookRef>::adopt(std::exchange(theBook, book));
+// Takes over the new handle (+1).
+void replaceBook(ABAddressBookRef book) {
+    Owned<ABAddressBookRef> former;  // released after the lock
+    Mutex::Lock lock(theMutex);
+    former = adopt(std::exchange(theBook, book));
 }
 
 // Another thread may give the handle up at any moment. A retain under the mutex is safe here: it calls no foreign code.
 Owned<ABAddressBookRef> copyBook() {
-    zelka::Mutex::Lock lock(theMutex);
-    return Owned<ABAddressBookRef>::retain(theBook);
+    Mutex::Lock lock(theMutex);
+    return retain(theBook);
 }
 
 }  // namespace
 
-namespace ZelkaCBUtils {
-
 ABAddressBookRef getAddressBook() {
     initialiseUtilityClass();
-    dispatchOnce(addressBookOnce, [] { exchangeBook(ABAddressBookCreate()); });
+    dispatchOnce(addressBookOnce, [] { replaceBook(ABAddressBookCreate()); });
     return copyBook().autorelease();
 }
 
-std::span<const MethodRow> sharedAddressBookMethods() {
-    static constexpr MethodRow rows[] = {
-        classMethod<"getAddressBook", ABAddressBookRef(), &getAddressBook>(),
-    };
-    return rows;
-}
+void releaseSharedAddressBook() { replaceBook(nullptr); }
 
-}  // namespace ZelkaCBUtils
-
-void releaseSharedAddressBook() { exchangeBook(nullptr); }
+}  // namespace zelka

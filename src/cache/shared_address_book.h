@@ -2,18 +2,14 @@
 #pragma once
 
 #include "src/platform/address_book.h"
-#include "src/platform/class_builder.h"
 
-namespace ZelkaCBUtils {
+namespace zelka {
 
 // The shared handle (+0, living at least as long as the innermost autorelease pool), made by the first call in the
 // process's life; nothing once it has been given up, because it is made only once. Any thread.
 ABAddressBookRef getAddressBook();
 
-// The class methods that answer to these functions.
-std::span<const MethodRow> sharedAddressBookMethods();
-
-}  // namespace ZelkaCBUtils
-
-// Releases the shared handle for good.
+// Gives up the shared handle for the rest of the process's life. Any thread.
 void releaseSharedAddressBook();
+
+}  // namespace zelka

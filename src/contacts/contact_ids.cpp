@@ -1,19 +1,19 @@
 #include "src/contacts/contact_ids.h"
 
-#include <array>
-
 #include "src/cache/contact_id_memo.h"
 #include "src/cache/shared_address_book.h"
+#include "src/contacts/database.h"
+#include "src/platform/foundation/NSFileManager.h"
 #include "src/platform/log.h"
-#include "src/util/database.h"
 
+namespace zelka {
 namespace {
 
 constexpr ABRecordID kNobody = 0;
 constexpr ABRecordID kUnknownAddress = -1;
 
 ABRecordID contactOfPhoneNumber(NSString number) {
-    ABRecordRef person = findPersonMatchingPhoneNumber(ZelkaCBUtils::getAddressBook(), number.object);
+    ABRecordRef person = findPersonMatchingPhoneNumber(getAddressBook(), number.object);
     return person != nullptr ? ABRecordGetRecordID(person) : kNobody;
 }
 
@@ -22,7 +22,7 @@ ABRecordID contactOfEmailAddress(NSString address) {
     Database database(kAddressBookDatabase);
     if (!database.isOpen()) return kUnknownAddress;
     // The address stands in the statement as it is: a quote in it ends the pattern, and what follows is SQL. Mostly
-    // that cannot be prepared; when it can, its answer counts, an error while stepping as a 0.
+    // that cannot be prepared; when it can, its result counts, an error while stepping as a 0.
     NSString query = joinText("Select record_id from ABMULTIVALUE where value like'", address, "'");
     Statement statement(database, query.utf8());
     if (!statement.isPrepared() || statement.step() == SQLITE_DONE) return kUnknownAddress;
@@ -30,12 +30,6 @@ ABRecordID contactOfEmailAddress(NSString address) {
 }
 
 }  // namespace
-
-namespace ZelkaCBUtils {
-
-ABRecordRef getPersonRecordFromDB(ABRecordID contactID) {
-    return ABAddressBookGetPersonWithRecordID(getAddressBook(), contactID);
-}
 
 ABRecordID getContactID(NSString text) {
     if (ABRecordID known = rememberedContactID(text); known >= 1) return known;
@@ -45,11 +39,4 @@ ABRecordID getContactID(NSString text) {
     return found;
 }
 
-std::span<const MethodRow> contactIDMethods() {
-    static constexpr std::array rows{
-        classMethod<"getPersonRecordFromDB:", ABRecordRef(ABRecordID), &getPersonRecordFromDB>(),
-        classMethod<"getContactID:", ABRecordID(NSString), &getContactID>()};
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

@@ -1,37 +1,35 @@
 #include "src/contacts/initials.h"
 
-#include <array>
 #include <cstdio>
 
-#include "src/contacts/contact_ids.h"
 #include "src/contacts/waiting_read.h"
 #include "src/platform/dispatch.h"
+#include "src/platform/foundation/NSArray.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSFileManager.h"
+#include "src/platform/owned.h"
 
+namespace zelka {
 namespace {
 
 constexpr const char* kDatabaseReader = "+[ZelkaCBUtils getMonogramTextFromAB:currentReadCount:]";
 constexpr std::int32_t kMaxReadCount = 4;
 
-NSString firstCharacter(NSString text) { return text.substringToIndex(1); }
-
 NSCharacterSet separators() {
     static constinit std::intptr_t once = 0;
     static constinit NSCharacterSet set;
-    dispatchOnce(once, [] { set = Owned<NSCharacterSet>::retain(NSCharacterSet::alphanumeric().inverted()).leak(); });
+    // Made once for the process.
+    dispatchOnce(once, [] { set = keepForever(retain(NSCharacterSet::alphanumeric().inverted())); });
     return set;
 }
 
-Owned<NSString> copyName(ABRecordRef person, ABPropertyID property) {
-    return Owned<NSString>::adopt(NSString{{ABRecordCopyValue(person, property)}});
-}
-
 NSString initialsOf(NSString first, NSString last) {
-    if (first.length() > 0 && last.length() > 0) return ZelkaCBUtils::monogramTextFromName(joinText(first, " ", last));
-    if (first.length() > 0) return ZelkaCBUtils::monogramTextFromName(first);
-    return last.length() > 0 ? ZelkaCBUtils::monogramTextFromName(last) : NSString{};
+    if (first.length() > 0 && last.length() > 0) return monogramTextFromName(joinText(first, " ", last));
+    if (first.length() > 0) return monogramTextFromName(first);
+    return last.length() > 0 ? monogramTextFromName(last) : NSString{};
 }
 
-// Pools what the question takes, for a wait asks it every second.
+// With a pool of its own, because a waiting read asks every second.
 bool addressBookExists() {
     AutoreleasePool pool;
     return NSFileManager::shared().exists(NSString::fromUTF8(kAddressBookDatabase));
@@ -66,8 +64,6 @@ bool readNames(ABRecordID contactID, Names& names) {
 
 }  // namespace
 
-namespace ZelkaCBUtils {
-
 NSString monogramTextFromName(NSString name) {
     if (name.length() == 0) return name;
     NSString unquoted = name.replacing(literal<"\"">(), literal<"">());
@@ -83,18 +79,10 @@ NSString monogramTextFromName(NSString name) {
         lastWord = piece;
     }
     if (words >= 2) return firstCharacter(firstWord).appending(firstCharacter(lastWord));
+    // Nothing but double quotes: a space, as for a name of any other punctuation.
+    if (unquoted.length() == 0) return literal<" ">();
     // Of the whole text, not of the word: a name that begins with a separator gives a space.
     return firstCharacter(pieces.joinedBy(literal<" ">()));
-}
-
-NSString monogramTextFromContactID(ABRecordID contactID) {
-    ABRecordRef person = getPersonRecordFromDB(contactID);
-    if (person == nullptr) return {};
-    Owned<NSString> first = copyName(person, kABPersonFirstNameProperty);
-    Owned<NSString> last = copyName(person, kABPersonLastNameProperty);
-    NSString initial = first->length() > 0 ? firstCharacter(first.get()) : NSString{};
-    if (last->length() == 0) return initial;
-    return initial ? initial.appending(firstCharacter(last.get())) : firstCharacter(last.get());
 }
 
 NSString getMonogramTextFromAB(ABRecordID contactID, std::int32_t currentReadCount) {
@@ -113,19 +101,6 @@ NSString getMonogramTextFromAB(ABRecordID contactID, std::int32_t currentReadCou
     return {};
 }
 
-NSString getMonogramTextFromAB(ABRecordID contactID) { return getMonogramTextFromAB(contactID, 0); }
-
 NSString monogramTextFromAB(ABRecordID contactID) { return getMonogramTextFromAB(contactID, 0); }
 
-std::span<const MethodRow> initialsMethods() {
-    static constexpr std::array rows{
-        classMethod<"monogramTextFromName:", NSString(NSString), &monogramTextFromName>(),
-        classMethod<"monogramTextFromContactID:", NSString(ABRecordID), &monogramTextFromContactID>(),
-        classMethod<"getMonogramTextFromAB:currentReadCount:", NSString(ABRecordID, std::int32_t),
-                    &getMonogramTextFromAB>(),
-        classMethod<"getMonogramTextFromAB:", NSString(ABRecordID), &getMonogramTextFromAB>(),
-        classMethod<"monogramTextFromAB:", NSString(ABRecordID), &monogramTextFromAB>()};
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

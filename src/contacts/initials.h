@@ -2,26 +2,21 @@
 // (+0). Any thread.
 #pragma once
 
-#include <span>
-
 #include "src/platform/address_book.h"
-#include "src/platform/class_builder.h"
+#include "src/platform/foundation/NSString.h"
 
-namespace ZelkaCBUtils {
+namespace zelka {
 
-// Nil for nil, the name itself when it is empty. A name of nothing but double quotes raises the platform's range error.
+// The text's first UTF-16 unit. The text must not be empty: that raises the platform's range error.
+inline NSString firstCharacter(NSString text) { return text.substringToIndex(1); }
+
+// The initials of a name's first and last word. Nil for nil, the name itself when it is empty; one space for a name
+// without words and for a single word that does not come first in the name. Raises nothing.
 NSString monogramTextFromName(NSString name);
 
-// From the shared address book; nil when it has no such person or the person has no name.
-NSString monogramTextFromContactID(ABRecordID contactID);
-
 // From the address-book database; nil when it does not exist or has no name for the contact. Blocks the caller, for as
-// long as it takes, while the database cannot be read.
+// long as it takes, while the database cannot be read. A count of 4 or more logs a line after the first failure.
 NSString getMonogramTextFromAB(ABRecordID contactID, std::int32_t currentReadCount);
-NSString getMonogramTextFromAB(ABRecordID contactID);
 NSString monogramTextFromAB(ABRecordID contactID);
 
-// The class methods that answer to these functions.
-std::span<const MethodRow> initialsMethods();
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

@@ -1,32 +1,55 @@
-// The picture to show for a contact: its photo, a linked contact's, a monogram, or the default picture. Results are
-// unowned (+0) and kept in the image cache. Block the caller while the image database cannot be read. Any thread.
+// The picture to show for a contact: its photo, a linked contact's, a monogram, or the "recent" picture. Results are
+// unowned (+0). Lookups block the caller while a database cannot be read. Any thread.
 #pragma once
 
-#include <span>
-
+#include "src/cache/image_cache.h"
 #include "src/platform/address_book.h"
-#include "src/platform/class_builder.h"
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/uikit/UIImage.h"
+#include "src/render/monograms.h"
 
-namespace ZelkaCBUtils {
+namespace zelka {
 
 // The finished picture of encoded bytes, stored in the image cache under the ID; nil when there are no bytes.
 UIImage getImageFromImageData(NSData data, ABRecordID contactID);
 
-// The cached picture, unless a new one is asked for; else the first that is found. The size (points) and the font are
-// those of a monogram: 40 by 40 and the 17-point system font when not given.
-UIImage getContactImageOnly(ABRecordID contactID, NSString monogramText, bool newImage, CGSize size, UIFont font);
-UIImage getContactImageOnly(ABRecordID contactID, NSString monogramText, bool newImage, CGSize size);
-UIImage getContactImageOnly(ABRecordID contactID, NSString monogramText, bool newImage);
+// What a lookup shows when there is neither a photo nor a monogram.
+enum class LastResort {
+    nothing,        // nil
+    recentPicture,  // the "recent" picture, which is not stored
+    keptPicture,    // the "recent" picture, stored under the contact, so that nobody looks for it again
+};
 
-// The same with the monogram's text from the address-book database. The default picture is not stored under the
-// contact.
-UIImage getContactImage(ABRecordID contactID);
+// Where one kind of lookup takes its pictures from: `photo` returns the bytes of a photo (NSData), `monogram` a picture
+// (UIImage); either returns nil when it has none.
+template <class Photo, class Monogram>
+struct LookupPolicy {
+    Photo photo;
+    Monogram monogram;
+    LastResort lastResort = LastResort::nothing;
+    bool ignoresCache = false;  // a cached picture is shown only before the last resort
+};
 
-// The same for whom a phone number or an e-mail address belongs to; nil when that is nobody.
-UIImage getContactImageByNumber(NSString text);
+template <class Photo, class Monogram>
+LookupPolicy(Photo, Monogram, LastResort = {}, bool = {}) -> LookupPolicy<Photo, Monogram>;
 
-// The class methods that answer to these functions.
-std::span<const MethodRow> lookupMethods();
+// The picture that the last resort stands for; nil for `nothing`.
+UIImage lastResortPicture(LastResort lastResort, ABRecordID contactID);
 
-}  // namespace ZelkaCBUtils
+// The contact's cached picture; else its photo, which is stored under the contact; else its monogram; else the last
+// resort. Nil when the policy leads to nothing.
+template <class Photo, class Monogram>
+UIImage findOrMakePicture(ABRecordID contactID, const LookupPolicy<Photo, Monogram>& policy) {
+    UIImage known = getContactImageInCache(contactID);
+    if (known && !policy.ignoresCache) return known;
+    if (NSData photo = policy.photo()) return getImageFromImageData(photo, contactID);
+    if (UIImage monogram = policy.monogram()) return monogram;
+    return known ? known : lastResortPicture(policy.lastResort, contactID);
+}
+
+// The lookup of the lists, with a monogram of that text and style; with `newImage` a cached picture is returned only
+// when nothing else is found.
+UIImage getContactImageOnly(ABRecordID contactID, NSString monogramText, bool newImage, const MonogramStyle& style);
+
+}  // namespace zelka

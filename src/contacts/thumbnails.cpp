@@ -1,10 +1,11 @@
 #include "src/contacts/thumbnails.h"
 
-#include <array>
-
 #include "src/contacts/waiting_read.h"
+#include "src/platform/foundation/NSArray.h"
+#include "src/platform/owned.h"
 #include "src/util/device.h"
 
+namespace zelka {
 namespace {
 
 constexpr const char* kThumbnailReader = "NSData *getContactImageFromABForID(int, int)";
@@ -39,11 +40,9 @@ NSData getContactImageFromABForID(ABRecordID contactID, std::int32_t) {
 
 NSData photoOfContact(ABRecordID contactID) {
     NSData photo = getContactImageFromABForID(contactID, 0);
-    if (!photo && ZelkaCBUtils::isIOS_7()) photo = ZelkaCBUtils::getContactImageDataFromAB(contactID);
+    if (!photo && isIOS_7()) photo = getContactImageDataFromAB(contactID);
     return photo;
 }
-
-namespace ZelkaCBUtils {
 
 NSData getContactImageDataFromAB(ABRecordID contactID) {
     logInformation(LogSite("+[ZelkaCBUtils getContactImageDataFromAB:]"), "Getting image for ", contactID);
@@ -51,7 +50,7 @@ NSData getContactImageDataFromAB(ABRecordID contactID) {
     ABAddressBookRef book = ABAddressBookCreate();
     ABRecordRef person = ABAddressBookGetPersonWithRecordID(book, contactID);
     if (person == nullptr || !isIOS_7()) return {};
-    auto linked = Owned<NSArray>::adopt(NSArray{{ABPersonCopyArrayOfAllLinkedPeople(person)}});
+    auto linked = adopt(NSArray{{ABPersonCopyArrayOfAllLinkedPeople(person)}});
     NSUInteger count = linked->count();
     if (count < 2) return {};
     for (NSUInteger i = 0; i < count; ++i) {
@@ -62,10 +61,4 @@ NSData getContactImageDataFromAB(ABRecordID contactID) {
     return {};
 }
 
-std::span<const MethodRow> thumbnailMethods() {
-    static constexpr std::array rows{
-        classMethod<"getContactImageDataFromAB:", NSData(ABRecordID), &getContactImageDataFromAB>()};
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

@@ -1,12 +1,15 @@
-// What the reads of a single contact do while a database cannot be read: they tell it and try again, without end.
+// What the reads of a single contact do while a database cannot be read: they log it and try again, without end.
 #pragma once
 
 #include <unistd.h>
 
-#include "src/util/database.h"
+#include "src/contacts/database.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
 #include "src/util/log.h"
 
-// Logs what the connection says after the text. Pools what the line takes, for a wait may last for days.
+namespace zelka {
+
+// Logs the text and the connection's error. With an autorelease pool of its own, because a wait may last for days.
 inline void logDatabaseError(LogSite site, const char* text, const Database& database) {
     AutoreleasePool pool;
     logError(site, text, database.message(), "'");
@@ -22,3 +25,5 @@ inline void logPrepareError(LogSite site, const Database& database) {
 
 // Blocks the thread for a second.
 inline void waitForDatabase() { sleep(1); }
+
+}  // namespace zelka

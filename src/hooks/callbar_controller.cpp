@@ -1,8 +1,10 @@
 #include "src/hooks/callbar_controller.h"
 
-#include "src/settings/live_changes.h"
+#include "src/platform/foundation/NSNotificationCenter.h"
+#include "src/platform/owned.h"
+#include "src/settings/settings.h"
 
-namespace hooks {
+namespace zelka {
 namespace {
 constinit ABMonogrammer captured{};
 }  // namespace
@@ -17,8 +19,13 @@ void controllerViewDidLoad(CallBarControllerModern self, SEL command) {
 
 ABMonogrammer controllerMonogrammer(CallBarControllerModern self, SEL command) {
     ABMonogrammer monogrammer = ControllerMonogrammer::host(self, command);
-    if (!captured) captured = Owned<ABMonogrammer>::retain(monogrammer).leak();
+    if (!captured) captured = keepForever(retain(monogrammer));
     return monogrammer;
 }
 
-}  // namespace hooks
+void controllerSettingsChanged(CallBarControllerModern self, SEL, NSObject) {
+    self.cleanupFavoritesButtons();
+    self.resetFavorites();
+}
+
+}  // namespace zelka

@@ -1,19 +1,15 @@
-// CallBar's main controller: subscribed to settings changes, and asked for its monogram generator.
+// CallBar's main controller: it hears of settings changes, and its monogram generator is noted.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/hooks/host_classes.h"
+#include "src/platform/foundation/NSObject.h"
 #include "src/platform/hook.h"
-#include "src/platform/uikit.h"
+#include "src/platform/uikit/UIControl.h"
 
-struct CallBarControllerModern : UIResponder {};
-struct ABMonogrammer : NSObject {
-    UIFont font() const { return send<UIFont, "font">(*this); }
-};
+namespace zelka {
 
-namespace hooks {
-
-// CallBar's own monogram generator: the first that any of its controllers answered, kept for the life of the process;
-// nil until then. Main thread.
+// CallBar's own monogram generator: the first that any of its controllers returned, kept for the life of the process;
+// nil until then (+0). Main thread.
 ABMonogrammer capturedMonogrammer();
 
 void controllerViewDidLoad(CallBarControllerModern self, SEL command);
@@ -22,17 +18,22 @@ using ControllerViewDidLoad = Hook<"CallBarControllerModern", "viewDidLoad", &co
 ABMonogrammer controllerMonogrammer(CallBarControllerModern self, SEL command);
 using ControllerMonogrammer = Hook<"CallBarControllerModern", "monogrammer", &controllerMonogrammer>;
 
+// Has the favourites strip built anew.
+void controllerSettingsChanged(CallBarControllerModern self, SEL command, NSObject notification);
+using ControllerSettingsChanged =
+    AddedMethod<"CallBarControllerModern", "zelkaCBSettingsChanged:", "v@:@@", &controllerSettingsChanged>;
+
 template <FixedString selectorName>
-void controllerToggle(CallBarControllerModern self, SEL command, NSObject sender);
+void controllerToggle(CallBarControllerModern self, SEL command, UIControl sender);
 
 template <FixedString selectorName>
 using ControllerToggle = Hook<"CallBarControllerModern", selectorName, &controllerToggle<selectorName>>;
 
-// The toggles are watched, not changed: the sender is asked and the host does all the work.
+// Changes nothing: the sender gets one message, and the host does all the work.
 template <FixedString selectorName>
-void controllerToggle(CallBarControllerModern self, SEL command, NSObject sender) {
-    static_cast<void>(send<bool, "isSelected">(sender));
+void controllerToggle(CallBarControllerModern self, SEL command, UIControl sender) {
+    static_cast<void>(sender.isSelected());
     ControllerToggle<selectorName>::host(self, command, sender);
 }
 
-}  // namespace hooks
+}  // namespace zelka

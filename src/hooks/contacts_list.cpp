@@ -1,18 +1,24 @@
 #include "src/hooks/contacts_list.h"
 
 #include "src/cache/image_cache.h"
+#include "src/changes/settings_changes.h"
 #include "src/contacts/initials.h"
 #include "src/contacts/lookup.h"
-#include "src/hooks/categories.h"
+#include "src/hooks/parent_table.h"
 #include "src/hooks/picture_view.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSValue.h"
 #include "src/platform/log.h"
+#include "src/platform/owned.h"
+#include "src/platform/uikit/UIImage.h"
+#include "src/platform/uikit/UIImageView.h"
+#include "src/platform/uikit/UIView.h"
 #include "src/render/monograms.h"
-#include "src/settings/live_changes.h"
 #include "src/settings/settings.h"
 #include "src/util/device.h"
 #include "src/util/process.h"
 
-namespace hooks {
+namespace zelka {
 namespace {
 
 // All in points.
@@ -35,35 +41,25 @@ struct ListRules {
 constexpr ListRules kFullList{false, true};
 constexpr ListRules kSearchResults{true, false};
 
-bool picturesWanted() {
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    return settings.isZelkaCBEnabled() && settings.isShowPicturesOnContacts();
-}
+bool picturesWanted() { return picturesWantedOn(List::contacts); }
 
-std::int32_t contactIDOf(ABMemberCell cell) { return send<std::int32_t, "recordID">(cell.person()); }
-
-UIView nameViewOf(ABMemberCell cell) {
-    if (respondsTo(cell, selector<"contactNameView">())) return send<UIView, "contactNameView">(cell);
-    return cell.contentView();
-}
+std::int32_t contactIDOf(ABMemberCell cell) { return cell.person().recordID(); }
 
 void placeNameView(ABMemberCell cell) {
-    UIView nameView = nameViewOf(cell);
+    UIView nameView = cell.hasContactNameView() ? cell.contactNameView() : cell.contentView();
     CGRect frame = nameView.frame();
     CGFloat margin = cell.isEditing() ? kEditingMargin : kMargin;
-    CGFloat width = ZelkaCBUtils::screenWidth() - kNameRightMargin - margin;
+    CGFloat width = screenSize().width - kNameRightMargin - margin;
     nameView.setFrame(makeRect(kNameLeading, frame.origin.y, width, frame.size.height));
 }
 
 void placePicture(ABMemberCell cell, UIImageView picture) {
-    bool bothEditing = cell.isEditing() && parentTableView(cell).isEditing();
-    CGFloat x = bothEditing ? kPictureEditingLeading : kPictureLeading;
+    bool areBothEditing = cell.isEditing() && parentTableView(cell).isEditing();
+    CGFloat x = areBothEditing ? kPictureEditingLeading : kPictureLeading;
     picture.setFrame(makeRect(x, kPictureTop, kPictureSize, kPictureSize));
 }
 
-UIImage cachedPicture(std::int32_t contactID) {
-    return contactID >= 1 ? ZelkaCBUtils::getContactImageInCache(contactID) : UIImage{};
-}
+UIImage cachedPicture(std::int32_t contactID) { return contactID >= 1 ? getContactImageInCache(contactID) : UIImage{}; }
 
 void layOutMember(ABMemberCell cell, SEL command) {
     UIImageView picture = pictureViewOf(cell);
@@ -75,32 +71,27 @@ void layOutMember(ABMemberCell cell, SEL command) {
     placeNameView(cell);
     placePicture(cell, picture);
     UIImage cached = cachedPicture(contactIDOf(cell));
-    picture.setImage(cached ? cached : ZelkaCBUtils::recentPicture());
-}
-
-NSData thumbnailOf(ABMemberCell cell) {
-    auto photographed = send<NSObject, "preferredPersonForPhoto">(cell.person());
-    return send<NSData, "preferredPhotoThumbnail">(photographed);
+    picture.setImage(cached ? cached : recentPicture());
 }
 
 // What stands for a contact without a photo. Either way the cache holds it under the contact from now on.
 UIImage pictureWithoutPhoto(std::int32_t contactID, ListRules rules) {
     if (monogramsWanted()) {
-        NSString text = ZelkaCBUtils::monogramTextFromAB(contactID);
+        NSString text = monogramTextFromAB(contactID);
         if (rules.logsMonograms) logParts("Monograms turned on, monogramText: ", text);
-        return ZelkaCBUtils::monogramImage(text, contactID);
+        return monogramImage(text, contactID);
     }
     if (rules.logsMonograms) logParts("Monograms turned off...");
-    UIImage placeholder = ZelkaCBUtils::recentPicture();
-    ZelkaCBUtils::setContactImage(placeholder, contactID);
+    UIImage placeholder = recentPicture();
+    setContactImage(placeholder, contactID);
     return placeholder;
 }
 
 void findPicture(ABMemberCell cell, UIImageView picture, std::int32_t contactID, ListRules rules) {
-    NSData thumbnail = thumbnailOf(cell);
+    NSData thumbnail = cell.person().preferredPersonForPhoto().preferredPhotoThumbnail();
     if (thumbnail.length() == 0) {
         picture.setImage(pictureWithoutPhoto(contactID, rules));
-    } else if (UIImage photo = ZelkaCBUtils::getImageFromImageData(thumbnail, contactID)) {
+    } else if (UIImage photo = getImageFromImageData(thumbnail, contactID)) {
         picture.setImage(photo);
     }
 }
@@ -111,22 +102,23 @@ void showPicture(ABMemberCell cell, UIImageView picture, ListRules rules) {
         picture.setImage(cached);
         return;
     }
-    picture.setImage(ZelkaCBUtils::defaultImage());
+    picture.setImage(defaultImage());
     if (contactID >= 1) findPicture(cell, picture, contactID, rules);
 }
 
 void decorate(UITableView table, UITableViewCell cell, ListRules rules) {
     if (!isServedProcess()) return;
-    if (!membersTableView.load()) membersTableView = Owned<UITableView>::retain(table).leak();
-    if (rules.needsSystem7 && !ZelkaCBUtils::isIOS_7()) return;
-    if (!isKindOf(cell, objc_getClass("ABMemberCell"))) return;
+    if (!membersTableView.load()) membersTableView = keepForever(retain(table));
+    if (rules.needsSystem7 && !isIOS_7()) return;
+    auto member = dynamicCast<ABMemberCell>(cell);
+    if (!member) return;
     UIImageView picture = pictureViewOf(cell);
     if (!picturesWanted()) {
         removePictureView(picture);
         return;
     }
     if (!picture) picture = addPictureView(cell, makeRect(kPictureLeading, kPictureTop, kPictureSize, kPictureSize));
-    showPicture(as<ABMemberCell>(cell), picture, rules);
+    showPicture(member, picture, rules);
 }
 
 }  // namespace
@@ -143,7 +135,7 @@ CGSize memberDrawText(ABMemberCell self, SEL command, NSString text, UIColor col
 
 void memberLayout(ABMemberCell self, SEL command) {
     MemberLayout::host(self, command);
-    if (!ZelkaCBUtils::isIOS_7()) return;
+    if (!isIOS_7()) return;
     AutoreleasePool pool;
     if (isServedProcess()) layOutMember(self, command);
 }
@@ -160,4 +152,4 @@ UITableViewCell foundMemberCell(NSObject self, SEL command, UITableView table, N
     return cell;
 }
 
-}  // namespace hooks
+}  // namespace zelka

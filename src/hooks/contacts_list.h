@@ -1,14 +1,15 @@
 // The system's Contacts member list, as CallBar shows it: a picture at the leading edge of every row.
 #pragma once
 
+#include "src/hooks/host_classes.h"
+#include "src/platform/foundation/NSObject.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/platform/hook.h"
-#include "src/platform/uikit.h"
+#include "src/platform/uikit/UIColor.h"
+#include "src/platform/uikit/UIFont.h"
+#include "src/platform/uikit/UITableView.h"
 
-struct ABMemberCell : UITableViewCell {
-    NSObject person() const { return send<NSObject, "person">(*this); }
-};
-
-namespace hooks {
+namespace zelka {
 
 CGSize memberDrawText(ABMemberCell self, SEL command, NSString text, UIColor color, UIColor shadowColor,
                       CGSize shadowOffset, CGPoint point, float width, UIFont font, NSInteger lineBreakMode);
@@ -25,4 +26,4 @@ using MemberCell = Hook<"ABMembersDataSource", "tableView:cellForRowAtIndexPath:
 UITableViewCell foundMemberCell(NSObject self, SEL command, UITableView table, NSIndexPath indexPath);
 using FoundMemberCell = Hook<"ABMembersFilteredDataSource", "tableView:cellForRowAtIndexPath:", &foundMemberCell>;
 
-}  // namespace hooks
+}  // namespace zelka

@@ -4,56 +4,56 @@
 #include "src/contacts/initials.h"
 #include "src/contacts/lookup.h"
 #include "src/hooks/picture_view.h"
+#include "src/platform/owned.h"
 #include "src/render/monograms.h"
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"
 #include "src/util/process.h"
 
-namespace hooks {
+namespace zelka {
 namespace {
 
 // In points.
 constexpr CGSize kFavoriteSize{60.0, 60.0};
 
-// Whether the library answers in the system's place: for CallBar's own generator, in the system shell, with pictures on
-// favourites wanted. Every other generator keeps the system's pictures.
-bool answersFor(ABMonogrammer monogrammer) {
+// Whether the library makes the generator's pictures: those of CallBar's own generator, in the system shell, with
+// pictures on favourites wanted. Every other generator keeps the system's pictures.
+bool drawsFor(ABMonogrammer monogrammer) {
     if (!isSpringBoard()) return false;
     if (!monogrammer || monogrammer != capturedMonogrammer()) return false;
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    return settings.isZelkaCBEnabled() && settings.isShowPicturesOnFavorites();
+    return picturesWantedOn(List::favorites);
 }
 
-UIImage copied(UIImage picture) { return Owned<UIImage>::retain(picture).leak(); }
+MonogramStyle favoriteStyle() { return {.size = kFavoriteSize, .font = capturedMonogrammer().font()}; }
+
+UIImage copied(UIImage picture) { return retain(picture).leak(); }
 
 NSString monogramTextOf(std::int32_t contactID) {
     if (!monogramsWanted()) return {};
-    return ZelkaCBUtils::monogramTextFromAB(contactID);
+    return monogramTextFromAB(contactID);
 }
 
 UIImage pictureOf(std::int32_t contactID) {
-    if (UIImage cached = ZelkaCBUtils::getContactImageInCache(contactID)) return cached;
-    return ZelkaCBUtils::getContactImageOnly(contactID, monogramTextOf(contactID), true, kFavoriteSize,
-                                             capturedMonogrammer().font());
+    if (UIImage cached = getContactImageInCache(contactID)) return cached;
+    return getContactImageOnly(contactID, monogramTextOf(contactID), true, favoriteStyle());
 }
 
 }  // namespace
 
 UIImage copyMonogramWithInitials(ABMonogrammer self, SEL command, NSString initials) {
-    if (!answersFor(self)) return CopyMonogramWithInitials::host(self, command, initials);
-    return copied(ZelkaCBUtils::monogramImage(initials, kFavoriteSize, capturedMonogrammer().font()));
+    if (!drawsFor(self)) return CopyMonogramWithInitials::host(self, command, initials);
+    return copied(monogramImage(initials, 0, favoriteStyle()));
 }
 
 UIImage copyMonogramWithImageData(ABMonogrammer self, SEL command, NSData data) {
-    if (!answersFor(self)) return CopyMonogramWithImageData::host(self, command, data);
-    return copied(data.length() > 0 ? ZelkaCBUtils::getImageFromImageData(data) : ZelkaCBUtils::defaultImage());
+    if (!drawsFor(self)) return CopyMonogramWithImageData::host(self, command, data);
+    return copied(data.length() > 0 ? getImageFromImageData(data) : defaultImage());
 }
 
 UIImage monogramForPerson(ABMonogrammer self, SEL command, ABRecordRef person, BOOL* isPersonImage) {
-    if (!answersFor(self)) return MonogramForPerson::host(self, command, person, isPersonImage);
-    if (person == nullptr) return copied(ZelkaCBUtils::defaultImage());
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    if (settings.isZelkaCBEnabled() && settings.isRoundedPicsEnabled()) {
+    if (!drawsFor(self)) return MonogramForPerson::host(self, command, person, isPersonImage);
+    if (person == nullptr) return copied(defaultImage());
+    if (isWanted(Setting::roundedPictures)) {
         return MonogramForPerson::host(self, command, person, isPersonImage);
     }
     ABRecordID contactID = ABRecordGetRecordID(person);
@@ -61,4 +61,4 @@ UIImage monogramForPerson(ABMonogrammer self, SEL command, ABRecordRef person, B
     return copied(pictureOf(contactID));
 }
 
-}  // namespace hooks
+}  // namespace zelka

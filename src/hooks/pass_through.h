@@ -1,10 +1,11 @@
 // Replacements that add nothing to the host's behaviour but an autorelease pool.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSObject.h"
 #include "src/platform/hook.h"
 
-namespace hooks {
+namespace zelka {
 
 template <FixedString className>
 void viewDidAppear(NSObject self, SEL command, BOOL animated);
@@ -19,4 +20,4 @@ void viewDidAppear(NSObject self, SEL command, BOOL animated) {
     ViewDidAppear<className>::host(self, command, animated);
 }
 
-}  // namespace hooks
+}  // namespace zelka

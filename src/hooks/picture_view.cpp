@@ -1,8 +1,9 @@
 #include "src/hooks/picture_view.h"
 
-#include "src/settings/settings.h"
+#include "src/platform/owned.h"
+#include "src/platform/uikit/UIImage.h"
 
-namespace hooks {
+namespace zelka {
 
 UIImageView addPictureView(UIView container, CGRect frame) {
     Owned<UIImageView> view = UIImageView::withFrame(frame);
@@ -16,9 +17,4 @@ void removePictureView(UIImageView pictureView) {
     pictureView.removeFromSuperview();
 }
 
-bool monogramsWanted() {
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    return settings.isZelkaCBEnabled() && settings.isMonogramEnabled();
-}
-
-}  // namespace hooks
+}  // namespace zelka

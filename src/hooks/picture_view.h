@@ -2,9 +2,10 @@
 // view's size.
 #pragma once
 
-#include "src/platform/uikit.h"
+#include "src/platform/uikit/UIImageView.h"
+#include "src/platform/uikit/UIView.h"
 
-namespace hooks {
+namespace zelka {
 
 // The tag is the only link between a cell and its views: cells are reused, and the host knows nothing of the library.
 constexpr NSInteger kPictureTag = 3232;
@@ -25,7 +26,4 @@ UIImageView addPictureView(UIView container, CGRect frame);
 // Takes the picture out of the cell; a cell without one is left alone.
 void removePictureView(UIImageView pictureView);
 
-// Whether the user wants monograms, by the settings alone: without the system-version test that drawing them makes.
-bool monogramsWanted();
-
-}  // namespace hooks
+}  // namespace zelka

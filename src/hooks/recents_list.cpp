@@ -2,39 +2,28 @@
 
 #include "src/cache/image_cache.h"
 #include "src/cache/queue.h"
+#include "src/changes/settings_changes.h"
 #include "src/contacts/contact_ids.h"
 #include "src/contacts/initials.h"
 #include "src/contacts/lookup.h"
 #include "src/hooks/picture_view.h"
 #include "src/platform/dispatch.h"
+#include "src/platform/foundation/NSNotificationCenter.h"
+#include "src/platform/foundation/NSOperation.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/owned.h"
+#include "src/platform/uikit/UIApplication.h"
+#include "src/platform/uikit/UIImage.h"
+#include "src/platform/uikit/UIImageView.h"
 #include "src/platform/weak.h"
 #include "src/render/monograms.h"
-#include "src/settings/live_changes.h"
 #include "src/settings/settings.h"
 
-namespace hooks {
+namespace zelka {
 namespace {
 
 // Where a new picture view starts, in points; the cell's layout centres it.
 constexpr CGFloat kPictureTop = 2.0;
-
-bool picturesWanted() {
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    return settings.isZelkaCBEnabled() && settings.isShowPicturesOnRecents();
-}
-
-// The value of an instance variable that the host publishes no accessor for; zero where it is missing.
-void* hostVariable(NSObject host, const char* name) {
-    void* value = nullptr;
-    object_getInstanceVariable(host.object, name, &value);
-    return value;
-}
-
-bool hostFlag(NSObject host, const char* name) {
-    // The runtime copies a whole pointer's worth, of which a BOOL is the first byte.
-    void* value = hostVariable(host, name);
-    return *reinterpret_cast<const unsigned char*>(&value) != 0;
-}
 
 UIImageView placePictureView(UITableViewCell cell, UIImageView pictureView) {
     bool rightToLeft = UIApplication::shared().isRightToLeft();
@@ -44,32 +33,19 @@ UIImageView placePictureView(UITableViewCell cell, UIImageView pictureView) {
     return pictureView;
 }
 
-// The entry shown in that row, or nil when the host has fewer.
-NSDictionary entryInRow(CallBarABViewController controller, NSInteger row) {
-    const char* list = hostFlag(controller, "onlyMissed") ? "_missedEntries" : "_allEntries";
-    NSArray entries{{static_cast<id>(hostVariable(controller, list))}};
-    auto index = static_cast<NSUInteger>(row);
-    return entries.count() > index ? entries.at<NSDictionary>(index) : NSDictionary{};
+std::int32_t contactIDOf(CallBarEntry entry, CallBarCall call) {
+    if (call.hasUid()) return static_cast<std::int32_t>(call.uid());
+    if (call.hasAddressBookRecordId()) return static_cast<std::int32_t>(call.addressBookRecordId().integerValue());
+    return getContactID(entry.address());
 }
 
-std::int32_t contactIDOf(NSDictionary entry, NSObject call) {
-    if (respondsTo(call, selector<"uid">())) return static_cast<std::int32_t>(send<NSInteger, "uid">(call));
-    if (respondsTo(call, selector<"addressBookRecordId">())) {
-        return static_cast<std::int32_t>(send<NSNumber, "addressBookRecordId">(call).integerValue());
-    }
-    return ZelkaCBUtils::getContactID(entry.objectFor<NSString>(literal<"address">()));
-}
-
-NSString monogramTextOf(NSObject call, std::int32_t contactID) {
+NSString monogramTextOf(CallBarCall call, std::int32_t contactID) {
     if (!monogramsWanted()) return {};
-    if (respondsTo(call, selector<"callerName">())) {
-        return ZelkaCBUtils::monogramTextFromName(send<NSString, "callerName">(call));
-    }
-    return ZelkaCBUtils::monogramTextFromAB(contactID);
+    return call.hasCallerName() ? monogramTextFromName(call.callerName()) : monogramTextFromAB(contactID);
 }
 
 UIImage placeholder(NSString monogramText) {
-    return monogramsWanted() ? ZelkaCBUtils::monogramImage(monogramText, 0) : ZelkaCBUtils::recentPicture();
+    return monogramsWanted() ? monogramImage(monogramText, 0) : recentPicture();
 }
 
 // What a background load carries from the row to the queue and back to the main thread.
@@ -90,26 +66,26 @@ void showLoaded(const PictureLoad& load) {
 void loadPicture(PictureLoad& load) {
     if (load.contactID >= 1) {
         load.picture =
-            Owned<UIImage>::retain(ZelkaCBUtils::getContactImageOnly(load.contactID, load.monogramText.get(), false));
+            retain(getContactImageOnly(load.contactID, load.monogramText.get(), false, {.font = systemMonogramFont()}));
     }
     if (!load.picture) return;
     dispatchToMain(makeBlock([load = std::move(load)] { showLoaded(load); }));
 }
 
 void queueLoad(UITableViewCell cell, std::int32_t contactID, NSString monogramText) {
-    PictureLoad load{contactID, Owned<NSString>::retain(monogramText), {}, WeakReference<UITableViewCell>(cell)};
+    PictureLoad load{contactID, retain(monogramText), {}, WeakReference<UITableViewCell>(cell)};
     Owned<Block> task = makeBlock([load = std::move(load)]() mutable { loadPicture(load); });
-    ZelkaCBUtils::queue().add(NSBlockOperation::withBlock(task.get()));
+    queue().add(NSBlockOperation::withBlock(task.get()));
 }
 
-void showPicture(UITableViewCell cell, UIImageView pictureView, NSDictionary entry) {
-    NSObject call = entry.objectFor<NSArray>(literal<"calls">()).first();
+void showPicture(UITableViewCell cell, UIImageView pictureView, CallBarEntry entry) {
+    CallBarCall call = entry.firstCall();
     std::int32_t contactID = contactIDOf(entry, call);
     if (contactID < 1) {
-        pictureView.setImage(ZelkaCBUtils::getMonogramImage());
+        pictureView.setImage(getMonogramImage());
         return;
     }
-    UIImage cached = ZelkaCBUtils::getContactImageInCache(contactID);
+    UIImage cached = getContactImageInCache(contactID);
     NSString monogramText = monogramTextOf(call, contactID);
     if (cached) {
         pictureView.setImage(cached);
@@ -120,14 +96,14 @@ void showPicture(UITableViewCell cell, UIImageView pictureView, NSDictionary ent
 }
 
 void decorate(CallBarABViewController controller, UITableViewCell cell, NSInteger row) {
-    if (!isKindOf(cell, objc_getClass("CallBarTableViewTransparentCell"))) return;
+    if (!dynamicCast<CallBarTableViewTransparentCell>(cell)) return;
     UIImageView pictureView = pictureViewOf(cell);
-    if (!picturesWanted()) {
+    if (!picturesWantedOn(List::recents)) {
         removePictureView(pictureView);
         return;
     }
     pictureView = placePictureView(cell, pictureView);
-    if (NSDictionary entry = entryInRow(controller, row)) showPicture(cell, pictureView, entry);
+    if (CallBarEntry entry = controller.entryInRow(row)) showPicture(cell, pictureView, entry);
 }
 
 }  // namespace
@@ -144,10 +120,12 @@ void recentsDealloc(CallBarABViewController self, SEL command) {
     NSNotificationCenter::shared().removeObserver(self);
 }
 
+void recentsSettingsChanged(CallBarABViewController self, SEL, NSObject) { reloadOnMainThread(self.tableView()); }
+
 UITableViewCell recentsCell(CallBarABViewController self, SEL command, UITableView table, NSIndexPath indexPath) {
     UITableViewCell cell = RecentsCell::host(self, command, table, indexPath);
     decorate(self, cell, indexPath.row());
     return cell;
 }
 
-}  // namespace hooks
+}  // namespace zelka

@@ -1,10 +1,13 @@
 #include "src/hooks/springboard.h"
 
+#include "src/platform/foundation/NSDictionary.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/owned.h"
 #include "src/settings/settings.h"
 #include "src/util/log.h"
 #include "src/util/preference_bundle.h"
 
-namespace hooks {
+namespace zelka {
 
 void applicationDidFinishLaunching(NSObject self, SEL command, NSObject application) {
     ApplicationDidFinishLaunching::host(self, command, application);
@@ -12,8 +15,8 @@ void applicationDidFinishLaunching(NSObject self, SEL command, NSObject applicat
     Owned<NSMutableDictionary> product = NSMutableDictionary::fromFile(path);
     auto name = product->objectFor<NSString>(literal<"Name">());
     auto version = product->objectFor<NSString>(literal<"Version">());
-    if (ZelkaCBUtils::isZelkaCBOnlyOn()) logInfoPlain(name, " (", version, ") loading....");
+    if (isZelkaCBOnlyOn()) logInfoPlain(name, " (", version, ") loading....");
     product->removeAllObjects();
 }
 
-}  // namespace hooks
+}  // namespace zelka

@@ -1,13 +1,13 @@
 // The system shell's start.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSObject.h"
 #include "src/platform/hook.h"
 
-namespace hooks {
+namespace zelka {
 
 void applicationDidFinishLaunching(NSObject self, SEL command, NSObject application);
 using ApplicationDidFinishLaunching =
     Hook<"SpringBoard", "applicationDidFinishLaunching:", &applicationDidFinishLaunching>;
 
-}  // namespace hooks
+}  // namespace zelka

@@ -1,10 +1,16 @@
 #include "src/hooks/transparent_cell.h"
 
 #include "src/hooks/picture_view.h"
+#include "src/platform/foundation/NSArray.h"
+#include "src/platform/uikit/UIApplication.h"
+#include "src/platform/uikit/UIImageView.h"
+#include "src/platform/uikit/UILabel.h"
+#include "src/platform/uikit/UITableView.h"
+#include "src/platform/uikit/UIView.h"
 #include "src/settings/settings.h"
 #include "src/util/device.h"
 
-namespace hooks {
+namespace zelka {
 namespace {
 
 // All in points.
@@ -22,7 +28,7 @@ void forEachSubview(UIView container, Visit visit) {
     for (NSUInteger index = 0, count = subviews.count(); index < count; ++index) visit(subviews.at<UIView>(index));
 }
 
-bool hasExactClass(UIView view, NSString className) { return classNameOf(view).equals(className); }
+bool hasExactClass(UIView view, NSString className) { return view.className().equals(className); }
 
 bool showsText(UIView label) { return static_cast<bool>(as<UILabel>(label).text()); }
 
@@ -40,8 +46,8 @@ CGRect placePicture(UITableViewCell cell) {
     return picture.frame();
 }
 
-void placeNameLabel(UIView contentView, CGRect picture, bool system8) {
-    NSString labelClass = system8 ? literal<"UITableViewLabel">() : literal<"UILabel">();
+void placeNameLabel(UIView contentView, CGRect picture, bool isSystem8) {
+    NSString labelClass = isSystem8 ? literal<"UITableViewLabel">() : literal<"UILabel">();
     NSArray subviews = contentView.subviews();
     for (NSUInteger index = 0, count = subviews.count(); index < count; ++index) {
         auto label = subviews.at<UIView>(index);
@@ -70,21 +76,21 @@ void clipNameLabel(UIView nameLabel, UIView dateLabel) {
 }
 
 void placeDetailAndDate(UIView container, UIView nameLabel) {
-    Class labelClass = platformClass<"UILabel">();
+    Class labelClass = platformClass<UILabel>();
     forEachSubview(container, [&](UIView view) {
         if (hasExactClass(view, literal<"UIDateLabel">())) {
             clipNameLabel(nameLabel, view);
-        } else if (isKindOf(view, labelClass) && showsText(view)) {
+        } else if (view.isKindOf(labelClass) && showsText(view)) {
             placeDetailLabel(view, nameLabel);
         }
     });
 }
 
-// The picture view is an image view too; its tag tells it from the host's call-type icon.
+// The picture view is an image view too; only its tag distinguishes it from the host's call-type icon.
 void placeIcon(UIView contentView, CGRect detail) {
-    Class imageViewClass = platformClass<"UIImageView">();
+    Class imageViewClass = platformClass<UIImageView>();
     forEachSubview(contentView, [&](UIView view) {
-        if (!isKindOf(view, imageViewClass) || view.tag() > 0) return;
+        if (!view.isKindOf(imageViewClass) || view.tag() > 0) return;
         CGSize size = view.frame().size;
         view.setFrame(makeRect(detail.origin.x + detail.size.width + kIconGap, detail.origin.y + kIconDrop, size.width,
                                size.height));
@@ -94,11 +100,11 @@ void placeIcon(UIView contentView, CGRect detail) {
 // The order matters: the name follows the picture, the date clips the name, the detail stands under the name, and the
 // icon follows the detail.
 void makeRoom(UITableViewCell cell, CGRect picture) {
-    bool system8 = ZelkaCBUtils::isIOS_8();
+    bool isSystem8 = isIOS_8();
     UIView contentView = cell.contentView();
-    placeNameLabel(contentView, picture, system8);
+    placeNameLabel(contentView, picture, isSystem8);
     // On system 7 a scrolling view stands between the cell and its content view, and holds the host's labels.
-    UIView container = system8 ? cell : contentView.superview();
+    UIView container = isSystem8 ? cell : contentView.superview();
     placeDetailAndDate(container, cell.withTag<UIView>(kNameLabelTag));
     placeIcon(contentView, cell.withTag<UIView>(kDetailLabelTag).frame());
 }
@@ -108,21 +114,20 @@ void makeRoom(UITableViewCell cell, CGRect picture) {
 CallBarTableViewTransparentCell cellInit(CallBarTableViewTransparentCell self, SEL command, NSInteger style,
                                          NSString reuseIdentifier) {
     auto made = CellInit::host(self, command, style, reuseIdentifier);
-    send<void, "initialize">(self);
+    self.initialize();
     return made;
 }
 
 void cellInitialize(CallBarTableViewTransparentCell self, SEL) {
-    if (!ZelkaCBUtils::isZelkaCBOnlyOn()) return;
+    if (!isZelkaCBOnlyOn()) return;
     addPictureView(self.contentView(), makeRect(kPictureLeading, kPictureTop, kPictureSize, kPictureSize));
 }
 
 void cellLayout(CallBarTableViewTransparentCell self, SEL command) {
     CellLayout::host(self, command);
-    ZLKCBSettings settings = ZLKCBSettings::sharedSettings();
-    if (!settings.isZelkaCBEnabled() || !settings.isShowPicturesOnRecents()) return;
+    if (!picturesWantedOn(List::recents)) return;
     CGRect picture = placePicture(self);
-    if (ZelkaCBUtils::isIOS_7()) makeRoom(self, picture);
+    if (isIOS_7()) makeRoom(self, picture);
 }
 
-}  // namespace hooks
+}  // namespace zelka

@@ -1,12 +1,11 @@
 // CallBar's list cell: a picture view at its leading edge, and the host's labels beside it.
 #pragma once
 
+#include "src/hooks/host_classes.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/platform/hook.h"
-#include "src/platform/uikit.h"
 
-struct CallBarTableViewTransparentCell : UITableViewCell {};
-
-namespace hooks {
+namespace zelka {
 
 CallBarTableViewTransparentCell cellInit(CallBarTableViewTransparentCell self, SEL command, NSInteger style,
                                          NSString reuseIdentifier);
@@ -19,4 +18,4 @@ using CellInitialize = AddedMethod<"CallBarTableViewTransparentCell", "initializ
 void cellLayout(CallBarTableViewTransparentCell self, SEL command);
 using CellLayout = Hook<"CallBarTableViewTransparentCell", "layoutSubviews", &cellLayout>;
 
-}  // namespace hooks
+}  // namespace zelka

@@ -37,7 +37,11 @@ struct NSRange {
     NSUInteger location, length;
 };
 
+namespace zelka {
+
 constexpr CGRect makeRect(CGFloat x, CGFloat y, CGFloat width, CGFloat height) { return {{x, y}, {width, height}}; }
 
-// What a search that found nothing answers as its location (NSNotFound, NSIntegerMax).
+// The location that a search without a result returns (NSNotFound, which is NSIntegerMax).
 constexpr NSUInteger kNotFound = static_cast<NSUInteger>(INTPTR_MAX);
+
+}  // namespace zelka

@@ -1,68 +1,78 @@
-// Blocks made from C++ callables, in the layout that the public block ABI gives.
+// Blocks made from C++ callables, in the layout of Clang's "Block Implementation Specification" (Block-ABI-Apple).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <new>
+#include <type_traits>
 #include <utility>
 
-#include "src/platform/object.h"
+#include "src/platform/owned.h"
 
-extern "C" void* _NSConcreteMallocBlock[];
+extern "C" {
+extern void* _NSConcreteStackBlock[];
+void* _Block_copy(const void* block);
+}
+
+namespace zelka {
 
 // A block object that takes no arguments and returns nothing: dispatch_block_t.
 struct Block : NSObject {};
 
-namespace platform {
+namespace detail {
+
+// The flag BLOCK_HAS_COPY_DISPOSE, by which the compiler says that the descriptor has both helpers. The other bits of a
+// block's flags are the runtime's to write, but for those of the compiler that do not concern a block like this.
+constexpr std::int32_t kBlockHasCopyDispose = 1 << 25;
 
 struct BlockDescriptor {
-    std::uintptr_t reserved;
-    std::uintptr_t size;
+    unsigned long reserved;
+    unsigned long size;
     void (*copy)(void* destination, const void* source);
     void (*dispose)(const void* block);
 };
 
+// A block as the compiler lays it out on the stack, with the callable as its one captured variable.
 template <class Callable>
-struct BlockLayout {
+struct BlockLiteral {
     void* isa;
     std::int32_t flags;
     std::int32_t reserved;
     void (*invoke)(void* block);
     const BlockDescriptor* descriptor;
-    Callable* callable;
+    Callable callable;
 
-    static void run(void* block) { (*static_cast<BlockLayout*>(block)->callable)(); }
+    static void run(void* block) { static_cast<BlockLiteral*>(block)->callable(); }
 
-    // A heap block is never copied again: copying it adds a reference.
-    static void copy(void*, const void*) {}
+    // Called by _Block_copy, once, after it has copied the bytes: a copy of a heap block adds a reference only. The
+    // stack's callable is moved from, because makeBlock has no further use for it.
+    static void copy(void* destination, const void* source) {
+        auto* literal = static_cast<BlockLiteral*>(const_cast<void*>(source));
+        new (&static_cast<BlockLiteral*>(destination)->callable) Callable(std::move(literal->callable));
+    }
 
-    static void dispose(const void* block) { delete static_cast<const BlockLayout*>(block)->callable; }
+    // Called before the runtime frees the heap block.
+    static void dispose(const void* block) {
+        static_cast<BlockLiteral*>(const_cast<void*>(block))->callable.~Callable();
+    }
 
-    static constexpr BlockDescriptor description{0, sizeof(void*) * 4 + sizeof(std::int32_t) * 2, &copy, &dispose};
+    static constexpr BlockDescriptor kDescriptor{0, sizeof(BlockLiteral), &copy, &dispose};
 };
 
-// Of the block ABI: the block lives on the heap, has copy and dispose helpers, and counts one reference (the count's
-// unit is 2, its low bit means "being freed").
-constexpr std::int32_t kBlockNeedsFree = 1 << 24;
-constexpr std::int32_t kBlockHasCopyDispose = 1 << 25;
-constexpr std::int32_t kBlockOneReference = 2;
+}  // namespace detail
 
-}  // namespace platform
-
-// A block that runs the callable, which moves into it and is destroyed with it, on whichever thread lets go of it last
-// (+1).
+// A block that runs the callable, which moves into it and is destroyed with it, on whichever thread gives up the last
+// reference. Ends the process when there is no memory for it.
 template <class Callable>
-Owned<Block> makeBlock(Callable callable) {
-    using Layout = platform::BlockLayout<Callable>;
-    static_assert(Layout::description.size == sizeof(Layout));
-    // The block's memory is given back by the platform, with free.
-    auto* block = static_cast<Layout*>(std::malloc(sizeof(Layout)));
+[[nodiscard]] Owned<Block> makeBlock(Callable callable) {
+    static_assert(std::is_nothrow_move_constructible_v<Callable>, "the runtime's C code copies the block");
+    static_assert(alignof(Callable) <= alignof(std::max_align_t), "the runtime aligns a block as malloc does");
+    using Literal = detail::BlockLiteral<Callable>;
+    Literal literal{&_NSConcreteStackBlock, detail::kBlockHasCopyDispose, 0,
+                    &Literal::run,          &Literal::kDescriptor,        std::move(callable)};
+    void* block = _Block_copy(&literal);
     if (block == nullptr) std::abort();
-    new (block) Layout{&_NSConcreteMallocBlock,
-                       platform::kBlockNeedsFree | platform::kBlockHasCopyDispose | platform::kBlockOneReference,
-                       0,
-                       &Layout::run,
-                       &Layout::description,
-                       new Callable(std::move(callable))};
-    return Owned<Block>::adopt(Block{{reinterpret_cast<id>(block)}});
+    return adopt(Block{{static_cast<id>(block)}});
 }
+
+}  // namespace zelka

@@ -1,7 +1,7 @@
 // CoreFoundation: the Darwin notify centre.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSString.h"
 
 using CFNotificationCenterRef = struct __CFNotificationCenter*;
 using CFStringRef = const struct __CFString*;
@@ -9,8 +9,12 @@ using CFDictionaryRef = const struct __CFDictionary*;
 using CFNotificationCallback = void (*)(CFNotificationCenterRef center, void* observer, CFStringRef name,
                                         const void* object, CFDictionaryRef userInfo);
 
+namespace zelka {
+
 // CFNotificationSuspensionBehaviorDeliverImmediately
 constexpr NSInteger kDeliverImmediately = 4;
+
+}  // namespace zelka
 
 extern "C" {
 CFNotificationCenterRef CFNotificationCenterGetDarwinNotifyCenter();
@@ -19,8 +23,13 @@ void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void*
                                      NSInteger suspensionBehavior);
 }
 
-// A CoreFoundation string is the Foundation string of the same address, and the other way round.
+namespace zelka {
+
+// A CoreFoundation string is the Foundation string of the same address, and the other way round (toll-free bridging).
+// Both return the argument's reference under its other type, +0.
 inline NSString bridged(CFStringRef text) {
     return NSString{{reinterpret_cast<id>(const_cast<struct __CFString*>(text))}};
 }
 inline CFStringRef bridged(NSString text) { return reinterpret_cast<CFStringRef>(text.object); }
+
+}  // namespace zelka

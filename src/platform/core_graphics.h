@@ -1,7 +1,10 @@
-// CoreGraphics, as far as the library draws with it. References from Create functions are owned (+1).
+// CoreGraphics, as far as the library draws with it, as the framework's public headers declare it. References from
+// Create functions are owned (+1); contexts are used by one thread at a time.
 #pragma once
 
-#include "src/platform/object.h"
+#include <cstddef>
+
+#include "src/platform/abi.h"
 
 using CGContextRef = struct CGContext*;
 using CGImageRef = struct CGImage*;
@@ -11,8 +14,12 @@ using CGPathRef = const struct CGPath*;
 using CGMutablePathRef = struct CGPath*;
 struct CGAffineTransform;
 
+namespace zelka {
+
 // Alpha comes first in memory and is multiplied into the colours (kCGImageAlphaPremultipliedFirst).
 constexpr std::uint32_t kAlphaPremultipliedFirst = 2;
+
+}  // namespace zelka
 
 extern "C" {
 CGColorSpaceRef CGColorSpaceCreateDeviceRGB();

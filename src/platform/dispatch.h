@@ -1,6 +1,9 @@
 // libdispatch: one-time initialisation and the main queue.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
+
 #include "src/platform/block.h"
 
 extern "C" {
@@ -9,6 +12,8 @@ extern dispatch_queue_s _dispatch_main_q;
 void dispatch_once_f(std::intptr_t* once, void* context, void (*function)(void*));
 void dispatch_async(dispatch_queue_s* queue, id block);
 }
+
+namespace zelka {
 
 // Runs the function once per process, however many threads come at the same time; the others wait until it has run. The
 // token must have static storage and start at zero.
@@ -23,5 +28,8 @@ inline void dispatchOnce(std::intptr_t& once, void (*function)()) {
                  [](void* context) { reinterpret_cast<void (*)()>(context)(); });
 }
 
-// Runs the block on the main thread, after what was queued there before. Returns at once. Any thread.
+// Runs the block on the main thread, after what was queued there before. Returns at once; the queue keeps a reference
+// to the block until it has run. Any thread.
 inline void dispatchToMain(const Owned<Block>& block) { dispatch_async(&_dispatch_main_q, block.get().object); }
+
+}  // namespace zelka

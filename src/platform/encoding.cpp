@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-namespace platform {
+namespace zelka::detail {
 namespace {
 
 const char* skipQualifiersAndOffsets(const char* at) {
@@ -96,4 +96,4 @@ bool encodingsAgree(const char* left, const char* right) {
     }
 }
 
-}  // namespace platform
+}  // namespace zelka::detail

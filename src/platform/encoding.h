@@ -6,10 +6,9 @@
 
 #include "src/platform/abi.h"
 #include "src/platform/fixed_string.h"
-#include "src/platform/object.h"
 #include "src/platform/runtime.h"
 
-namespace platform {
+namespace zelka::detail {
 
 // The type by which a C++ type crosses the border: bool travels as BOOL, everything else as itself.
 template <class T>
@@ -45,7 +44,7 @@ constexpr auto encodingOf() {
         return FixedString("v");
     } else if constexpr (EncodedStruct<T>) {
         return StructEncoding<T>::value;
-    } else if constexpr (std::derived_from<T, NSObject> || std::same_as<T, id>) {
+    } else if constexpr (ObjectHandle<T> || std::same_as<T, id>) {
         return FixedString("@");
     } else if constexpr (std::same_as<T, Class>) {
         return FixedString("#");
@@ -105,4 +104,4 @@ inline constexpr auto methodEncoding = ((encodingOf<Abi<Result>>() + FixedString
 // them.
 bool encodingsAgree(const char* left, const char* right);
 
-}  // namespace platform
+}  // namespace zelka::detail

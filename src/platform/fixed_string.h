@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+namespace zelka {
+
 template <std::size_t Size>
 struct FixedString {
     char text[Size + 1] = {};
@@ -33,3 +35,5 @@ constexpr FixedString<Left + Right> operator+(const FixedString<Left>& left, con
     for (std::size_t i = 0; i < Right; ++i) joined.text[Left + i] = right.text[i];
     return joined;
 }
+
+}  // namespace zelka

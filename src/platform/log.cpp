@@ -4,6 +4,8 @@
 
 extern "C" void NSLog(id format, ...);
 
+namespace zelka {
+
 TextBuilder::TextBuilder() : text_(NSMutableString::create()) {}
 
 void TextBuilder::append(const char* utf8) {
@@ -12,7 +14,7 @@ void TextBuilder::append(const char* utf8) {
 }
 
 void TextBuilder::append(NSObject object) {
-    NSString part = object ? descriptionOf(object) : NSString{};
+    NSString part = object ? object.description() : NSString{};
     text_->appendString(part ? part : literal<"(null)">());
 }
 
@@ -23,3 +25,5 @@ void TextBuilder::append(long long number) {
 }
 
 void logText(NSString text) { NSLog(literal<"%@">().object, text.object); }
+
+}  // namespace zelka

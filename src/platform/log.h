@@ -2,7 +2,9 @@
 // calls pass their arguments differently on each architecture.
 #pragma once
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSString.h"
+
+namespace zelka {
 
 // Builds a text from parts: C strings as UTF-8, objects as their description ("(null)" for nil), integers in decimal.
 class TextBuilder {
@@ -26,7 +28,7 @@ template <class... Parts>
 NSString joinText(Parts... parts) {
     TextBuilder builder;
     (builder.append(parts), ...);
-    return Owned<NSString>::retain(builder.text()).autorelease();
+    return retain(builder.text()).autorelease();
 }
 
 // Writes one line to the log. Any thread.
@@ -39,3 +41,5 @@ void logParts(Parts... parts) {
     (builder.append(parts), ...);
     logText(builder.text());
 }
+
+}  // namespace zelka

@@ -1,16 +1,18 @@
-// send<Result, "selector:">(receiver, arguments...): a message, typed where it is sent.
+// send<Result, "selector:">(receiver, arguments...): a message, typed where it is sent. Handles alone send messages;
+// everything else calls the handles' functions.
 #pragma once
 
 #include <type_traits>
 
 #include "src/platform/encoding.h"
-#include "src/platform/object.h"
 #include "src/platform/runtime.h"
 
-namespace platform {
+namespace zelka {
+namespace detail {
 
 // Whether the ABI returns this type through memory that the caller names, for which x86-64 has a second entry point:
-// structs over two registers there; never on arm64; on 32-bit arm every struct wider than a register.
+// structs over two registers there; never on arm64; on 32-bit arm every struct wider than a register. The rules are
+// those of Apple's "Mac OS X ABI Function Call Guide" and "iOS ABI Function Call Guide".
 template <class Result>
 constexpr bool returnedThroughMemory() {
     if constexpr (!std::is_class_v<Result>) return false;
@@ -27,7 +29,7 @@ constexpr bool returnedThroughMemory() {
 }
 
 template <class Result>
-void (*messenger())() {
+IMP messenger() {
     if constexpr (returnedThroughMemory<Result>()) {
         return &objc_msgSend_stret;
     } else {
@@ -54,7 +56,7 @@ void checkCall(id receiver) {
 #endif
 
 template <class Result, class... Arguments>
-inline Result call(void (*implementation)(), id receiver, SEL selector, Arguments... arguments) {
+inline Result call(IMP implementation, id receiver, SEL selector, Arguments... arguments) {
     using Function = Abi<Result> (*)(id, SEL, Abi<Arguments>...);
     auto function = reinterpret_cast<Function>(implementation);
     if constexpr (std::is_same_v<Result, bool>) {
@@ -64,23 +66,39 @@ inline Result call(void (*implementation)(), id receiver, SEL selector, Argument
     }
 }
 
-}  // namespace platform
-
-// Sends the message and returns its result; a nil receiver answers zero, whatever the result's type, without a call.
-// Results are unowned (+0) unless the selector begins with alloc, new, copy, mutableCopy or init, which answer +1.
-// Any thread that the receiver's class allows.
-template <class Result = void, FixedString name, class... Arguments>
-inline Result send(NSObject receiver, Arguments... arguments) {
+template <class Result, FixedString name, class... Arguments>
+inline Result sendTo(id receiver, Arguments... arguments) {
     static_assert(name.count(':') == sizeof...(Arguments), "a selector takes one argument a colon");
-    if (receiver.object == nullptr) return Result();
+    if (receiver == nullptr) return Result();
 #ifndef NDEBUG
-    platform::checkCall<name, Result, Arguments...>(receiver.object);
+    checkCall<name, Result, Arguments...>(receiver);
 #endif
-    return platform::call<Result>(platform::messenger<Result>(), receiver.object, selector<name>(), arguments...);
+    return call<Result>(messenger<Result>(), receiver, selector<name>(), arguments...);
+}
+
+}  // namespace detail
+
+// Sends the message to the object and returns its result; for a nil receiver returns zero, whatever the result's type,
+// without a call. Results are unowned (+0) unless the selector begins with alloc, new, copy, mutableCopy or init, which
+// return +1. Any thread that the receiver's class allows. Debug builds check the types against the receiver's method.
+template <class Result = void, FixedString name, ObjectHandle Receiver, class... Arguments>
+inline Result send(Receiver receiver, Arguments... arguments) {
+    return detail::sendTo<Result, name>(receiver.object, arguments...);
 }
 
 // The same to a class.
 template <class Result = void, FixedString name, class... Arguments>
 inline Result send(Class receiver, Arguments... arguments) {
-    return send<Result, name>(NSObject{reinterpret_cast<id>(receiver)}, arguments...);
+    return detail::sendTo<Result, name>(reinterpret_cast<id>(receiver), arguments...);
 }
+
+// Calls what the superclass that the handle is named after implements for the selector: a message to super. The
+// receiver may not be nil.
+template <class Result, FixedString name, ObjectHandle Superclass, ObjectHandle Receiver, class... Arguments>
+inline Result sendSuper(Receiver receiver, Arguments... arguments) {
+    static_assert(name.count(':') == sizeof...(Arguments), "a selector takes one argument a colon");
+    IMP implementation = class_getMethodImplementation(platformClass<Superclass>(), selector<name>());
+    return detail::call<Result>(implementation, receiver.object, selector<name>(), arguments...);
+}
+
+}  // namespace zelka

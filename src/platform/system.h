@@ -11,7 +11,7 @@ extern "C" {
 int sysctlbyname(const char* name, void* value, std::size_t* size, void* newValue, std::size_t newSize);
 }
 
-namespace platform {
+namespace zelka {
 
 // The system's C function of that name and type, or nullptr on a system that has none: the way to call what not every
 // phone offers, because a library that is linked to a missing function is not loaded at all. Any thread.
@@ -20,4 +20,4 @@ Function* systemFunction(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, name));
 }
 
-}  // namespace platform
+}  // namespace zelka

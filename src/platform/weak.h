@@ -1,7 +1,8 @@
-// References that do not keep their object alive.
+// References that do not keep their object alive: the runtime's weak slots, as Clang's specification of automatic
+// reference counting names their functions.
 #pragma once
 
-#include "src/platform/object.h"
+#include "src/platform/owned.h"
 
 extern "C" {
 id objc_initWeak(id* slot, id object);
@@ -10,8 +11,10 @@ void objc_moveWeak(id* to, id* from);
 void objc_destroyWeak(id* slot);
 }
 
+namespace zelka {
+
 // Becomes nil when the object goes. Any thread.
-template <class T>
+template <ObjectHandle T>
 class WeakReference {
   public:
     explicit WeakReference(T value) { objc_initWeak(&slot_, value.object); }
@@ -20,9 +23,11 @@ class WeakReference {
     WeakReference& operator=(const WeakReference&) = delete;
     ~WeakReference() { objc_destroyWeak(&slot_); }
 
-    // The object, kept alive by the answer (+1), or nil.
-    Owned<T> get() const { return Owned<T>::adopt(as<T>(NSObject{objc_loadWeakRetained(&slot_)})); }
+    // The object, kept alive by what is returned (+1), or nothing.
+    [[nodiscard]] Owned<T> get() const { return adopt(as<T>(NSObject{objc_loadWeakRetained(&slot_)})); }
 
   private:
     mutable id slot_ = nullptr;
 };
+
+}  // namespace zelka

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstdlib>
+#include <span>
 
 #include "src/util/process.h"
 
+namespace zelka {
 namespace {
 
 constexpr std::array kFullPalette{
@@ -46,10 +48,6 @@ std::size_t drawPaletteIndex(NSInteger seed, std::size_t count) {
 
 }  // namespace
 
-UIColor colorWithHexaCode(std::int32_t code) {
-    return colorWithComponents((code >> 16) & 0xFF, (code >> 8) & 0xFF, code & 0xFF, 1.0);
-}
-
 UIColor colorWithComponents(NSInteger red, NSInteger green, NSInteger blue, CGFloat alpha) {
     auto component = [](NSInteger value) { return static_cast<CGFloat>(value) / static_cast<CGFloat>(255.0); };
     return UIColor::withComponents(component(red), component(green), component(blue), alpha);
@@ -59,28 +57,14 @@ UIColor colorWithHexaCode(NSString text, CGFloat alpha) {
     return colorWithComponents(componentAt(text, 1), componentAt(text, 3), componentAt(text, 5), alpha);
 }
 
-UIColor ZelkaCBUtils::getMonogramRandomColor(NSInteger seed, bool darkColor) {
+UIColor getMonogramRandomColor(NSInteger seed, bool darkColor) {
     std::span<const char* const> palette = kFullPalette;
     if (darkColor) palette = kDarkPalette;
     return colorWithHexaCode(NSString::fromUTF8(palette[drawPaletteIndex(seed, palette.size())]), 1.0);
 }
 
-UIColor ZelkaCBUtils::getMonogramRandomColor(NSInteger seed) {
+UIColor getMonogramRandomColor(NSInteger seed) {
     return getMonogramRandomColor(seed, mainBundleIdentifier().equals(literal<"com.apple.facetime">()));
 }
 
-std::span<const MethodRow> ZelkaCBUtils::colorMethods() {
-    static constexpr std::array rows{
-        classMethod<"getMonogramRandomColor:darkColor:", UIColor(NSInteger, bool), &getMonogramRandomColor>(),
-        classMethod<"getMonogramRandomColor:", UIColor(NSInteger), &getMonogramRandomColor>()};
-    return rows;
-}
-
-std::span<const MethodRow> colorCategoryMethods() {
-    static constexpr std::array rows{
-        classMethod<"ZelkaCBColorWithHexaCode:", UIColor(std::int32_t), &colorWithHexaCode>(),
-        classMethod<"ZelkaCBColorWithRed:green:blue:alpha:", UIColor(NSInteger, NSInteger, NSInteger, CGFloat),
-                    &colorWithComponents>(),
-        classMethod<"ZelkaCBColorWithHexaCode:alpha:", UIColor(NSString, CGFloat), &colorWithHexaCode>()};
-    return rows;
-}
+}  // namespace zelka

@@ -1,44 +1,56 @@
 #include "src/render/monograms.h"
 
-#include <array>
-
 #include "src/cache/image_cache.h"
+#include "src/platform/foundation/NSValue.h"
+#include "src/platform/owned.h"
+#include "src/platform/quartz_core/CALayer.h"
+#include "src/platform/uikit/UIGraphics.h"
+#include "src/platform/uikit/UIImageView.h"
 #include "src/render/colors.h"
 #include "src/render/shaping.h"
 #include "src/settings/settings.h"
 #include "src/util/log.h"
 #include "src/util/preference_bundle.h"
 
+namespace zelka {
 namespace {
 
-constexpr CGSize kDefaultSize{40, 40};
-constexpr CGFloat kDefaultFontSize = 17;
 constexpr CGFloat kCorner = 5;
 
-// White letters in capitals over the disc or square, in a context of this size that is already open.
-void drawInitials(CGContextRef context, NSString text, CGSize size, UIColor color, UIFont font) {
-    CGRect bounds{{0, 0}, size};
+UIColor colorFor(const MonogramStyle& style, NSInteger contactID) {
+    if (style.color) return *style.color;
+    return style.font ? getMonogramRandomColor(contactID, true) : getMonogramRandomColor(contactID);
+}
+
+// The style with all that it leaves open.
+DrawnStyle completed(const MonogramStyle& style, NSInteger contactID) {
+    return {style.size, colorFor(style, contactID), style.font ? *style.font : systemMonogramFont()};
+}
+
+// White letters in capitals over the disc or square, in a context of the style's size that is already open.
+void drawInitials(CGContextRef context, NSString text, const DrawnStyle& style) {
+    CGRect bounds = boundsOf(style.size);
     CGContextSaveGState(context);
-    CGContextSetFillColorWithColor(context, color.cgColor());
-    if (ZelkaCBUtils::isRoundedPicsEnabled()) {
+    CGContextSetFillColorWithColor(context, style.color.cgColor());
+    if (isRoundedPicsEnabled()) {
         CGContextFillEllipseInRect(context, bounds);
     } else {
         CGContextFillRect(context, bounds);
     }
     CGContextSetFillColorWithColor(context, UIColor::white().cgColor());
-    CGFloat lineHeight = font.pointSize() + 4;
-    drawText(text.uppercase(), makeRect(0, (size.height - lineHeight) / 2, size.width, lineHeight), font,
-             LineBreakMode::truncateTail, TextAlignment::center);
+    CGFloat lineHeight = style.font.pointSize() + 4;
+    CGRect line = makeRect(0, (bounds.size.height - lineHeight) / 2, bounds.size.width, lineHeight);
+    drawText(text.uppercase(), line, style.font, LineBreakMode::truncateTail, TextAlignment::center);
     CGContextRestoreGState(context);
 }
 
 // The picture over the colour, as a view of that size shows it, in a picture as large as the source.
 UIImage renderOverColor(UIImage source, CGSize size, UIColor color) {
-    Owned<UIImageView> view = UIImageView::withFrame({{0, 0}, size});
+    Owned<UIImageView> view = UIImageView::withFrame(boundsOf(size));
     view->setBackgroundColor(color);
     view->setImage(source);
     CALayer layer = view->layer();
-    if (ZelkaCBUtils::isRoundedPicsEnabled()) {
+    if (isRoundedPicsEnabled()) {
         layer.setCornerRadius(size.width / 2);
         view->setClipsToBounds(true);
     } else {
@@ -51,54 +63,32 @@ UIImage renderOverColor(UIImage source, CGSize size, UIColor color) {
 
 // Contacts keep their picture; 0 and below stand for nobody. The picture comes back as it is.
 UIImage cached(UIImage picture, NSInteger contactID) {
-    if (contactID >= 1) ZelkaCBUtils::storeImage(picture, NSNumber::ofInteger(contactID));
+    if (contactID >= 1) storeImage(picture, NSNumber::ofInteger(contactID));
     return picture;
 }
 
-UIImage cachedPictureOf(NSInteger contactID) {
-    return ZelkaCBUtils::getContactImageInCacheForKey(NSNumber::ofInteger(contactID));
-}
+UIImage cachedPictureOf(NSInteger contactID) { return getContactImageInCacheForKey(NSNumber::ofInteger(contactID)); }
 
 }  // namespace
 
-namespace ZelkaCBUtils {
-
-UIImage monogramImage(NSString text, CGSize size, UIColor color, UIFont font) {
-    if (text.length() == 0) return getMonogramImage(0);
+UIImage monogramImage(NSString text, const DrawnStyle& style) {
+    if (text.length() == 0) return getMonogramImage();
     if (!isMonogramEnabled()) return defaultImage();
     UIImage drawn;
     {
-        ImageContext image(size, kMainScreenScale);
-        drawInitials(image.context(), text, size, color, font);
+        ImageContext image(style.size, kMainScreenScale);
+        drawInitials(image.context(), text, style);
         drawn = image.picture();
     }
     return drawn ? imageWithRoundedCornersRadius(drawn, static_cast<float>(kCorner)) : drawn;
 }
 
-UIImage monogramImage(NSString text, NSInteger contactID, CGSize size, UIColor color, UIFont font) {
+UIImage monogramImage(NSString text, NSInteger contactID, const MonogramStyle& style) {
+    // Before the cache is asked, so that each call takes its random numbers whether or not they are needed.
+    DrawnStyle complete = completed(style, contactID);
     if (UIImage known = cachedPictureOf(contactID)) return known;
-    return cached(monogramImage(text, size, color, font), contactID);
+    return cached(monogramImage(text, complete), contactID);
 }
-
-UIImage monogramImage(NSString text, NSInteger contactID, CGSize size, UIColor color) {
-    return monogramImage(text, contactID, size, color, UIFont::system(kDefaultFontSize));
-}
-
-UIImage monogramImage(NSString text, NSInteger contactID, CGSize size, UIFont font) {
-    return monogramImage(text, contactID, size, getMonogramRandomColor(contactID, true), font);
-}
-
-UIImage monogramImage(NSString text, NSInteger contactID, CGSize size) {
-    return monogramImage(text, contactID, size, getMonogramRandomColor(contactID));
-}
-
-UIImage monogramImage(NSString text, NSInteger contactID) { return monogramImage(text, contactID, kDefaultSize); }
-
-UIImage monogramImage(NSString text, CGSize size, UIFont font) { return monogramImage(text, 0, size, font); }
-
-UIImage monogramImage(NSString text, CGSize size) { return monogramImage(text, 0, size); }
-
-UIImage monogramImage(NSString text) { return monogramImage(text, 0); }
 
 UIImage getMonogramImage(NSInteger contactID, UIImage source, CGSize size, UIColor color) {
     if (!isMonogramEnabled()) return source;
@@ -122,8 +112,6 @@ UIImage getMonogramImage(NSInteger contactID) {
     return getMonogramImage(contactID, getMonogramRandomColor(contactID));
 }
 
-UIImage getMonogramImage() { return getMonogramImage(0); }
-
 UIImage recentPicture() { return getImage(bundlePicturePath(literal<"recent">())); }
 
 UIImage defaultImage() {
@@ -131,27 +119,4 @@ UIImage defaultImage() {
     return recentPicture();
 }
 
-}  // namespace ZelkaCBUtils
-
-std::span<const MethodRow> ZelkaCBUtils::monogramMethods() {
-    static constexpr std::array rows{
-        classMethod<"monogramImage:size:color:font:", UIImage(NSString, CGSize, UIColor, UIFont), &monogramImage>(),
-        classMethod<"monogramImage:contactID:size:color:font:", UIImage(NSString, NSInteger, CGSize, UIColor, UIFont),
-                    &monogramImage>(),
-        classMethod<"monogramImage:contactID:size:color:", UIImage(NSString, NSInteger, CGSize, UIColor),
-                    &monogramImage>(),
-        classMethod<"monogramImage:contactID:size:font:", UIImage(NSString, NSInteger, CGSize, UIFont),
-                    &monogramImage>(),
-        classMethod<"monogramImage:contactID:size:", UIImage(NSString, NSInteger, CGSize), &monogramImage>(),
-        classMethod<"monogramImage:contactID:", UIImage(NSString, NSInteger), &monogramImage>(),
-        classMethod<"monogramImage:size:font:", UIImage(NSString, CGSize, UIFont), &monogramImage>(),
-        classMethod<"monogramImage:size:", UIImage(NSString, CGSize), &monogramImage>(),
-        classMethod<"monogramImage:", UIImage(NSString), &monogramImage>(),
-        classMethod<"getMonogramImage:source:size:color:", UIImage(NSInteger, UIImage, CGSize, UIColor),
-                    &getMonogramImage>(),
-        classMethod<"getMonogramImage:color:", UIImage(NSInteger, UIColor), &getMonogramImage>(),
-        classMethod<"getMonogramImage:", UIImage(NSInteger), &getMonogramImage>(),
-        classMethod<"getMonogramImage", UIImage(), &getMonogramImage>(),
-        classMethod<"defaultImage", UIImage(), &defaultImage>()};
-    return rows;
-}
+}  // namespace zelka

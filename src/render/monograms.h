@@ -1,44 +1,56 @@
-// Monogram pictures: initials on a coloured disc or square, and the silhouette for those without. Pictures of contact
-// IDs of 1 and above are kept in the image cache, and a cached one is answered whatever was asked for; but with
-// monograms off, who brings a source picture gets that one back. Sizes are in points; results are unowned (+0). Any
-// thread.
+// Monogram pictures: initials on a coloured disc or square, and the silhouette for contacts without initials. Lengths
+// are in points; results are unowned (+0). Any thread.
+//
+// Pictures of contact IDs of 1 and above are kept in the image cache. A function that takes a contact ID returns the
+// cached picture when there is one, whatever its size, colour and font.
 #pragma once
 
-#include <span>
+#include <optional>
 
-#include "src/platform/class_builder.h"
-#include "src/platform/uikit.h"
+#include "src/platform/foundation/NSString.h"
+#include "src/platform/uikit/UIColor.h"
+#include "src/platform/uikit/UIFont.h"
+#include "src/platform/uikit/UIImage.h"
 
-namespace ZelkaCBUtils {
+namespace zelka {
 
-// Draws the text in capitals, uncached. No text gives a silhouette; monograms switched off give defaultImage.
-UIImage monogramImage(NSString text, CGSize size, UIColor color, UIFont font);
+// The font of monograms that name none (+0).
+inline UIFont systemMonogramFont() { return UIFont::system(17); }
 
-// The same through the cache; what is not given is 40 by 40 points, the 17-point system font, and a palette colour,
-// from the dark palette when a font is given.
-UIImage monogramImage(NSString text, NSInteger contactID, CGSize size, UIColor color, UIFont font);
-UIImage monogramImage(NSString text, NSInteger contactID, CGSize size, UIColor color);
-UIImage monogramImage(NSString text, NSInteger contactID, CGSize size, UIFont font);
-UIImage monogramImage(NSString text, NSInteger contactID, CGSize size);
-UIImage monogramImage(NSString text, NSInteger contactID);
-UIImage monogramImage(NSString text, CGSize size, UIFont font);
-UIImage monogramImage(NSString text, CGSize size);
-UIImage monogramImage(NSString text);
+// How a monogram is to look. Without a font it is the one above; without a colour it is one of the palette, of the dark
+// palette when there is a font.
+struct MonogramStyle {
+    CGSize size{40, 40};
+    std::optional<UIColor> color = std::nullopt;
+    std::optional<UIFont> font = std::nullopt;
+};
 
-// The silhouette over a colour; the source picture itself when monograms are off. Nil, with a line in the log, when
-// there is no source picture.
+// A style that leaves nothing open.
+struct DrawnStyle {
+    CGSize size;
+    UIColor color;
+    UIFont font;
+};
+
+// Draws the text in capitals; the cache is neither read nor filled. A nil or empty text gives the silhouette, and with
+// monograms switched off every other text gives defaultImage.
+UIImage monogramImage(NSString text, const DrawnStyle& style);
+
+// The contact's cached picture, or the text drawn as above and stored under the contact.
+UIImage monogramImage(NSString text, NSInteger contactID, const MonogramStyle& style = {});
+
+// The source picture over the colour, as large as the source picture; the size is that of the colour's disc or square.
+// With monograms switched off, the source picture itself, whatever the cache holds. Without a source picture nil, and a
+// line in the log.
 UIImage getMonogramImage(NSInteger contactID, UIImage source, CGSize size, UIColor color);
+// The same with the silhouette as the source picture; without a colour, over one of the palette.
 UIImage getMonogramImage(NSInteger contactID, UIColor color);
-UIImage getMonogramImage(NSInteger contactID);
-UIImage getMonogramImage();
+UIImage getMonogramImage(NSInteger contactID = 0);
 
-// The preference bundle's "recent" picture, 80 by 80, which stands where nothing better is to be had.
+// The preference bundle's "recent" picture, 80 by 80, for contacts without any other picture.
 UIImage recentPicture();
 
-// What stands in for a picture that is not there: a silhouette, or the "recent" picture when monograms are off.
+// The picture for nobody in particular: a silhouette, or the "recent" picture with monograms switched off.
 UIImage defaultImage();
 
-// The class methods that answer to these functions.
-std::span<const MethodRow> monogramMethods();
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

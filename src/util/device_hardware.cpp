@@ -2,7 +2,7 @@
 
 #include "src/platform/system.h"
 
-namespace ZLKCBUIDeviceHardware {
+namespace zelka::ZLKCBUIDeviceHardware {
 namespace {
 
 enum class Match { whole, beginning };
@@ -26,10 +26,6 @@ bool matches(const DeviceName& row, NSString machine) {
     return row.match == Match::whole ? machine.equals(wanted) : machine.hasPrefix(wanted);
 }
 
-// For methods of instances, which have no use for them.
-NSString platformOfInstance(NSObject) { return platform(); }
-NSString platformStringOfInstance(NSObject) { return platformString(); }
-
 }  // namespace
 
 NSString platform() {
@@ -47,20 +43,4 @@ NSString platformString() {
     return machine;
 }
 
-std::span<const MethodRow> hardwareClassMethods() {
-    static constexpr MethodRow rows[] = {
-        classMethod<"platform", NSString(), &platform>(),
-        classMethod<"platformString", NSString(), &platformString>(),
-    };
-    return rows;
-}
-
-std::span<const MethodRow> hardwareInstanceMethods() {
-    static constexpr MethodRow rows[] = {
-        receiverMethod<"platform", &platformOfInstance>(),
-        receiverMethod<"platformString", &platformStringOfInstance>(),
-    };
-    return rows;
-}
-
-}  // namespace ZLKCBUIDeviceHardware
+}  // namespace zelka::ZLKCBUIDeviceHardware

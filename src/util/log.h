@@ -3,6 +3,8 @@
 
 #include "src/platform/log.h"
 
+namespace zelka {
+
 // Where a line is logged: the full signature of the operation and a line number, the calling statement's own where none
 // is given.
 struct LogSite {
@@ -32,3 +34,5 @@ template <class... Parts>
 void logErrorPlain(Parts... parts) {
     logParts("com.norvex.ZelkaCB => Error: ", parts...);
 }
+
+}  // namespace zelka

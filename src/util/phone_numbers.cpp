@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <memory>
 
-namespace ZelkaCBUtils {
+#include "src/platform/address_book.h"
+#include "src/platform/owned.h"
+
+namespace zelka {
 namespace {
 
 constexpr bool isLayout(std::uint16_t character) {
@@ -12,11 +15,7 @@ constexpr bool isLayout(std::uint16_t character) {
 
 }  // namespace
 
-NSString getFormattedPhoneNumber(NSString number) {
-    // Private to the system, so it may be missing.
-    Class formatter = objc_getClass("ABPhoneFormatting");
-    return Owned<NSString>::adopt(send<NSString, "abCopyPhoneNumberFromString:">(formatter, number)).autorelease();
-}
+NSString getFormattedPhoneNumber(NSString number) { return ABPhoneFormatting::copyPhoneNumber(number).autorelease(); }
 
 NSString getPlainPhoneNumber(NSString number) {
     auto length = static_cast<std::int32_t>(number.length());
@@ -41,13 +40,4 @@ NSString getPhoneNumberFromURL(NSString link) {
     return link.substringWithRange({kSchemeLength, query - kSchemeLength});
 }
 
-std::span<const MethodRow> phoneNumberMethods() {
-    static constexpr MethodRow rows[] = {
-        classMethod<"getFormattedPhoneNumber:", NSString(NSString), &getFormattedPhoneNumber>(),
-        classMethod<"getPlainPhoneNumber:", NSString(NSString), &getPlainPhoneNumber>(),
-        classMethod<"getPhoneNumberFromURL:", NSString(NSString), &getPhoneNumberFromURL>(),
-    };
-    return rows;
-}
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

@@ -1,10 +1,9 @@
 // Phone numbers as texts. Results are +0. Any thread.
 #pragma once
 
-#include "src/platform/class_builder.h"
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSString.h"
 
-namespace ZelkaCBUtils {
+namespace zelka {
 
 // The number as the system displays it; nil when the system has no formatter.
 NSString getFormattedPhoneNumber(NSString number);
@@ -16,7 +15,4 @@ NSString getPlainPhoneNumber(NSString number);
 // question mark comes before the end of the scheme.
 NSString getPhoneNumberFromURL(NSString link);
 
-// The class methods that answer to these functions.
-std::span<const MethodRow> phoneNumberMethods();
-
-}  // namespace ZelkaCBUtils
+}  // namespace zelka

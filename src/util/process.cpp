@@ -1,5 +1,9 @@
 #include "src/util/process.h"
 
+#include "src/platform/foundation/NSBundle.h"
+
+namespace zelka {
+
 NSString mainBundleIdentifier() { return NSBundle::main().identifier(); }
 
 bool isSpringBoard() { return mainBundleIdentifier().equals(literal<"com.apple.springboard">()); }
@@ -9,3 +13,5 @@ bool isServedProcess() {
     return identifier.equals(literal<"com.apple.springboard">()) ||
            identifier.equals(literal<"net.vantrel.callbarviewservice">());
 }
+
+}  // namespace zelka

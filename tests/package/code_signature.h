@@ -1,4 +1,4 @@
-// The signature at the end of a phone's binary.
+// The signature at the end of a phone's binary, as <kern/cs_blobs.h> of the published XNU has it.
 #pragma once
 
 #include <string>

@@ -139,12 +139,12 @@ TEST_F(Package, TheSettingsPageHasASwitchForEverySetting) {
     for (NSDictionary* item in [page objectForKey:@"items"]) {
         if ([[item objectForKey:@"cell"] isEqual:@"PSSwitchCell"]) switches.push_back(item);
     }
-    ASSERT_EQ(switches.size(), kSettingRows.size());
+    ASSERT_EQ(switches.size(), zelka::kSettingRows.size());
     for (size_t i = 0; i < switches.size(); ++i) {
         const auto text = [&](NSString* key) { return std::string([[switches[i] objectForKey:key] UTF8String]); };
-        EXPECT_EQ(text(@"key"), kSettingRows[i].key);
-        EXPECT_EQ(text(@"PostNotification"), kSettingRows[i].notification);
-        EXPECT_EQ(text(@"defaults") + ".plist", kSettingsFile);
+        EXPECT_EQ(text(@"key"), zelka::kSettingRows[i].key);
+        EXPECT_EQ(text(@"PostNotification"), zelka::kSettingRows[i].notification);
+        EXPECT_EQ(text(@"defaults") + ".plist", zelka::kSettingsFile);
         EXPECT_NE(text(@"label"), "");
         // What the library itself writes into a settings file that has no such key.
         EXPECT_TRUE([[switches[i] objectForKey:@"default"] isEqual:[NSNumber numberWithBool:YES]]);

@@ -26,20 +26,20 @@ void append(std::string& bytes, unsigned value, int count) {
     for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFF);
 }
 
-phone::Person person(std::optional<std::string> first, std::optional<std::string> last, const char* number) {
-    phone::Person result;
+maker::Person person(std::optional<std::string> first, std::optional<std::string> last, const char* number) {
+    maker::Person result;
     result.first = std::move(first);
     result.last = std::move(last);
     if (number != nullptr) result.phones = {{number, "_$!<Mobile>!$_"}};
     return result;
 }
 
-phone::Call call(const char* address, int daysAgo, phone::CallKind kind, int contact) {
-    phone::Call result;
+maker::Call call(const char* address, int daysAgo, maker::CallKind kind, int contact) {
+    maker::Call result;
     result.address = address;
     result.date = 1433851200 - daysAgo * 86400.0;  // 2015-06-09 12:00 UTC
     result.kind = kind;
-    result.duration = kind == phone::CallKind::missed ? 0 : 60;
+    result.duration = kind == maker::CallKind::missed ? 0 : 60;
     result.contact = contact;
     return result;
 }
@@ -76,23 +76,23 @@ PhoneTest::~PhoneTest() {
 }
 
 void PhoneTest::makePhone(const std::string& device, bool rightToLeft) {
-    phone::RootOptions made;
+    maker::RootOptions made;
     made.root = root_;
     made.noCalls = true;
     made.device = device;
     made.rightToLeft = rightToLeft;
-    made.library = libraryPath();
-    made.filter = ZELKA_FILTER;
-    made.settingsBundle = ZELKA_BUNDLE;
-    const auto report = phone::makeRoot(made);
-    ASSERT_TRUE(report.ok()) << report.text();
-    phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root_).value();
+    made.extension.library = libraryPath();
+    made.extension.filter = ZELKA_FILTER;
+    made.extension.settingsBundle = ZELKA_BUNDLE;
+    const auto report = maker::makeRoot(made);
+    ASSERT_TRUE(report) << phone::problemOf(report);
+    maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root_).value();
     fill(book);
     must(book.finish());
 }
 
-void PhoneTest::fill(phone::AddressBookBuilder& book) {
-    std::vector<phone::Person> people{person("Ann", "Lee", "+1 212 555 0142"),
+void PhoneTest::fill(maker::AddressBookBuilder& book) {
+    std::vector<maker::Person> people{person("Ann", "Lee", "+1 212 555 0142"),
                                       person("Bob", "Stone", "(917) 555-0186"),
                                       person("Cara", std::nullopt, nullptr),
                                       person(std::nullopt, std::nullopt, nullptr),
@@ -112,13 +112,13 @@ void PhoneTest::fill(phone::AddressBookBuilder& book) {
     must(book.setThumbnail(kTwin, picture(kBlue)));
     must(book.setThumbnail(kDora, picture(kGreen)));
     // What a call object answers goes by its row: the first answers a record ID, the second nothing, the third uid.
-    using phone::CallKind;
-    for (const phone::Call& each :
+    using maker::CallKind;
+    for (const maker::Call& each :
          {call("+1 212 555 0142", 0, CallKind::missed, kAnn), call("+1 646 555 0199", 1, CallKind::missed, -1),
           call("(917) 555-0186", 2, CallKind::outgoing, kBob), call("718-555-0110", 3, CallKind::outgoing, kAcme),
           call("cara@example.com", 4, CallKind::incoming, kCara), call("206 555 0114", 5, CallKind::missed, kTom),
           call("305 555 0164", 6, CallKind::incoming, kNobody)}) {
-        ASSERT_TRUE(book.addCall(each).ok());
+        ASSERT_TRUE(book.addCall(each));
     }
 }
 
@@ -154,7 +154,7 @@ void PhoneTest::set(const std::string& key, bool on) {
 }
 
 void PhoneTest::post(const std::string& notification) const {
-    ASSERT_EQ(phone::postNotification(root_, notification), "");
+    ASSERT_EQ(phone::problemOf(phone::postNotification(root_, notification)), "");
 }
 
 Json PhoneTest::show(HostProcess& host, const std::string& screen, bool editing) const {

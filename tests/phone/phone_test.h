@@ -46,7 +46,7 @@ class PhoneTest : public testing::Test {
     // Makes the phone with its contacts and calls, the library, its bundle and its filter. Call it once.
     void makePhone(const std::string& device = "iphone6-8.4", bool rightToLeft = false);
     // What the standing contacts and calls are; override to have others.
-    virtual void fill(phone::AddressBookBuilder& book);
+    virtual void fill(maker::AddressBookBuilder& book);
     // Adds processes to those that the library is loaded into.
     void loadInto(const std::string& bundleIdentifier);
 
@@ -57,13 +57,13 @@ class PhoneTest : public testing::Test {
     // last, and the system posts the change.
     template <class Change>
     void edit(int contact, Change change) {
-        phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root_).value();
+        maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root_).value();
         change(book);
         if (contact > 0) must(book.setModificationDate(contact, ++modified_));
         must(book.finish());
         post("__ABDataBaseChangedByOtherProcessNotification");
     }
-    static void must(const phone::Status& status) { ASSERT_EQ(status.text(), ""); }
+    static void must(const phone::Status& status) { ASSERT_EQ(phone::problemOf(status), ""); }
 
     // Flips a switch as the preference bundle does: writes the file, then posts the switch's notification.
     void set(const std::string& key, bool on);

@@ -44,7 +44,7 @@ void expectNoGrowth(const Json& now, const Json& level) {
 
 class RandomSequences : public PhoneTest, public testing::WithParamInterface<int> {
   protected:
-    void fill(phone::AddressBookBuilder& book) override;
+    void fill(maker::AddressBookBuilder& book) override;
     void start();
     void reset();
     void runSequence(int seed);
@@ -95,7 +95,7 @@ std::string word(std::mt19937& random) {
     return std::string(1, static_cast<char>('A' + below(random, 26))) + static_cast<char>('a' + below(random, 26));
 }
 
-void RandomSequences::fill(phone::AddressBookBuilder& book) {
+void RandomSequences::fill(maker::AddressBookBuilder& book) {
     std::mt19937 random(static_cast<unsigned>(GetParam()) + 1000);
     for (int id = 1; id <= kContacts; ++id) {
         model::Contact& made = phone_.contacts[id];
@@ -112,7 +112,7 @@ void RandomSequences::fill(phone::AddressBookBuilder& book) {
         if (id % 3 == 0) made.photo = newColour();
         if (id == 10 || id == 12) made.link = 1;
         made.modified = id;
-        phone::Person person;
+        maker::Person person;
         if (!made.first.empty()) person.first = made.first;
         if (!made.last.empty()) person.last = made.last;
         if (!made.organization.empty()) person.organization = made.organization;
@@ -127,11 +127,11 @@ void RandomSequences::fill(phone::AddressBookBuilder& book) {
     for (int i = 1; i <= kContacts - 2; ++i) {
         const bool stranger = i % 9 == 0;
         const model::Contact& caller = phone_.contacts.at(i);
-        phone::Call call;
+        maker::Call call;
         call.address =
             stranger ? "+164655501" + std::to_string(10 + i) : (caller.email.empty() ? caller.number : caller.email);
         call.date = 1'400'000'000 + i * 100'000.0;
-        call.kind = i % 2 == 0 ? phone::CallKind::missed : phone::CallKind::incoming;
+        call.kind = i % 2 == 0 ? maker::CallKind::missed : maker::CallKind::incoming;
         call.duration = i % 2 == 0 ? 0 : 9;
         call.contact = stranger ? -1 : i;
         const int row = book.addCall(call).value();
@@ -221,7 +221,7 @@ std::string RandomSequences::flipSwitch(std::mt19937& random) {
 std::string RandomSequences::changePhoto(std::mt19937& random) {
     const int id = anyContact(random);
     const std::string colour = below(random, 3) == 0 ? "" : newColour();
-    phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root_).value();
+    maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root_).value();
     must(colour.empty() ? book.removePhoto(id) : book.setThumbnail(id, picture(colour)));
     must(book.setModificationDate(id, ++modified_));
     must(book.finish());
@@ -236,7 +236,7 @@ std::string RandomSequences::rename(std::mt19937& random) {
     model::Contact& contact = phone_.contacts.at(id);
     contact.first = word(random);
     contact.last = below(random, 4) == 0 ? "" : word(random);
-    phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root_).value();
+    maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root_).value();
     must(book.setNames(id, contact.first,
                        contact.last.empty() ? std::nullopt : std::optional<std::string>(contact.last)));
     must(book.setModificationDate(id, ++modified_));
@@ -248,7 +248,7 @@ std::string RandomSequences::rename(std::mt19937& random) {
 
 std::string RandomSequences::removeContact(std::mt19937& random) {
     const int id = anyContact(random);
-    phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root_).value();
+    maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root_).value();
     must(book.removePerson(id));
     must(book.finish());
     phone_.remove(id);

@@ -28,7 +28,7 @@ void ExtensionTest::bootPhone(const char* bundleIdentifier) {
     pool_ = [[NSAutoreleasePool alloc] init];
 }
 
-void ExtensionTest::loadExtension() { ASSERT_EQ(phone::loadLibrary(libraryPath()), ""); }
+void ExtensionTest::loadExtension() { ASSERT_EQ(phone::problemOf(phone::loadLibrary(libraryPath())), ""); }
 
 int ExtensionTest::loggedLines(const std::string& ending) const {
     const std::string lines = log();

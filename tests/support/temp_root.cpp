@@ -77,8 +77,8 @@ void TempRoot::setDevice(std::string_view profile, bool rightToLeft) const {
     std::optional<phone::Device> device = phone::deviceFromProfile(profile);
     if (!device) fail("no device profile " + std::string(profile));
     device->rightToLeft = rightToLeft;
-    const std::string problem = phone::writeDevice(path_, *device);
-    if (!problem.empty()) fail(problem);
+    const phone::Status written = phone::writeDevice(path_, *device);
+    if (!written) fail(written.error().message);
 }
 
 }  // namespace test

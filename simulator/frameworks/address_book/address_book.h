@@ -1,19 +1,23 @@
 // AddressBook, as far as CallBar and what hooks it use it, read from the phone's own databases with SQLite.
 //
-// Functions named Create or Copy answer +1, the others +0. All may be called from any thread: one connection, opened at
+// Functions named Create or Copy return +1, the others +0. All may be called from any thread: one connection, opened at
 // first use and shared by every handle, is used under a lock. A database that is missing or unreadable is an empty book
-// (told once on standard error), and is looked for again at the next use.
+// (reported once on standard error), and is looked for again at the next use.
 #pragma once
 
 #import <Foundation/Foundation.h>
+#include <stdbool.h>
 
 #include "simulator/frameworks/core_foundation/core_foundation.h"
 
-using ABAddressBookRef = CFTypeRef;
-using ABRecordRef = CFTypeRef;
-using ABRecordID = int32_t;
-using ABPropertyID = int32_t;
-enum ABPersonImageFormat { kABPersonImageFormatThumbnail = 0, kABPersonImageFormatOriginalSize = 2 };
+typedef CFTypeRef ABAddressBookRef;
+typedef CFTypeRef ABRecordRef;
+typedef int32_t ABRecordID;
+typedef int32_t ABPropertyID;
+typedef enum ABPersonImageFormat {
+    kABPersonImageFormatThumbnail = 0,
+    kABPersonImageFormatOriginalSize = 2,
+} ABPersonImageFormat;
 
 #define kABRecordInvalidID ((ABRecordID)-1)
 

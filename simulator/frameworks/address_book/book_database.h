@@ -1,11 +1,9 @@
-// The phone's address-book databases, read with SQLite. Plain C++: every answer is a value.
+// What the phone's address-book databases hold, in plain C++.
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -13,9 +11,8 @@ namespace address_book {
 
 enum class Name { first, last, middle, prefix, suffix, nickname, organization };
 
-// One connection per database for the whole process, opened when first needed and opened anew when another file has
-// taken its place. Any thread. Whatever cannot be read is told on standard error once and answered as if it were not
-// there.
+// One connection per database for the whole process. Any thread. Whatever cannot be read is reported on standard error
+// once and treated as if it were not there.
 bool personExists(std::int32_t identifier);
 std::optional<std::string> name(std::int32_t identifier, Name which);
 

@@ -24,8 +24,8 @@
 @end
 
 // Without case and accents, for comparing. +0.
-NSString* ABUIFold(NSString* text);
+CG_EXTERN NSString* ABUIFold(NSString* text);
 
-// All contacts, in the order in which the lists show them: by section, then by sort key. What cannot be read is told on
-// standard error. +0.
-NSArray* ABUIReadMembers(void);
+// All contacts, in the order in which the lists show them: by section, then by sort key. What cannot be read is
+// reported on standard error. +0.
+CG_EXTERN NSArray* ABUIReadMembers(void);

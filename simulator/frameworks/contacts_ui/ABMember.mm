@@ -93,8 +93,8 @@ NSString* ABUIFold(NSString* text) {
 
 NSArray* ABUIReadMembers(void) {
     std::vector<contacts_ui::Member> rows;
-    std::string error;
-    if (!contacts_ui::readMembers(rows, error)) NSLog(@"Contacts: the contacts cannot be read: %s", error.c_str());
+    const phone::Status read = contacts_ui::readMembers(rows);
+    if (!read) NSLog(@"Contacts: the contacts cannot be read: %s", read.error().message.c_str());
     NSMutableArray* members = [NSMutableArray arrayWithCapacity:rows.size()];
     for (const contacts_ui::Member& row : rows) [members addObject:[[[ABMember alloc] initWithMember:row] autorelease]];
     [members sortUsingFunction:(NSComparisonResult(*)(id, id, void*))compareMembers context:nullptr];

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#import "simulator/frameworks/contacts_ui/reading_direction.h"
+
 namespace {
 
 constexpr CGFloat kFontSize = 18;
@@ -12,11 +14,6 @@ constexpr CGFloat kNameViewTrailing = 15;
 constexpr CGFloat kTextReserve = 45;       // kept free at the end of the name
 constexpr CGFloat kBareTextInset = 15;     // in the content view
 constexpr CGFloat kBareEditingInset = 50;  // beside the delete control
-
-bool rightToLeft() {
-    return
-        [[UIApplication sharedApplication] userInterfaceLayoutDirection] == UIUserInterfaceLayoutDirectionRightToLeft;
-}
 
 CGFloat extraMargin() { return [[[UIDevice currentDevice] systemVersion] intValue] < 7 ? kOldMargin : 0; }
 
@@ -92,9 +89,7 @@ CGFloat extraMargin() { return [[[UIDevice currentDevice] systemVersion] intValu
 }
 
 - (void)setPerson:(ABUIPerson*)person name:(NSString*)name {
-    [person retain];
-    [_person release];
-    _person = person;
+    ASSIGN(_person, person);
     NSString* shown = [name length] > 0 ? name : @"No Name";
     [_name release];
     _name = [shown copy];
@@ -122,7 +117,7 @@ CGFloat extraMargin() { return [[[UIDevice currentDevice] systemVersion] intValu
     const CGFloat inset = [self textInset];
     const CGFloat y = (bounds.size.height - [font lineHeight]) / 2;
     const CGFloat width = std::max(0.0, bounds.size.width - inset - kTextReserve);
-    const CGFloat x = rightToLeft() ? kTextReserve : inset;
+    const CGFloat x = ABUIReadsFromTheRight() ? kTextReserve : inset;
     [self _drawText:_name
             withColor:[UIColor blackColor]
           shadowColor:nil
@@ -142,7 +137,8 @@ CGFloat extraMargin() { return [[[UIDevice currentDevice] systemVersion] intValu
            withFont:(UIFont*)font
       lineBreakMode:(NSLineBreakMode)lineBreakMode {
     CGPoint start = point;
-    if (rightToLeft()) start.x += width - [text sizeWithFont:font forWidth:width lineBreakMode:lineBreakMode].width;
+    if (ABUIReadsFromTheRight())
+        start.x += width - [text sizeWithFont:font forWidth:width lineBreakMode:lineBreakMode].width;
     if (shadowColor != nil) {
         [shadowColor set];
         [text drawAtPoint:CGPointMake(start.x + shadowOffset.width, start.y + shadowOffset.height)

@@ -1,5 +1,7 @@
 #import "simulator/frameworks/contacts_ui/ABMembersDataSource.h"
 
+#import "simulator/frameworks/contacts_ui/reading_direction.h"
+
 #import "simulator/frameworks/contacts_ui/ABMemberCell.h"
 
 namespace {
@@ -69,8 +71,7 @@ ABMemberCell* cellForMember(UITableView* table, ABMember* member, bool withNameV
 
 // An index of Latin letters is of no use to those who read from the right.
 - (NSArray*)sectionIndexTitlesForTableView:(UITableView*)tableView {
-    if ([[UIApplication sharedApplication] userInterfaceLayoutDirection] == UIUserInterfaceLayoutDirectionRightToLeft)
-        return nil;
+    if (ABUIReadsFromTheRight()) return nil;
     NSMutableArray* titles = [NSMutableArray array];
     for (NSArray* section in _sections) [titles addObject:[[section lastObject] sectionTitle]];
     return titles;

@@ -4,16 +4,17 @@
 #import <Foundation/Foundation.h>
 
 #include "simulator/frameworks/address_book/address_book.h"
+#include "simulator/frameworks/core_graphics/base.h"
 
 // The one book of this process's screens, never released. Main thread.
-ABAddressBookRef ABUISharedAddressBook(void);
+CG_EXTERN ABAddressBookRef ABUISharedAddressBook(void);
 
 // The first letters of the first and the last word, in capitals; may be empty. +0.
-NSString* ABUIInitialsOfName(NSString* name);
+CG_EXTERN NSString* ABUIInitialsOfName(NSString* name);
 
 // The two parts of a name joined: "First Last", or family name first and no space when both are in Chinese, Japanese or
 // Korean letters; the other when one is nil or empty. +0; nil when both are.
-NSString* ABUICompositeName(NSString* first, NSString* last);
+CG_EXTERN NSString* ABUICompositeName(NSString* first, NSString* last);
 
 @interface ABUIPerson : NSObject {
   @private

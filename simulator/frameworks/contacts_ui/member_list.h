@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "simulator/runtime/result.h"
+
 namespace contacts_ui {
 
 struct Member {
@@ -12,9 +14,9 @@ struct Member {
     std::string otherName;    // organization, else nickname; may be empty
 };
 
-// One member for each contact, but one only for all that are linked into one person (the preferred one, else the lowest
-// ID), in the database's order. A database that cannot be read answers false and tells why in `error`. Any thread of a
-// booted process.
-bool readMembers(std::vector<Member>& members, std::string& error);
+// Appends one member for each contact, but one only for all that are linked into one person (the preferred one, else
+// the lowest ID), in the database's order. When the database cannot be read to its end, `members` holds what could be
+// read. Any thread of a booted process.
+[[nodiscard]] phone::Status readMembers(std::vector<Member>& members);
 
 }  // namespace contacts_ui

@@ -4,27 +4,30 @@
 
 #import <Foundation/Foundation.h>
 
+#ifdef __cplusplus
 extern "C" {
+#endif
 
-using CFTypeRef = const void*;
-using CFStringRef = NSString*;
-using CFMutableStringRef = NSMutableString*;
-using CFDataRef = NSData*;
-using CFMutableDataRef = NSMutableData*;
-using CFArrayRef = NSArray*;
-using CFMutableArrayRef = NSMutableArray*;
-using CFDictionaryRef = NSDictionary*;
-using CFMutableDictionaryRef = NSMutableDictionary*;
-using CFNumberRef = NSNumber*;
-using CFBooleanRef = NSNumber*;
-using CFDateRef = NSDate*;
-using CFURLRef = NSURL*;
-using CFErrorRef = NSError*;
-using CFAllocatorRef = const struct __CFAllocator*;
-using CFIndex = long;
-using UInt8 = unsigned char;
-using CFTimeInterval = double;
-using CFAbsoluteTime = double;  // seconds since 2001-01-01 00:00 UTC
+typedef const void* CFTypeRef;
+typedef NSString* CFStringRef;
+typedef NSMutableString* CFMutableStringRef;
+typedef NSData* CFDataRef;
+typedef NSMutableData* CFMutableDataRef;
+typedef NSArray* CFArrayRef;
+typedef NSMutableArray* CFMutableArrayRef;
+typedef NSDictionary* CFDictionaryRef;
+typedef NSMutableDictionary* CFMutableDictionaryRef;
+typedef NSNumber* CFNumberRef;
+typedef NSNumber* CFBooleanRef;
+typedef NSDate* CFDateRef;
+typedef NSURL* CFURLRef;
+typedef NSError* CFErrorRef;
+typedef const struct __CFAllocator* CFAllocatorRef;
+typedef long CFIndex;
+typedef unsigned char UInt8;
+typedef unsigned char Boolean;
+typedef double CFTimeInterval;
+typedef double CFAbsoluteTime;  // seconds since 2001-01-01 00:00 UTC
 
 #define kCFAllocatorDefault ((CFAllocatorRef)0)
 
@@ -40,16 +43,16 @@ CFIndex CFArrayGetCount(CFArrayRef array);
 // The value, unowned (+0); outside the array it raises a range exception.
 const void* CFArrayGetValueAtIndex(CFArrayRef array, CFIndex index);
 
-using CFNotificationCenterRef = struct __CFNotificationCenter*;
-using CFNotificationSuspensionBehavior = CFIndex;
+typedef struct __CFNotificationCenter* CFNotificationCenterRef;
+typedef CFIndex CFNotificationSuspensionBehavior;
 enum : CFIndex {
     CFNotificationSuspensionBehaviorDrop = 1,
     CFNotificationSuspensionBehaviorCoalesce = 2,
     CFNotificationSuspensionBehaviorHold = 3,
     CFNotificationSuspensionBehaviorDeliverImmediately = 4,
 };
-using CFNotificationCallback = void (*)(CFNotificationCenterRef center, void* observer, CFStringRef name,
-                                        const void* object, CFDictionaryRef userInfo);
+typedef void (*CFNotificationCallback)(CFNotificationCenterRef center, void* observer, CFStringRef name,
+                                       const void* object, CFDictionaryRef userInfo);
 
 // The centre whose notifications cross the processes of one phone. They carry a name only: object, user info and
 // suspension behaviour are ignored, as the platform documents for this centre.
@@ -63,5 +66,8 @@ void CFNotificationCenterRemoveObserver(CFNotificationCenterRef center, const vo
 void CFNotificationCenterRemoveEveryObserver(CFNotificationCenterRef center, const void* observer);
 // Never waits for a receiver. Any thread.
 void CFNotificationCenterPostNotification(CFNotificationCenterRef center, CFStringRef name, const void* object,
-                                          CFDictionaryRef userInfo, bool deliverImmediately);
+                                          CFDictionaryRef userInfo, Boolean deliverImmediately);
+
+#ifdef __cplusplus
 }
+#endif

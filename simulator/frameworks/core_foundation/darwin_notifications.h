@@ -23,7 +23,7 @@ enum class DeliveryThread {
     watcher,  // on the thread that follows the log, as soon as it is read
 };
 
-// Where callbacks of later notifications run; the main thread unless told otherwise.
+// Where callbacks of later notifications run; the main thread at first.
 void deliverNotificationsOn(DeliveryThread thread);
 
 }  // namespace phone

@@ -23,7 +23,7 @@ namespace {
 __CFNotificationCenter darwinCenter;
 
 struct Registration {
-    long number;  // tells two equal registrations apart
+    long number;  // distinguishes equal registrations
     phone::DarwinObserver observer;
 };
 
@@ -122,8 +122,8 @@ namespace {
 void startWatching() {
     if (center().isWatching) return;
     if (phone::root().empty()) giveUp("this process belongs to no phone yet");
-    const std::string problem = center().watcher.open(phone::root());
-    if (!problem.empty()) giveUp(problem);
+    const phone::Status opened = center().watcher.open(phone::root());
+    if (!opened) giveUp(opened.error().message);
     center().isWatching = true;
     [NSThread detachNewThreadSelector:@selector(follow:) toTarget:[PhoneNotificationFollower class] withObject:nil];
 }
@@ -168,10 +168,10 @@ void CFNotificationCenterRemoveEveryObserver(CFNotificationCenterRef ref, const 
 }
 
 void CFNotificationCenterPostNotification(CFNotificationCenterRef ref, CFStringRef name, const void*, CFDictionaryRef,
-                                          bool) {
+                                          Boolean) {
     requireDarwin(ref);
-    const std::string problem = phone::postNotification(phone::root(), [name UTF8String] ?: "");
-    if (!problem.empty()) fprintf(stderr, "Darwin notify centre: %s\n", problem.c_str());
+    const phone::Status posted = phone::postNotification(phone::root(), [name UTF8String] ?: "");
+    if (!posted) fprintf(stderr, "Darwin notify centre: %s\n", posted.error().message.c_str());
 }
 
 namespace phone {

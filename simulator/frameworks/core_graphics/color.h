@@ -1,23 +1,15 @@
 // Colour spaces and colours. Every object is immutable and may be used from any thread. Create and Copy functions
-// return +1; Retain functions return their argument; NULL is allowed wherever an object is, and answers NULL or 0.
+// return +1; Retain functions return their argument; NULL is allowed wherever an object is, and then NULL or 0 is
+// returned.
 #pragma once
 
-#include <cstddef>
+#include <stdbool.h>
 
-#include "simulator/frameworks/core_graphics/geometry.h"
+#include "simulator/frameworks/core_graphics/base.h"
 
-using CGColorSpaceRef = struct CGColorSpace*;
-using CGColorRef = struct CGColor*;
-
-enum CGColorSpaceModel : int {
-    kCGColorSpaceModelUnknown = -1,
-    kCGColorSpaceModelMonochrome = 0,
-    kCGColorSpaceModelRGB = 1
-};
-
-extern "C" {
-CGColorSpaceRef CGColorSpaceCreateDeviceRGB();
-CGColorSpaceRef CGColorSpaceCreateDeviceGray();
+CG_EXTERN_BEGIN
+CGColorSpaceRef CGColorSpaceCreateDeviceRGB(void);
+CGColorSpaceRef CGColorSpaceCreateDeviceGray(void);
 CGColorSpaceRef CGColorSpaceRetain(CGColorSpaceRef space);
 void CGColorSpaceRelease(CGColorSpaceRef space);
 CGColorSpaceModel CGColorSpaceGetModel(CGColorSpaceRef space);
@@ -37,4 +29,4 @@ CGFloat CGColorGetAlpha(CGColorRef color);
 /// +0.
 CGColorSpaceRef CGColorGetColorSpace(CGColorRef color);
 bool CGColorEqualToColor(CGColorRef a, CGColorRef b);
-}
+CG_EXTERN_END

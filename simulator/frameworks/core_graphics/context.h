@@ -4,31 +4,34 @@
 // drawn. Coordinates are those of the current transformation: in a bitmap context one unit is a pixel and y points up.
 #pragma once
 
+#include "simulator/frameworks/core_graphics/color.h"
 #include "simulator/frameworks/core_graphics/image.h"
 #include "simulator/frameworks/core_graphics/path.h"
 
-using CGContextRef = struct CGContext*;
-
-enum CGInterpolationQuality : int {
+typedef enum CGInterpolationQuality : int32_t {
     kCGInterpolationDefault,
     kCGInterpolationNone,
     kCGInterpolationLow,
     kCGInterpolationHigh,
     kCGInterpolationMedium,
-};
-enum CGBlendMode : int { kCGBlendModeNormal = 0, kCGBlendModeClear = 16, kCGBlendModeCopy = 17 };
-enum CGPathDrawingMode : int {
+} CGInterpolationQuality;
+typedef enum CGBlendMode : int32_t {
+    kCGBlendModeNormal = 0,
+    kCGBlendModeClear = 16,
+    kCGBlendModeCopy = 17
+} CGBlendMode;
+typedef enum CGPathDrawingMode : int32_t {
     kCGPathFill,
     kCGPathEOFill,
     kCGPathStroke,
     kCGPathFillStroke,
     kCGPathEOFillStroke,
-};
+} CGPathDrawingMode;
 
-extern "C" {
+CG_EXTERN_BEGIN
 /// +1. With NULL `data` the context has memory of its own; otherwise it draws into `data`, which must outlive it.
 /// Device RGB, 8 bits per component, alpha premultiplied or skipped, first or last. `bytesPerRow` 0 lets the context
-/// choose. Anything else logs the parameters as CoreGraphics does and answers NULL.
+/// choose. Anything else logs the parameters as CoreGraphics does and returns NULL.
 CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bitsPerComponent, size_t bytesPerRow,
                                    CGColorSpaceRef space, CGBitmapInfo bitmapInfo);
 /// +1: a picture of what has been drawn so far; later drawing does not change it. NULL for NULL.
@@ -101,4 +104,4 @@ void CGContextDrawImage(CGContextRef context, CGRect rect, CGImageRef image);
 /// What is drawn until the matching End is composed on its own first, then drawn once with the alpha of Begin's time.
 void CGContextBeginTransparencyLayer(CGContextRef context, const void* auxiliaryInfo);
 void CGContextEndTransparencyLayer(CGContextRef context);
-}
+CG_EXTERN_END

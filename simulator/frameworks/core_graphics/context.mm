@@ -239,6 +239,24 @@ CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size
     return context;
 }
 
+CGImageRef CGBitmapContextCreateImage(CGContextRef context) {
+    CGContextObject* target = core_graphics::checked(context, __func__);
+    if (target == nil) {
+        return nullptr;
+    }
+    if (target->othersWrite) {
+        // A caller's writes to its memory go unnoticed: the picture needs its own at once.
+        core_graphics::Drawing inStep(context, __func__);
+        return core_graphics::createImage(
+            core_graphics::copySurface(target->surface, 0, 0, int(target->width), int(target->height)));
+    }
+    if (target->snapshot == nullptr) {
+        target->snapshot = new core_graphics::PixelStore(cairo_surface_reference(target->surface), true);
+    }
+    target->snapshot->references.fetch_add(1, std::memory_order_relaxed);
+    return core_graphics::createImage(target->snapshot, target->surface);
+}
+
 void* CGBitmapContextGetData(CGContextRef context) {
     CGContextObject* target = core_graphics::checked(context, __func__);
     if (target == nil) {

@@ -1,3 +1,4 @@
+#include "simulator/frameworks/core_graphics/context.h"
 #import "simulator/frameworks/core_graphics/objects.h"
 
 using core_graphics::Drawing;

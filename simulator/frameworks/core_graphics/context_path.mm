@@ -1,4 +1,5 @@
 #include "simulator/frameworks/core_graphics/arc_geometry.h"
+#include "simulator/frameworks/core_graphics/context.h"
 #import "simulator/frameworks/core_graphics/objects.h"
 
 using core_graphics::areFinite;

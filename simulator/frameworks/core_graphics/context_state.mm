@@ -1,6 +1,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "simulator/frameworks/core_graphics/context.h"
 #import "simulator/frameworks/core_graphics/objects.h"
 
 using core_graphics::checked;

@@ -1,35 +1,9 @@
 // Bitmap images. An image is immutable and may be drawn on several threads at once.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include "simulator/frameworks/core_graphics/geometry.h"
 
-#include "simulator/frameworks/core_graphics/color.h"
-
-using CGImageRef = struct CGImage*;
-
-enum CGImageAlphaInfo : uint32_t {
-    kCGImageAlphaNone,
-    kCGImageAlphaPremultipliedLast,
-    kCGImageAlphaPremultipliedFirst,
-    kCGImageAlphaLast,
-    kCGImageAlphaFirst,
-    kCGImageAlphaNoneSkipLast,
-    kCGImageAlphaNoneSkipFirst,
-    kCGImageAlphaOnly,
-};
-using CGBitmapInfo = uint32_t;
-// Numbers, not an enumeration: they are combined with a CGImageAlphaInfo.
-inline constexpr CGBitmapInfo kCGBitmapAlphaInfoMask = 0x1F;
-inline constexpr CGBitmapInfo kCGBitmapFloatComponents = 1 << 8;
-inline constexpr CGBitmapInfo kCGBitmapByteOrderMask = 0x7000;
-inline constexpr CGBitmapInfo kCGBitmapByteOrderDefault = 0 << 12;
-inline constexpr CGBitmapInfo kCGBitmapByteOrder16Little = 1 << 12;
-inline constexpr CGBitmapInfo kCGBitmapByteOrder32Little = 2 << 12;
-inline constexpr CGBitmapInfo kCGBitmapByteOrder16Big = 3 << 12;
-inline constexpr CGBitmapInfo kCGBitmapByteOrder32Big = 4 << 12;
-
-extern "C" {
+CG_EXTERN_BEGIN
 /// +1: the part of the image inside `rect` (pixels from the top-left corner, made integral); NULL when they do not
 /// meet.
 CGImageRef CGImageCreateWithImageInRect(CGImageRef image, CGRect rect);
@@ -42,4 +16,7 @@ size_t CGImageGetBitsPerComponent(CGImageRef image);
 size_t CGImageGetBitsPerPixel(CGImageRef image);
 size_t CGImageGetBytesPerRow(CGImageRef image);
 CGImageAlphaInfo CGImageGetAlphaInfo(CGImageRef image);
-}
+/// The order of a pixel's bytes in what the image's provider copies (see data_provider.h), and where alpha is; 0 for
+/// NULL.
+CGBitmapInfo CGImageGetBitmapInfo(CGImageRef image);
+CG_EXTERN_END

@@ -29,7 +29,7 @@ PixelReader::~PixelReader() {
     }
 }
 
-static CGImageRef createImage(PixelStore* store, cairo_surface_t* surface) {
+CGImageRef createImage(PixelStore* store, cairo_surface_t* surface) {
     CGImageObject* image = [[CGImageObject alloc] init];
     image->store = store;
     image->width = cairo_image_surface_get_width(surface);
@@ -63,24 +63,6 @@ cairo_surface_t* copySurface(cairo_surface_t* source, int x, int y, int width, i
 
 }  // namespace core_graphics
 
-CGImageRef CGBitmapContextCreateImage(CGContextRef context) {
-    CGContextObject* target = core_graphics::checked(context, __func__);
-    if (target == nil) {
-        return nullptr;
-    }
-    if (target->othersWrite) {
-        // Nobody tells when the caller writes to its memory: the picture needs its own at once.
-        core_graphics::Drawing inStep(context, __func__);
-        return core_graphics::createImage(
-            core_graphics::copySurface(target->surface, 0, 0, int(target->width), int(target->height)));
-    }
-    if (target->snapshot == nullptr) {
-        target->snapshot = new core_graphics::PixelStore(cairo_surface_reference(target->surface), true);
-    }
-    target->snapshot->references.fetch_add(1, std::memory_order_relaxed);
-    return core_graphics::createImage(target->snapshot, target->surface);
-}
-
 CGImageRef CGImageCreateWithImageInRect(CGImageRef image, CGRect rect) {
     const CGRect whole = CGRectMake(0, 0, CGFloat(CGImageGetWidth(image)), CGFloat(CGImageGetHeight(image)));
     const CGRect part = CGRectIntersection(CGRectIntegral(rect), whole);
@@ -111,4 +93,8 @@ size_t CGImageGetBytesPerRow(CGImageRef image) { return CGImageGetWidth(image) *
 
 CGImageAlphaInfo CGImageGetAlphaInfo(CGImageRef image) {
     return image == nullptr ? kCGImageAlphaNone : object(image)->alphaInfo;
+}
+
+CGBitmapInfo CGImageGetBitmapInfo(CGImageRef image) {
+    return image == nullptr ? 0 : kCGBitmapByteOrder32Little | CGImageGetAlphaInfo(image);
 }

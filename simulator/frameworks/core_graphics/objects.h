@@ -4,12 +4,15 @@
 #import <Foundation/Foundation.h>
 #include <cairo.h>
 
+#include <algorithm>
 #include <atomic>
+#include <cmath>
 #include <cstdint>
+#include <initializer_list>
 #include <shared_mutex>
 #include <vector>
 
-#include "simulator/frameworks/core_graphics/context.h"
+#include "simulator/frameworks/core_graphics/geometry.h"
 
 namespace core_graphics {
 
@@ -150,6 +153,8 @@ class Drawing {
 
 /// +1 and adopts the surface (ARGB32 or RGB24); NULL for NULL.
 CGImageRef createImage(cairo_surface_t* adopted);
+/// +1 and takes over one reference to the store; the surface is the store's.
+CGImageRef createImage(PixelStore* adopted, cairo_surface_t* surface);
 /// +1 or nullptr: a copy of a whole image surface, or of a part of it.
 cairo_surface_t* copySurface(cairo_surface_t* source, int x, int y, int width, int height);
 /// Draws the image into the area that is its pixels' rectangle under `pixelsToUser`, edges as opaque as the middle.

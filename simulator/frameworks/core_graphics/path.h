@@ -1,34 +1,29 @@
 // Paths. A mutable path belongs to one thread at a time; an unchanging one may be read from several.
 #pragma once
 
+#include <stdbool.h>
+
 #include "simulator/frameworks/core_graphics/geometry.h"
 
-using CGPathRef = const struct CGPath*;
-using CGMutablePathRef = struct CGPath*;
-
-enum CGPathElementType : int {
-    kCGPathElementMoveToPoint,
-    kCGPathElementAddLineToPoint,
-    kCGPathElementAddQuadCurveToPoint,
-    kCGPathElementAddCurveToPoint,
-    kCGPathElementCloseSubpath,
-};
 /// `points` holds 1, 1, 2, 3 or 0 points by type: control points first, the end point last.
-struct CGPathElement {
+typedef struct CGPathElement {
     CGPathElementType type;
     CGPoint* points;
-};
-using CGPathApplierFunction = void (*)(void* info, const CGPathElement* element);
+} CGPathElement;
+typedef void (*CGPathApplierFunction)(void* info, const CGPathElement* element);
 
-extern "C" {
+CG_EXTERN_BEGIN
 /// +1, empty.
-CGMutablePathRef CGPathCreateMutable();
+CGMutablePathRef CGPathCreateMutable(void);
 /// +1; NULL for NULL.
 CGMutablePathRef CGPathCreateMutableCopy(CGPathRef path);
 CGPathRef CGPathCreateCopy(CGPathRef path);
 /// +1.
 CGPathRef CGPathCreateWithRect(CGRect rect, const CGAffineTransform* m);
 CGPathRef CGPathCreateWithEllipseInRect(CGRect rect, const CGAffineTransform* m);
+/// A rectangle whose corners are quarters of an ellipse, as CGPathAddRoundedRect adds it.
+CGPathRef CGPathCreateWithRoundedRect(CGRect rect, CGFloat cornerWidth, CGFloat cornerHeight,
+                                      const CGAffineTransform* m);
 CGPathRef CGPathRetain(CGPathRef path);
 void CGPathRelease(CGPathRef path);
 bool CGPathEqualToPath(CGPathRef a, CGPathRef b);
@@ -45,6 +40,10 @@ void CGPathAddCurveToPoint(CGMutablePathRef path, const CGAffineTransform* m, CG
 void CGPathCloseSubpath(CGMutablePathRef path);
 void CGPathAddRect(CGMutablePathRef path, const CGAffineTransform* m, CGRect rect);
 void CGPathAddEllipseInRect(CGMutablePathRef path, const CGAffineTransform* m, CGRect rect);
+/// From the left end of the edge at the least y, in the direction of growing angles. A corner must not be wider or
+/// higher than half of the rectangle: as CoreGraphics does, it ends the process with a message otherwise.
+void CGPathAddRoundedRect(CGMutablePathRef path, const CGAffineTransform* m, CGRect rect, CGFloat cornerWidth,
+                          CGFloat cornerHeight);
 /// Radians. `clockwise` as seen where y points up; a whole turn or more draws one whole circle.
 void CGPathAddArc(CGMutablePathRef path, const CGAffineTransform* m, CGFloat x, CGFloat y, CGFloat radius,
                   CGFloat startAngle, CGFloat endAngle, bool clockwise);
@@ -59,4 +58,4 @@ CGPoint CGPathGetCurrentPoint(CGPathRef path);
 CGRect CGPathGetBoundingBox(CGPathRef path);
 /// Calls `function` for every element in order; an element and its points live for the call only.
 void CGPathApply(CGPathRef path, void* info, CGPathApplierFunction function);
-}
+CG_EXTERN_END

@@ -1,5 +1,7 @@
 #include "simulator/frameworks/core_graphics/path.h"
 
+#include <cstdlib>
+
 #include "simulator/frameworks/core_graphics/arc_geometry.h"
 #import "simulator/frameworks/core_graphics/objects.h"
 
@@ -78,6 +80,13 @@ CGPathRef CGPathCreateWithRect(CGRect rect, const CGAffineTransform* m) {
 CGPathRef CGPathCreateWithEllipseInRect(CGRect rect, const CGAffineTransform* m) {
     const CGMutablePathRef path = CGPathCreateMutable();
     CGPathAddEllipseInRect(path, m, rect);
+    return path;
+}
+
+CGPathRef CGPathCreateWithRoundedRect(CGRect rect, CGFloat cornerWidth, CGFloat cornerHeight,
+                                      const CGAffineTransform* m) {
+    const CGMutablePathRef path = CGPathCreateMutable();
+    CGPathAddRoundedRect(path, m, rect, cornerWidth, cornerHeight);
     return path;
 }
 
@@ -174,6 +183,41 @@ void CGPathAddEllipseInRect(CGMutablePathRef path, const CGAffineTransform* m, C
     unit = m == nullptr ? unit : CGAffineTransformConcat(unit, *m);
     append(path, kCGPathElementMoveToPoint, {mapped(&unit, {1, 0})});
     appendUnitArc(path, unit, 0, 2 * std::numbers::pi);
+    append(path, kCGPathElementCloseSubpath, {});
+}
+
+// A quarter of an ellipse around `center`, reached by a line.
+static void appendCorner(CGPathRef path, const CGAffineTransform* m, CGPoint center, CGSize radii, CGFloat start) {
+    CGAffineTransform unit{radii.width, 0, 0, radii.height, center.x, center.y};
+    unit = m == nullptr ? unit : CGAffineTransformConcat(unit, *m);
+    append(path, kCGPathElementAddLineToPoint, {mapped(&unit, {std::cos(start), std::sin(start)})});
+    appendUnitArc(path, unit, start, std::numbers::pi / 2);
+}
+
+static void requireRoom(CGFloat corner, CGFloat side) {
+    if (corner >= 0 && 2 * corner <= side) {
+        return;
+    }
+    core_graphics::logError("CGPathAddRoundedRect", "a corner is larger than half of the rectangle, or negative.");
+    std::abort();
+}
+
+void CGPathAddRoundedRect(CGMutablePathRef path, const CGAffineTransform* m, CGRect rect, CGFloat cornerWidth,
+                          CGFloat cornerHeight) {
+    if (!starts(path, __func__) || CGRectIsNull(rect)) {
+        return;
+    }
+    requireRoom(cornerWidth, CGRectGetWidth(rect));
+    requireRoom(cornerHeight, CGRectGetHeight(rect));
+    const CGSize radii{cornerWidth, cornerHeight};
+    const CGFloat left = CGRectGetMinX(rect), right = CGRectGetMaxX(rect);
+    const CGFloat top = CGRectGetMinY(rect), bottom = CGRectGetMaxY(rect);
+    constexpr CGFloat quarter = std::numbers::pi / 2;
+    append(path, kCGPathElementMoveToPoint, {mapped(m, {left + cornerWidth, top})});
+    appendCorner(path, m, {right - cornerWidth, top + cornerHeight}, radii, -quarter);
+    appendCorner(path, m, {right - cornerWidth, bottom - cornerHeight}, radii, 0);
+    appendCorner(path, m, {left + cornerWidth, bottom - cornerHeight}, radii, quarter);
+    appendCorner(path, m, {left + cornerWidth, top + cornerHeight}, radii, 2 * quarter);
     append(path, kCGPathElementCloseSubpath, {});
 }
 

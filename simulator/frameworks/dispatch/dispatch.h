@@ -4,13 +4,15 @@
 
 #include <stdint.h>
 
+#ifdef __cplusplus
 extern "C" {
+#endif
 
-using dispatch_queue_t = struct dispatch_queue_s*;
-using dispatch_once_t = intptr_t;
-using dispatch_function_t = void (*)(void* context);
+typedef struct dispatch_queue_s* dispatch_queue_t;
+typedef intptr_t dispatch_once_t;
+typedef void (*dispatch_function_t)(void* context);
 // A block object; the simulator is compiled without the blocks extension.
-using dispatch_block_t = void*;
+typedef void* dispatch_block_t;
 
 extern struct dispatch_queue_s _dispatch_main_q;
 static inline dispatch_queue_t dispatch_get_main_queue(void) { return &_dispatch_main_q; }
@@ -23,4 +25,7 @@ void dispatch_once_f(dispatch_once_t* token, void* context, dispatch_function_t 
 // Queues work for the main run loop, first in, first out. The block is copied. Any thread.
 void dispatch_async(dispatch_queue_t queue, dispatch_block_t block);
 void dispatch_async_f(dispatch_queue_t queue, void* context, dispatch_function_t work);
+
+#ifdef __cplusplus
 }
+#endif

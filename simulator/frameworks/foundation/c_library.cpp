@@ -21,7 +21,7 @@ FILE* freopen(const char* path, const char* mode, FILE* stream) {
 }
 
 // Ahead of the C library's, unless the program brings its own. The environment variable PHONESIM_RANDOM holds a number
-// that it always answers, so that what is drawn by lot is the same every time, however the work interleaves.
+// that it always returns, so that what is drawn by lot is the same every time, however the work interleaves.
 __attribute__((weak)) uint32_t arc4random() {
     static const char* const fixed = getenv("PHONESIM_RANDOM");
     static const auto number = static_cast<uint32_t>(fixed != nullptr ? strtoul(fixed, nullptr, 10) : 0);
@@ -29,7 +29,7 @@ __attribute__((weak)) uint32_t arc4random() {
     return fixed != nullptr ? number : before();
 }
 
-// BSD's: knows "hw.machine", the machine identifier. With a null `value` it answers the length needed in
+// BSD's: knows "hw.machine", the machine identifier. With a null `value` it stores the length needed in
 // `*size`. -1 with errno ENOENT for another name, ENOMEM when the room is too small, EPERM for an attempt to set.
 int sysctlbyname(const char* name, void* value, size_t* size, const void* newValue, size_t) {
     if (newValue != nullptr) return errno = EPERM, -1;

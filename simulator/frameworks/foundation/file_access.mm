@@ -32,7 +32,7 @@ const char* representation(id self, SEL selector, NSString* path) {
     const char* plain = representationBefore(self, selector, path);
     if (plain == nullptr || phone::root().empty() || belongsToMachine(plain)) return plain;
     const std::string mapped = phone::hostPath(plain);
-    // Lives as long as the surrounding pool, like the answer it stands for.
+    // Lives as long as the surrounding pool, like the result it stands for.
     NSData* bytes = [NSData dataWithBytes:mapped.c_str() length:mapped.size() + 1];
     return static_cast<const char*>([bytes bytes]);
 }

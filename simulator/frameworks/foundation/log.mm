@@ -30,7 +30,7 @@ void writeWhole(const std::string& text) {
     while (done < text.size()) {
         const ssize_t written = write(STDERR_FILENO, text.data() + done, text.size() - done);
         if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return;  // there is nowhere left to tell it
+        if (written <= 0) return;  // there is nowhere left to report it
         done += static_cast<size_t>(written);
     }
 }

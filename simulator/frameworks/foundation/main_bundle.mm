@@ -8,7 +8,7 @@ namespace {
 
 NSString* (*identifierBefore)(id, SEL);
 
-// A plain program has no bundle that could tell; the process was told at its start.
+// A plain program has no bundle to ask; the process was given its identifier at its start.
 NSString* identifier(id self, SEL selector) {
     if (self != [NSBundle mainBundle] || phone::root().empty()) return identifierBefore(self, selector);
     const std::string& name = phone::bundleIdentifier();

@@ -8,7 +8,7 @@
 
 namespace phone {
 
-// Replaces a method that the class itself implements, and answers the previous implementation cast to the replacement's
+// Replaces a method that the class itself implements, and returns the previous implementation cast to the replacement's
 // type. A class method: give the class's class. Ends the process with a message when the class has no such method of
 // its own: it would mean a Foundation that this simulator does not know.
 IMP replaceMethod(Class cls, const char* selector, IMP replacement);

@@ -7,7 +7,7 @@
 
 namespace {
 
-// A block and its descriptor, as the public Block ABI lays them out.
+// A block and its descriptor, as Clang's "Block Implementation Specification" lays them out.
 struct Descriptor {
     unsigned long reserved;
     unsigned long size;
@@ -49,7 +49,7 @@ void retainBlock(Block* block) {
                                           __ATOMIC_RELAXED));
 }
 
-// Answers whether this was the last reference.
+// Returns whether this was the last reference.
 bool releaseBlock(Block* block) {
     int flags = __atomic_load_n(&block->flags, __ATOMIC_RELAXED);
     do {

@@ -6,9 +6,11 @@
 #include <objc/runtime.h>
 #include <stdint.h>
 
+#ifdef __cplusplus
 extern "C" {
+#endif
 
-// Sends a message. Call it cast to the method's exact type. A message to nil answers zero, in every kind of result
+// Sends a message. Call it cast to the method's exact type. A message to nil returns zero, in every kind of result
 // register.
 void objc_msgSend(void);
 // The same for methods that return a structure in memory, where the calling convention passes its address first
@@ -20,7 +22,7 @@ id objc_autorelease(id object);
 void* objc_autoreleasePoolPush(void);
 void objc_autoreleasePoolPop(void* pool);
 
-using objc_AssociationPolicy = uintptr_t;
+typedef uintptr_t objc_AssociationPolicy;
 enum : objc_AssociationPolicy {
     OBJC_ASSOCIATION_ASSIGN = 0,
     OBJC_ASSOCIATION_RETAIN_NONATOMIC = 1,
@@ -41,9 +43,22 @@ id objc_loadWeakRetained(id* slot);
 void objc_moveWeak(id* to, id* from);
 void objc_destroyWeak(id* slot);
 
-// Blocks, per the public Block ABI. `_Block_copy`, which answers a heap block owned by the caller (+1), and
+// Declared properties, as they are added to a class; those of compiled classes are not kept, because the compiler does
+// not write them for this runtime. Returns NO when the class itself has one of that name. class_getProperty,
+// class_copyPropertyList, property_getName and property_getAttributes, declared by the runtime's own header, find them.
+// Any thread.
+struct objc_property_attribute_t {
+    const char* name;
+    const char* value;
+};
+BOOL class_addProperty(Class cls, const char* name, const objc_property_attribute_t* attributes, unsigned count);
+
+// Blocks, per the public Block ABI. `_Block_copy`, which returns a heap block owned by the caller (+1), and
 // `_Block_release` are declared by Foundation and defined here.
 extern void* _NSConcreteStackBlock[];
 extern void* _NSConcreteMallocBlock[];
 extern void* _NSConcreteGlobalBlock[];
+
+#ifdef __cplusplus
 }
+#endif

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "simulator/frameworks/uikit/graphics/UIBezierPath.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+#include "simulator/frameworks/quartz_core/CALayerOwner.h"
 
 NSString* const kCAGravityResize = @"resize";
 NSString* const kCAGravityResizeAspect = @"resizeAspect";
@@ -62,12 +61,17 @@ void drawUpright(CGContextRef context, CGRect rect, CGImageRef image) {
     CGContextRestoreGState(context);
 }
 
+// A radius above half of the shorter side counts as that half.
 void addRounded(CGContextRef context, CGRect rect, CGFloat radius) {
-    if (radius > 0) {
-        CGContextAddPath(context, [[UIBezierPath bezierPathWithRoundedRect:rect cornerRadius:radius] CGPath]);
-    } else {
+    const CGFloat most = std::min(rect.size.width, rect.size.height) / 2;
+    if (!(std::min(radius, most) > 0)) {
         CGContextAddRect(context, rect);
+        return;
     }
+    const CGFloat corner = std::min(radius, most);
+    const CGPathRef path = CGPathCreateWithRoundedRect(rect, corner, corner, nullptr);
+    CGContextAddPath(context, path);
+    CGPathRelease(path);
 }
 
 }  // namespace
@@ -118,7 +122,8 @@ void addRounded(CGContextRef context, CGRect rect, CGFloat radius) {
 }
 
 - (void)_requireThread:(SEL)method {
-    if ([(id)_delegate isKindOfClass:[UIView class]]) [(UIView*)_delegate _requireThread:method];
+    if ([_delegate respondsToSelector:@selector(_layer:willBeChangedBy:)])
+        [(id<CALayerOwner>)_delegate _layer:self willBeChangedBy:method];
 }
 
 - (void)setFrame:(CGRect)frame {
@@ -126,7 +131,8 @@ void addRounded(CGContextRef context, CGRect rect, CGFloat radius) {
     const CGSize oldSize = _frame.size;
     _frame = CGRectStandardize(frame);
     if (CGSizeEqualToSize(oldSize, _frame.size)) return;
-    if ([(id)_delegate isKindOfClass:[UIView class]]) [(UIView*)_delegate _layer:self changedSizeFrom:oldSize];
+    if ([_delegate respondsToSelector:@selector(_layer:changedSizeFrom:)])
+        [(id<CALayerOwner>)_delegate _layer:self changedSizeFrom:oldSize];
 }
 
 - (CGRect)bounds {
@@ -193,9 +199,7 @@ void addRounded(CGContextRef context, CGRect rect, CGFloat radius) {
 
 - (void)setContents:(id)contents {
     [self _requireThread:_cmd];
-    [contents retain];
-    [_contents release];
-    _contents = contents;
+    ASSIGN(_contents, contents);
 }
 
 - (NSArray*)sublayers {

@@ -48,7 +48,7 @@ IMP makeSuperThunk(Class cls, SEL selector) {
 void MSHookMessageEx(Class cls, SEL selector, IMP replacement, IMP* original) {
     if (cls == Nil) return;
     if (class_isMetaClass(cls)) {
-        // The GNU runtime does not tell a metaclass's parent, so the override could reach too far.
+        // The GNU runtime does not give a metaclass's parent, so the override could reach too far.
         fprintf(stderr, "MSHookMessageEx: class methods cannot be hooked in this simulator: %s\n", class_getName(cls));
         abort();
     }

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "simulator/frameworks/core_graphics/core_graphics.h"
-#include "simulator/frameworks/quartz_core/CALayer.h"
+#include "simulator/frameworks/quartz_core/quartz_core.h"
 #include "simulator/frameworks/uikit/control/UIButton.h"
 #include "simulator/frameworks/uikit/control/UIControl.h"
 #include "simulator/frameworks/uikit/control/UISearchBar.h"
 #include "simulator/frameworks/uikit/controller/UIApplication.h"
 #include "simulator/frameworks/uikit/controller/UIDevice.h"
+#include "simulator/frameworks/uikit/controller/UITableViewController.h"
 #include "simulator/frameworks/uikit/controller/UIViewController.h"
 #include "simulator/frameworks/uikit/controller/UIWindow.h"
 #include "simulator/frameworks/uikit/graphics/NSString+Drawing.h"
@@ -21,6 +22,7 @@
 #include "simulator/frameworks/uikit/table/NSIndexPath+UITableView.h"
 #include "simulator/frameworks/uikit/table/UITableView.h"
 #include "simulator/frameworks/uikit/table/UITableViewCell.h"
+#include "simulator/frameworks/uikit/table/UITableViewCellTypes.h"
 #include "simulator/frameworks/uikit/view/UIImageView.h"
 #include "simulator/frameworks/uikit/view/UILabel.h"
 #include "simulator/frameworks/uikit/view/UIResponder.h"

@@ -5,12 +5,12 @@
 
 #include "simulator/hosts/callbar/call_history.h"
 
-// CallBar runs on several systems, and what its call objects can tell differs from one to the next. The stand-in mixes
+// CallBar runs on several systems, and what its call objects offer differs from one to the next. The stand-in mixes
 // them in one list, by the call's ROWID in the history:
-//   ROWID % 3 == 0   answers -uid
-//   ROWID % 3 == 1   answers -addressBookRecordId
-//   ROWID % 3 == 2   answers neither: the contact is to be found through the entry's address
-// and -callerName is answered when the caller's name is known and ROWID % 4 != 3.
+//   ROWID % 3 == 0   has -uid
+//   ROWID % 3 == 1   has -addressBookRecordId
+//   ROWID % 3 == 2   has neither: the contact is to be found through the entry's address
+// and -callerName is there when the caller's name is known and ROWID % 4 != 3.
 @interface CallBarCall : NSObject {
   @private
     NSString* _address;
@@ -41,5 +41,5 @@
 NSArray* CallBarEntriesOfCalls(NSArray* calls);
 NSArray* CallBarMissedCalls(NSArray* calls);
 
-// The phone's whole history, the latest call first; what cannot be read is told on standard error. +0.
+// The phone's whole history, the latest call first; what cannot be read is reported on standard error. +0.
 NSArray* CallBarReadCalls(void);

@@ -175,8 +175,8 @@ NSArray* CallBarMissedCalls(NSArray* calls) {
 
 NSArray* CallBarReadCalls(void) {
     std::vector<callbar::CallRow> rows;
-    std::string error;
-    if (!callbar::readCallHistory(rows, error)) NSLog(@"CallBar: the call history cannot be read: %s", error.c_str());
+    const phone::Status read = callbar::readCallHistory(rows);
+    if (!read) NSLog(@"CallBar: the call history cannot be read: %s", read.error().message.c_str());
     NSMutableArray* calls = [NSMutableArray arrayWithCapacity:rows.size()];
     for (const callbar::CallRow& row : rows) [calls addObject:[CallBarCall callWithRow:row]];
     return calls;

@@ -1,5 +1,6 @@
 #import "simulator/hosts/callbar/CallBarControllerModern.h"
 
+#import "simulator/frameworks/contacts_ui/reading_direction.h"
 #import "simulator/hosts/callbar/CallBarABViewController.h"
 #import "simulator/hosts/callbar/CallBarDrawing.h"
 #import "simulator/hosts/callbar/CallBarFavorites.h"
@@ -12,11 +13,6 @@ constexpr CGFloat kTitleBarHeight = 64;
 constexpr CGFloat kStatusBarHeight = 20;
 constexpr CGFloat kButtonBarHeight = 49;
 constexpr CGFloat kPictureDiameter = 60;
-
-bool rightToLeft() {
-    return
-        [[UIApplication sharedApplication] userInterfaceLayoutDirection] == UIUserInterfaceLayoutDirectionRightToLeft;
-}
 
 // A bar in the system's near-white, with a hairline at one edge.
 UIView* makeBar() {
@@ -215,13 +211,13 @@ UILabel* makeLabel(CGFloat size, bool bold) {
     [_titleLabel setFrame:CGRectMake(0, kStatusBarHeight, size.width, textHeight)];
     [_editLabel sizeToFit];
     const CGFloat editWidth = [_editLabel bounds].size.width;
-    [_editLabel
-        setFrame:CGRectMake(rightToLeft() ? 15 : size.width - 15 - editWidth, kStatusBarHeight, editWidth, textHeight)];
+    [_editLabel setFrame:CGRectMake(ABUIReadsFromTheRight() ? 15 : size.width - 15 - editWidth, kStatusBarHeight,
+                                    editWidth, textHeight)];
     [_buttonBar setFrame:CGRectMake(0, size.height - kButtonBarHeight, size.width, kButtonBarHeight)];
     NSArray* buttons = @[ _favoritesButton, _recentsButton, _contactsButton ];
     const CGFloat width = size.width / 3;
     for (int i = 0; i < 3; ++i) {
-        UIView* button = [buttons objectAtIndex:(NSUInteger)(rightToLeft() ? 2 - i : i)];
+        UIView* button = [buttons objectAtIndex:(NSUInteger)(ABUIReadsFromTheRight() ? 2 - i : i)];
         [button setFrame:CGRectMake(i * width, 0, width, kButtonBarHeight)];
     }
     [self layOutLists];

@@ -15,6 +15,6 @@
 @end
 
 // From "/private/var/mobile/Library/Preferences/com.apple.mobilephone.speeddial.plist": an array of dictionaries with
-// "ABUid" (contact ID), "Name" and "Value" (the number). No file: no favourites. What is not of that form is told on
-// standard error and left out. +0.
+// "ABUid" (contact ID), "Name" and "Value" (the number). No file: no favourites. What is not of that form is reported
+// on standard error and left out. +0.
 NSArray* CallBarReadFavorites(void);

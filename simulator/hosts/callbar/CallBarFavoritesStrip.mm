@@ -1,5 +1,6 @@
 #import "simulator/hosts/callbar/CallBarFavoritesStrip.h"
 
+#import "simulator/frameworks/contacts_ui/reading_direction.h"
 #import "simulator/hosts/callbar/CallBarDrawing.h"
 
 #include <algorithm>
@@ -92,8 +93,7 @@ constexpr CGFloat kRowGap = 14;
     const CGFloat width = [self bounds].size.width - 2 * kMargin;
     const int columns = std::max(1, static_cast<int>(width / kColumnWidth));
     const CGFloat columnWidth = width / columns;
-    const bool mirrored =
-        [[UIApplication sharedApplication] userInterfaceLayoutDirection] == UIUserInterfaceLayoutDirectionRightToLeft;
+    const bool mirrored = ABUIReadsFromTheRight();
     int index = 0;
     for (UIView* button in _buttons) {
         const int place = index % columns;

@@ -1,5 +1,6 @@
 #import "simulator/hosts/callbar/CallBarTableViewTransparentCell.h"
 
+#import "simulator/frameworks/contacts_ui/reading_direction.h"
 #import "simulator/hosts/callbar/CallBarDrawing.h"
 
 #include <algorithm>
@@ -22,11 +23,6 @@ constexpr CGFloat kMirroredMargin = 56;  // between the accessory and texts that
 constexpr CGFloat kMirroredEditingMargin = 78;
 
 bool systemIsAtLeast(int major) { return [[[UIDevice currentDevice] systemVersion] intValue] >= major; }
-
-bool rightToLeft() {
-    return
-        [[UIApplication sharedApplication] userInterfaceLayoutDirection] == UIUserInterfaceLayoutDirectionRightToLeft;
-}
 
 }  // namespace
 
@@ -59,7 +55,7 @@ bool rightToLeft() {
 }
 
 - (void)makeTexts {
-    const NSTextAlignment leading = rightToLeft() ? NSTextAlignmentRight : NSTextAlignmentLeft;
+    const NSTextAlignment leading = ABUIReadsFromTheRight() ? NSTextAlignmentRight : NSTextAlignmentLeft;
     Class nameClass = [UILabel class];
     if (systemIsAtLeast(8)) nameClass = [UITableViewLabel class];
     _nameLabel = [[nameClass alloc] initWithFrame:CGRectZero];
@@ -72,7 +68,7 @@ bool rightToLeft() {
     _dateLabel = [[UIDateLabel alloc] initWithFrame:CGRectZero];
     [_dateLabel setFont:[UIFont systemFontOfSize:14]];
     [_dateLabel setTextColor:CallBarSecondaryTextColor()];
-    [_dateLabel setTextAlignment:rightToLeft() ? NSTextAlignmentLeft : NSTextAlignmentRight];
+    [_dateLabel setTextAlignment:ABUIReadsFromTheRight() ? NSTextAlignmentLeft : NSTextAlignmentRight];
     _typeIcon = [[UIImageView alloc] initWithImage:CallBarOutgoingIcon()];
     [_typeIcon setHidden:YES];
 }
@@ -80,7 +76,7 @@ bool rightToLeft() {
 - (void)placeTextsInTheirContainers {
     UIView* content = [self contentView];
     UIView* beside = content;
-    if (rightToLeft()) {
+    if (ABUIReadsFromTheRight()) {
         _mirroredTexts = [[UIView alloc] initWithFrame:[content bounds]];
         [content addSubview:_mirroredTexts];
         content = beside = _mirroredTexts;
@@ -115,7 +111,7 @@ bool rightToLeft() {
     [[self contentView] setFrame:CGRectMake(0, 0, size.width, size.height)];
     const CGFloat accessoryX = [self placeAccessory];
     [self placeDeleteControl];
-    if (rightToLeft()) {
+    if (ABUIReadsFromTheRight()) {
         [self layOutTextsFromTheRight:accessoryX - ([self isEditing] ? kMirroredEditingMargin : kMirroredMargin)];
     } else {
         const CGFloat end = [self isEditing] ? size.width - kEdge - kDeleteSide : accessoryX;
@@ -123,7 +119,7 @@ bool rightToLeft() {
     }
 }
 
-// Answers the accessory's x. While editing, the delete control takes its place and it waits beyond the edge.
+// Returns the accessory's x. While editing, the delete control takes its place and it waits beyond the edge.
 - (CGFloat)placeAccessory {
     UIView* accessory = [self _defaultAccessoryView];
     const CGSize room = [self bounds].size;
@@ -140,7 +136,7 @@ bool rightToLeft() {
     }
     [_deleteControl setHidden:![self isEditing]];
     const CGSize room = [self bounds].size;
-    const CGFloat edge = rightToLeft() ? kMirroredDeleteEdge : kEdge;
+    const CGFloat edge = ABUIReadsFromTheRight() ? kMirroredDeleteEdge : kEdge;
     [_deleteControl setFrame:CGRectMake(room.width - edge - kDeleteSide, (room.height - kDeleteSide) / 2, kDeleteSide,
                                         kDeleteSide)];
 }

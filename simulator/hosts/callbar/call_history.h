@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "simulator/runtime/result.h"
+
 namespace callbar {
 
 struct CallRow {
@@ -19,9 +21,9 @@ struct CallRow {
     bool missed() const { return !outgoing() && duration == 0; }
 };
 
-// All calls, the latest first. A database that cannot be read answers false and tells why in `error`; `calls` then
-// holds what could be read. Any thread of a booted process.
-bool readCallHistory(std::vector<CallRow>& calls, std::string& error);
+// Appends all calls, the latest first. When the database cannot be read to its end, `calls` holds what could be read.
+// Any thread of a booted process.
+[[nodiscard]] phone::Status readCallHistory(std::vector<CallRow>& calls);
 
 // What the address book calls one address of a contact ("mobile", "home"); empty when it has no label for it.
 std::string addressLabel(int contact, const std::string& address);

@@ -10,6 +10,7 @@
 #include "simulator/frameworks/core_foundation/darwin_notifications.h"
 #include "simulator/frameworks/uikit/uikit.h"
 #include "simulator/hosts/remote/remote_control.h"
+#include "simulator/runtime/process/injector.h"
 #include "simulator/runtime/process/process.h"
 
 // Declared by Foundation in debug builds alone, but always there.

@@ -6,15 +6,11 @@
 #include <string>
 #include <vector>
 
+#import "simulator/hosts/remote/command_result.h"
+
 namespace hosts {
 
-struct CommandResult {
-    NSDictionary* answer = nil;  // +0; nil when it failed
-    NSString* error = nil;       // +0; what went wrong, when it failed
-    bool quit = false;
-};
-
-// Carries out one command ({"do": name, ...}). Never raises: an exception is answered as an error. Main thread.
+// Carries out one command ({"do": name, ...}). Never raises: an exception is a failure. Main thread.
 CommandResult carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries);
 
 }  // namespace hosts

@@ -1,40 +1,17 @@
 #import "simulator/hosts/remote/commands.h"
 
-#include <map>
-
 #import "simulator/hosts/callbar/CallBarABViewController.h"
 #import "simulator/hosts/callbar/CallBarScreen.h"
 #import "simulator/hosts/remote/row_report.h"
-#import "simulator/hosts/remote/screen_watch.h"
-#include "simulator/runtime/process/pending_work.h"
+#import "simulator/hosts/remote/screen_window.h"
+#import "simulator/hosts/remote/window_commands.h"
 #include "simulator/runtime/process/process.h"
-
-// Declared by Foundation in debug builds alone, but always there.
-extern "C" int GSDebugAllocationCount(Class cls);  // NOLINT(readability-redundant-declaration)
 
 namespace hosts {
 namespace {
 
 // How long a person looks at a list before going to the next, in seconds, if its pictures are still coming.
 constexpr double kPatience = 2;
-
-using Libraries = std::vector<std::string>;
-using Handler = CommandResult (*)(NSDictionary*, const Libraries&);
-
-CommandResult done(NSDictionary* answer) { return {answer, nil, false}; }
-CommandResult failed(NSString* error) { return {nil, error, false}; }
-
-// nil when it is missing or no text.
-NSString* textOf(NSDictionary* command, NSString* key) {
-    id value = [command objectForKey:key];
-    return [value isKindOfClass:[NSString class]] ? value : nil;
-}
-
-// nil when it is missing or no number.
-NSNumber* numberOf(NSDictionary* command, NSString* key) {
-    id value = [command objectForKey:key];
-    return [value isKindOfClass:[NSNumber class]] ? value : nil;
-}
 
 UITableView* shownTable() {
     CallBarControllerModern* controller = CallBarController();
@@ -82,17 +59,6 @@ CommandResult show(NSDictionary* command, const Libraries&) {
     return done(@{});
 }
 
-CommandResult settle(NSDictionary* command, const Libraries&) {
-    const double timeout = [numberOf(command, @"timeout") doubleValue];
-    if (timeout <= 0) return failed(@"settle needs a \"timeout\" above 0, in seconds");
-    if (!phone::settle(timeout)) {
-        return failed([NSString
-            stringWithFormat:@"still waiting after %g s for %ld pieces of queued work", timeout, phone::pendingWork()]);
-    }
-    [CallBarWindow() layoutIfNeeded];
-    return done(@{});
-}
-
 CommandResult layout(NSDictionary*, const Libraries&) {
     for (UIView* cell in [shownTable() visibleCells]) [cell setNeedsLayout];
     [[CallBarController() view] setNeedsLayout];
@@ -133,42 +99,19 @@ CommandResult scroll(NSDictionary* command, const Libraries&) {
     return done(@{@"offset" : [NSNumber numberWithDouble:[table contentOffset].y]});
 }
 
-// Whether the answer tells where pictures come from, which takes a while.
-bool tellsSources(NSDictionary* command) {
+// Whether the reply says where pictures come from, which takes a while.
+bool wantsSources(NSDictionary* command) {
     NSNumber* wanted = numberOf(command, @"sources");
     return wanted == nil || [wanted boolValue];
 }
 
 CommandResult rows(NSDictionary* command, const Libraries&) {
-    return done(@{@"rows" : rowReports(CallBarController(), tellsSources(command))});
+    return done(@{@"rows" : rowReports(CallBarController(), wantsSources(command))});
 }
 
 CommandResult favorites(NSDictionary* command, const Libraries&) {
     [CallBarWindow() layoutIfNeeded];
-    return done(@{@"buttons" : favoriteReports(CallBarController(), tellsSources(command))});
-}
-
-CommandResult shot(NSDictionary* command, const Libraries&) {
-    NSString* out = textOf(command, @"out");
-    if (![out isAbsolutePath]) return failed(@"shot needs \"out\", the absolute path of the picture to write");
-    NSError* problem = nil;
-    if (!UIWriteSnapshotOfView(CallBarWindow(), out, &problem)) return failed([problem localizedDescription]);
-    const CGSize size = [CallBarWindow() bounds].size;
-    const CGFloat scale = [[UIScreen mainScreen] scale];
-    return done(@{
-        @"width" : [NSNumber numberWithDouble:size.width * scale],
-        @"height" : [NSNumber numberWithDouble:size.height * scale]
-    });
-}
-
-CommandResult watch(NSDictionary* command, const Libraries&) {
-    NSString* out = textOf(command, @"out");
-    const double interval = [numberOf(command, @"interval") doubleValue];
-    if (![out isAbsolutePath])
-        return failed(@"watch needs \"out\", the absolute path of the picture to keep up to date");
-    if (interval <= 0) return failed(@"watch needs an \"interval\" above 0, in seconds");
-    NSString* problem = screenWatch().start(out, interval);
-    return problem != nil ? failed(problem) : done(@{});
+    return done(@{@"buttons" : favoriteReports(CallBarController(), wantsSources(command))});
 }
 
 CommandResult toggle(NSDictionary* command, const Libraries&) {
@@ -220,51 +163,24 @@ CommandResult monogram(NSDictionary* command, const Libraries&) {
     });
 }
 
-CommandResult info(NSDictionary*, const Libraries& libraries) {
-    NSMutableArray* paths = [NSMutableArray array];
-    for (const std::string& path : libraries) [paths addObject:[NSString stringWithUTF8String:path.c_str()]];
-    NSString* identifier = [[NSBundle mainBundle] bundleIdentifier];
-    return done(@{
-        @"bundleIdentifier" : identifier != nil ? (id)identifier : (id)[NSNull null],
-        @"libraries" : paths,
-        @"windows" : [NSNumber numberWithUnsignedInteger:[[[UIApplication sharedApplication] windows] count]],
-        @"pendingWork" : [NSNumber numberWithLong:phone::pendingWork()]
-    });
-}
-
-CommandResult objects(NSDictionary* command, const Libraries&) {
-    NSMutableDictionary* counts = [NSMutableDictionary dictionary];
-    for (NSString* name in [command objectForKey:@"classes"]) {
-        const int count = GSDebugAllocationCount(NSClassFromString(name));
-        [counts setObject:[NSNumber numberWithInt:count] forKey:name];
-    }
-    return done(@{@"counts" : counts});
-}
-
-CommandResult quit(NSDictionary*, const Libraries&) {
-    return { @{}, nil, true };
-}
-
-const std::map<std::string, Handler>& handlers() {
-    static const std::map<std::string, Handler> table{
-        {"show", show}, {"settle", settle},       {"layout", layout}, {"reload", reload}, {"scroll", scroll},
-        {"rows", rows}, {"favorites", favorites}, {"shot", shot},     {"toggle", toggle}, {"monogram", monogram},
-        {"info", info}, {"objects", objects},     {"watch", watch},   {"quit", quit}};
+const Handlers& handlers() {
+    static const Handlers table = withWindowHandlers({{"show", show},
+                                                      {"layout", layout},
+                                                      {"reload", reload},
+                                                      {"scroll", scroll},
+                                                      {"rows", rows},
+                                                      {"favorites", favorites},
+                                                      {"toggle", toggle},
+                                                      {"monogram", monogram}});
     return table;
 }
 
 }  // namespace
 
+UIWindow* screenWindow() { return CallBarWindow(); }
+
 CommandResult carryOut(NSDictionary* command, const Libraries& injectedLibraries) {
-    NSString* name = textOf(command, @"do");
-    if (name == nil) return failed(@"a command names what to do: {\"do\": \"info\"}");
-    const auto handler = handlers().find([name UTF8String]);
-    if (handler == handlers().end()) return failed([NSString stringWithFormat:@"no command \"%@\"", name]);
-    @try {
-        return handler->second(command, injectedLibraries);
-    } @catch (NSException* exception) {
-        return failed([NSString stringWithFormat:@"%@: %@", [exception name], [exception reason]]);
-    }
+    return carryOutBy(handlers(), command, injectedLibraries);
 }
 
 }  // namespace hosts

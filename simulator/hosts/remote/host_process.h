@@ -1,15 +1,17 @@
-// The far end of a host program's remote control: starts a host as a process of its own and asks it things.
+// The far end of a host program's remote control: starts a host as a process of its own and sends it commands.
 #pragma once
 
 #include <sys/types.h>
 
 #include <filesystem>
 #include <nlohmann/json_fwd.hpp>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "simulator/hosts/remote/line_stream.h"
+#include "simulator/hosts/remote/subprocess.h"
 
 namespace hosts {
 
@@ -24,9 +26,9 @@ const char* bundleIdentifier(HostKind kind);
 // of the build tree that the running program belongs to. Throws HostError, naming the places looked at.
 std::filesystem::path programPath(HostKind kind);
 
-// What went wrong: the host did not start, answered {"error": text}, did not answer in time, or has ended. The text
-// is complete; after it comes what the host wrote to standard error, and of one that has ended or waited in vain the
-// end of its phone's logs.
+// What went wrong: the host did not start, replied {"error": text}, did not reply in time, or has ended. The text is
+// complete; after it comes what the host wrote to standard error, and of one that has ended or waited in vain the end
+// of its phone's logs. An exception, because its callers are programs and tests that end by it.
 class HostError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
@@ -41,26 +43,24 @@ struct HostOptions {
     // Another program that serves a remote control; empty: the kind's own.
     std::filesystem::path program;
     // Added to (and winning over) this process's environment. A host heeds
-    //   PHONESIM_RANDOM         a number that arc4random always answers, for pictures that must come out the same
+    //   PHONESIM_RANDOM         a number that arc4random always returns, for pictures that must come out the same
     //   PHONESIM_NOTIFICATIONS  "watcher": Darwin notifications are delivered on a thread of their own, not on the main
     //   PHONESIM_COUNT_OBJECTS  set: the command "objects" can be asked
     std::vector<std::pair<std::string, std::string>> environment;
     double startTimeoutSeconds = 60;
 };
 
-// One running host. Not copyable; use it from one thread at a time. Destruction kills the process if it still runs and
-// waits for its end; the host also ends by itself when this process dies.
+// One running host. Not copyable; use it from one thread at a time. Its process ends with it, if it has not before.
 class HostProcess {
   public:
     // Returns once the host has launched (its application object's applicationDidFinishLaunching: has returned).
     // Throws HostError.
     HostProcess(HostKind kind, const HostOptions& options);
-    ~HostProcess();
     HostProcess(const HostProcess&) = delete;
     HostProcess& operator=(const HostProcess&) = delete;
 
-    // Sends one command and waits for its answer, which never holds "error". Throws HostError. Commands are
-    // {"do": name} with these names and further values; where no answer is told it is empty.
+    // Sends one command and waits for its reply, which never holds "error". Throws HostError. Commands are {"do": name}
+    // with these names and further values; where no reply is named it is empty.
     //
     //   show       "screen": recents, missed, favorites, contacts or search; "text" of the search; "editing";
     //              waits up to 2 s for work queued for the screen before;
@@ -68,57 +68,48 @@ class HostProcess {
     //   settle     "timeout" in seconds: waits until no queued work is left
     //   layout     lays out every visible view
     //   reload     has the shown list fetch its rows again
-    //   scroll     "row", counted through the whole list, or "offset" in points; answers "offset"
-    //   objects    "classes": names; answers "counts", how many objects of each there are, subclasses' not included
-    //   rows       "sources": whether to tell where pictures come from (true at first), which takes a while;
-    //              answers "rows", the visible rows (see row_report.h)
-    //   favorites  "sources" as above; answers "buttons", the favourites strip's (see row_report.h)
-    //   shot       "out", absolute: writes the window as PNG at the screen's scale; answers "width", "height" in pixels
+    //   scroll     "row", counted through the whole list, or "offset" in points; returns "offset"
+    //   objects    "classes": names; returns "counts", how many objects of each there are, subclasses' not included
+    //   rows       "sources": whether to say where pictures come from (true at first), which takes a while;
+    //              returns "rows", the visible rows (see row_report.h)
+    //   favorites  "sources" as above; returns "buttons", the favourites strip's (see row_report.h)
+    //   shot       "out", absolute: writes the window as PNG at the screen's scale; returns "width", "height" in pixels
     //   watch      "out", absolute: keeps the window's picture there up to date from now on, at most once in "interval"
-    //              seconds, and tells of each new one by an event
-    //   toggle     "list": favorites, recents or contacts: taps its button; answers "selected", the buttons that are
+    //              seconds, and reports each new one by an event
+    //   toggle     "list": favorites, recents or contacts: taps its button; returns "selected", the buttons that are
     //   monogram   "generator": callbar or system, and "contact": ID, "initials": text or "photo": path on the phone;
-    //              answers "picture" (see row_report.h) and "isPersonImage"
-    //   info       answers "bundleIdentifier", the injected "libraries", "windows" (how many), "pendingWork"
+    //              returns "picture" (see row_report.h) and "isPersonImage"
+    //   info       returns "bundleIdentifier", the injected "libraries", "windows" (how many), "pendingWork"
     //   quit
     nlohmann::json call(const nlohmann::json& command, double timeoutSeconds = 60);
 
-    // What the host told by itself since the last call, oldest first; never waits. Throws HostError when it has ended.
-    // After watch: {"event": "picture"} when the picture has changed, {"event": "problem", "text": why} when it could
-    // not be written.
+    // What the host reported by itself since the last call, oldest first; never waits. Throws HostError when it has
+    // ended. After watch: {"event": "picture"} when the picture has changed, {"event": "problem", "text": why} when it
+    // could not be written.
     std::vector<nlohmann::json> events();
     // Readable (poll) when an event may have come since the last call, and when the host has ended.
-    int eventsDescriptor() const { return answers_; }
+    int eventsDescriptor() const { return lines_.input(); }
 
     // Asks the host to quit and waits for its end; its exit status. Throws HostError when it does not end in time.
     int quit(double timeoutSeconds = 20);
 
-    bool running();
-    pid_t pid() const { return pid_; }
+    bool running() { return process_.running(); }
+    pid_t pid() const { return process_.pid(); }
     // What the host wrote to standard error before anything in it redirected the stream.
-    std::string standardError() const;
+    std::string standardError() const { return process_.standardError(); }
 
   private:
-    void spawn(HostKind kind, const HostOptions& options);
     class Deadline;
     std::string readLine(const Deadline& deadline, const std::string& waitingFor);
-    std::optional<std::string> takeLine();
-    void readMore(const std::string& when);
-    void release();
-    [[noreturn]] void fail(const std::string& what) const;
+    [[noreturn]] void failWithEnd(const std::string& when);
+    [[noreturn]] void fail(const std::string& what);
     [[noreturn]] void failQuotingLogs(const std::string& what) const;
-    std::string told(const std::string& what) const;
 
+    HostKind kind_;
     std::filesystem::path root_;
-    pid_t pid_ = -1;
-    int commands_ = -1;
-    int answers_ = -1;
-    int standardError_ = -1;
-    int exitStatus_ = -1;
-    bool ended_ = false;
-    std::string unread_;
+    Subprocess process_;
+    LineStream lines_;
     std::vector<nlohmann::json> events_;
-    std::string name_;
     long nextId_ = 1;
 };
 

@@ -24,7 +24,7 @@ Pixels pixelsOf(UIImage* image);
 // The picture stretched to a square of `side` pixels; empty for nil.
 Pixels pixelsStretched(UIImage* image, size_t side);
 
-// Sixteen hexadecimal digits that tell two pictures' pixels and sizes apart.
+// Sixteen hexadecimal digits that differ for pictures of other pixels or sizes.
 std::string contentHash(const Pixels& pixels);
 
 // Two hexadecimal digits for the mean red, green and blue of each of 16 x 16 squares, top row first: pictures that

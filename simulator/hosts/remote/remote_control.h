@@ -15,7 +15,7 @@ class RemoteControl {
     // error. Call it first of all.
     void takeStandardStreams();
 
-    // Tells that the host is ready and runs the main run loop; commands are carried out in it, one after the other.
+    // Reports that the host is ready and runs the main run loop; commands are carried out in it, one after the other.
     // Returns when the host is to quit.
     void serve();
 

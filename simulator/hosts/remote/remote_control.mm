@@ -122,39 +122,37 @@ id wellFormedJson(id value) {
 
 // Between the run loop's turns: within one, what came together with the command's line would have to wait for the
 // command, and a command that waits for it would wait in vain.
-- (void)answerWaitingLines {
+- (void)carryOutWaitingLines {
     while ([_waiting count] > 0 && !_quit) {
         @autoreleasepool {
             NSData* next = [[[_waiting objectAtIndex:0] retain] autorelease];
             [_waiting removeObjectAtIndex:0];
-            [self answerLine:next];
+            [self carryOutLine:next];
         }
     }
     _quit = _quit || _inputEnded;
 }
 
-- (void)answerLine:(NSData*)line {
+- (void)carryOutLine:(NSData*)line {
     NSError* problem = nil;
     NSDictionary* command = [NSJSONSerialization JSONObjectWithData:line options:0 error:&problem];
-    NSMutableDictionary* answer = [NSMutableDictionary dictionary];
-    hosts::CommandResult result;
+    NSMutableDictionary* values = [NSMutableDictionary dictionary];
+    hosts::CommandResult reply = phone::failure("a command is one JSON object on one line, such as {\"do\": \"info\"}");
     if ([command isKindOfClass:[NSDictionary class]]) {
-        result = hosts::carryOut(command, *_injected);
-        if ([command objectForKey:@"id"] != nil) [answer setObject:[command objectForKey:@"id"] forKey:@"id"];
-    } else {
-        result.error = @"a command is one JSON object on one line, such as {\"do\": \"info\"}";
+        reply = hosts::carryOut(command, *_injected);
+        if ([command objectForKey:@"id"] != nil) [values setObject:[command objectForKey:@"id"] forKey:@"id"];
     }
-    if (result.answer != nil)
-        [answer addEntriesFromDictionary:result.answer];
+    if (reply)
+        [values addEntriesFromDictionary:reply->values];
     else
-        [answer setObject:result.error forKey:@"error"];
-    _quit = _quit || result.quit;
-    [self send:answer];
+        [values setObject:[NSString stringWithUTF8String:reply.error().message.c_str()] forKey:@"error"];
+    _quit = _quit || (reply && reply->quit);
+    [self send:values];
 }
 
-- (void)send:(NSDictionary*)answer {
+- (void)send:(NSDictionary*)values {
     NSError* problem = nil;
-    NSMutableData* bytes = [[[NSJSONSerialization dataWithJSONObject:wellFormedJson(answer) options:0
+    NSMutableData* bytes = [[[NSJSONSerialization dataWithJSONObject:wellFormedJson(values) options:0
                                                                error:&problem] mutableCopy] autorelease];
     [bytes appendBytes:"\n" length:1];
     if (bytes == nil || !writeAll(_output, (const char*)[bytes bytes], [bytes length])) _quit = YES;
@@ -186,7 +184,7 @@ void RemoteControl::serve() {
     while (!server->_quit) {
         @autoreleasepool {
             [[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:screenWatch().endOfNextTurn()];
-            [server answerWaitingLines];
+            [server carryOutWaitingLines];
             if (NSDictionary* event = screenWatch().turnEnded()) [server send:event];
         }
     }

@@ -11,8 +11,8 @@ namespace hosts {
 // hexadecimal digits for each one's mean red, green and blue, "centre": the middle pixel's colour ("#rrggbb"),
 // "corner": the alpha (0 to 255) a tenth of the way in from the corner, "source", "sourceContact", "colour"}; NSNull
 // for no picture. `contact` is whose photo to look for, 0 for nobody's. The last three take a comparison with every
-// picture that it might be; they are left out unless `tellSource`. +0.
-id pictureReport(UIImage* picture, int contact, bool tellSource = true);
+// picture that it might be; they are left out unless `withSource`. +0.
+id pictureReport(UIImage* picture, int contact, bool withSource = true);
 
 // The visible rows of the shown list from the top down, one dictionary each. +0.
 //
@@ -22,9 +22,9 @@ id pictureReport(UIImage* picture, int contact, bool tellSource = true);
 //
 // and of a call also "address", "calls" (how many), "missed", "outgoing", "detail" and "date" (texts), "answers"
 // ("uid", "addressBookRecordId" or "neither") and "answersCallerName".
-NSArray* rowReports(CallBarControllerModern* controller, bool tellSources = true);
+NSArray* rowReports(CallBarControllerModern* controller, bool withSources = true);
 
 // The favourites strip's buttons in order: "name", "contact", "frame" (in the strip), "picture". +0.
-NSArray* favoriteReports(CallBarControllerModern* controller, bool tellSources = true);
+NSArray* favoriteReports(CallBarControllerModern* controller, bool withSources = true);
 
 }  // namespace hosts

@@ -11,7 +11,7 @@
 namespace hosts {
 namespace {
 
-// By this tag alone what is added to a row can be told from the row's own views.
+// By this tag alone what is added to a row differs from the row's own views.
 constexpr NSInteger kPictureTag = 3232;
 
 NSNumber* number(double value) { return [NSNumber numberWithDouble:value]; }
@@ -35,7 +35,7 @@ NSString* centreColour(const Pixels& pixels) {
 id textOrNull(NSString* text) { return text != nil ? (id)text : (id)[NSNull null]; }
 
 NSMutableDictionary* commonReport(UITableView* table, UITableViewCell* cell, NSIndexPath* path, int contact,
-                                  bool tellSource) {
+                                  bool withSource) {
     UIImageView* pictureView = (UIImageView*)[cell viewWithTag:kPictureTag];
     NSMutableDictionary* report = [NSMutableDictionary dictionary];
     [report setObject:[NSNumber numberWithInteger:[path section]] forKey:@"section"];
@@ -45,7 +45,7 @@ NSMutableDictionary* commonReport(UITableView* table, UITableViewCell* cell, NSI
     [report setObject:rectReport([table rectForRowAtIndexPath:path]) forKey:@"frame"];
     [report setObject:flag(pictureView != nil) forKey:@"hasPictureView"];
     [report setObject:flag([pictureView isDescendantOfView:[cell contentView]]) forKey:@"pictureInContentView"];
-    [report setObject:pictureReport([pictureView image], contact, tellSource) forKey:@"picture"];
+    [report setObject:pictureReport([pictureView image], contact, withSource) forKey:@"picture"];
     return report;
 }
 
@@ -86,7 +86,7 @@ void describeMember(NSMutableDictionary* report, ABMemberCell* cell) {
     }];
 }
 
-NSArray* recentsReports(CallBarABViewController* recents, bool tellSources) {
+NSArray* recentsReports(CallBarABViewController* recents, bool withSources) {
     NSMutableArray* reports = [NSMutableArray array];
     UITableView* table = [recents tableView];
     for (CallBarTableViewTransparentCell* cell in [table visibleCells]) {
@@ -95,19 +95,19 @@ NSArray* recentsReports(CallBarABViewController* recents, bool tellSources) {
         if ((NSUInteger)[path row] >= [entries count]) continue;
         NSArray* calls = [[entries objectAtIndex:(NSUInteger)[path row]] objectForKey:@"calls"];
         NSMutableDictionary* report =
-            commonReport(table, cell, path, [[calls objectAtIndex:0] contactIdentifier], tellSources);
+            commonReport(table, cell, path, [[calls objectAtIndex:0] contactIdentifier], withSources);
         describeCall(report, cell, calls);
         [reports addObject:report];
     }
     return reports;
 }
 
-NSArray* membersReports(ABMembersViewController* members, bool tellSources) {
+NSArray* membersReports(ABMembersViewController* members, bool withSources) {
     NSMutableArray* reports = [NSMutableArray array];
     UITableView* table = [members tableView];
     for (ABMemberCell* cell in [table visibleCells]) {
         const int contact = [cell person] != nil ? [[cell person] recordID] : kABRecordInvalidID;
-        NSMutableDictionary* report = commonReport(table, cell, [table indexPathForCell:cell], contact, tellSources);
+        NSMutableDictionary* report = commonReport(table, cell, [table indexPathForCell:cell], contact, withSources);
         describeMember(report, cell);
         [reports addObject:report];
     }
@@ -116,7 +116,7 @@ NSArray* membersReports(ABMembersViewController* members, bool tellSources) {
 
 }  // namespace
 
-id pictureReport(UIImage* picture, int contact, bool tellSource) {
+id pictureReport(UIImage* picture, int contact, bool withSource) {
     if (picture == nil) return [NSNull null];
     const Pixels pixels = pixelsOf(picture);
     NSMutableDictionary* report = [NSMutableDictionary dictionary];
@@ -129,7 +129,7 @@ id pictureReport(UIImage* picture, int contact, bool tellSource) {
         @"centre" : centreColour(pixels),
         @"corner" : [NSNumber numberWithInt:pixels.at(pixels.width / 10, pixels.height / 10)[3]]
     }];
-    if (!tellSource) return report;
+    if (!withSource) return report;
     const PictureSource source = sourceOfPicture(picture, contact);
     [report addEntriesFromDictionary:@{
         @"source" : [NSString stringWithUTF8String:source.kind.c_str()],
@@ -139,15 +139,15 @@ id pictureReport(UIImage* picture, int contact, bool tellSource) {
     return report;
 }
 
-NSArray* rowReports(CallBarControllerModern* controller, bool tellSources) {
+NSArray* rowReports(CallBarControllerModern* controller, bool withSources) {
     if ([controller shownController] == [controller recentsController])
-        return recentsReports([controller recentsController], tellSources);
+        return recentsReports([controller recentsController], withSources);
     if ([controller shownController] == [controller membersController])
-        return membersReports([controller membersController], tellSources);
+        return membersReports([controller membersController], withSources);
     return @[];
 }
 
-NSArray* favoriteReports(CallBarControllerModern* controller, bool tellSources) {
+NSArray* favoriteReports(CallBarControllerModern* controller, bool withSources) {
     NSMutableArray* reports = [NSMutableArray array];
     for (CallBarFavoriteButton* button in [controller favoritesButtons]) {
         [reports addObject:@{
@@ -155,7 +155,7 @@ NSArray* favoriteReports(CallBarControllerModern* controller, bool tellSources) 
             @"contact" : [NSNumber numberWithInt:[button contactIdentifier]],
             @"frame" : rectReport([button frame]),
             @"picture" :
-                pictureReport([button imageForState:UIControlStateNormal], [button contactIdentifier], tellSources)
+                pictureReport([button imageForState:UIControlStateNormal], [button contactIdentifier], withSources)
         }];
     }
     return reports;

@@ -4,6 +4,7 @@
 #import <Foundation/Foundation.h>
 
 #include "simulator/hosts/remote/pixels.h"
+#include "simulator/runtime/result.h"
 
 namespace hosts {
 
@@ -12,12 +13,12 @@ namespace hosts {
 class ScreenWatch {
   public:
     // Writes the picture to `out` (a path of this machine) now and keeps it up to date from then on, at most once in
-    // `interval` seconds. Nil, or what went wrong (+0).
-    NSString* start(NSString* out, double interval);
+    // `interval` seconds.
+    [[nodiscard]] phone::Status start(NSString* out, double interval);
 
     // Until when the next turn of the run loop may wait for something to do (+0).
     NSDate* endOfNextTurn() const;
-    // Looks at the screen unless work is pending or the last look is not long enough ago. What is to be told when the
+    // Looks at the screen unless work is pending or the last look is not long enough ago. What is to be sent when the
     // picture changed (+0): {"event": "picture"} or, when it could not be written, {"event": "problem", "text": why}.
     NSDictionary* turnEnded();
 

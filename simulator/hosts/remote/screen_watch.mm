@@ -4,7 +4,8 @@
 #include <optional>
 
 #include "simulator/frameworks/uikit/graphics/pixels.h"
-#import "simulator/hosts/callbar/CallBarScreen.h"
+#import "simulator/frameworks/uikit/uikit.h"
+#import "simulator/hosts/remote/screen_window.h"
 #include "simulator/runtime/process/pending_work.h"
 
 namespace hosts {
@@ -16,23 +17,24 @@ constexpr double kNothingToDo = 60;   // seconds; a date's text may change with 
 
 double now() { return [NSDate timeIntervalSinceReferenceDate]; }
 
-NSString* writePicture(UIImage* picture, NSString* out) {
+phone::Status writePicture(UIImage* picture, NSString* out) {
     const std::optional<std::string> wrong = phone::writePng([picture CGImage], [out UTF8String]);
-    return wrong ? [NSString stringWithUTF8String:wrong->c_str()] : nil;
+    if (wrong) return phone::failure(*wrong);
+    return {};
 }
 
 }  // namespace
 
-NSString* ScreenWatch::start(NSString* out, double interval) {
-    UIImage* picture = UISnapshotOfView(CallBarWindow());
-    if (NSString* problem = writePicture(picture, out)) return problem;
-    [out_ release];
-    out_ = [out copy];
-    interval_ = interval;
-    shown_ = pixelsOf(picture);
-    lastLook_ = now();
-    lookWanted_ = 0;
-    return nil;
+phone::Status ScreenWatch::start(NSString* out, double interval) {
+    UIImage* picture = UISnapshotOfView(screenWindow());
+    return writePicture(picture, out).map([&] {
+        [out_ release];
+        out_ = [out copy];
+        interval_ = interval;
+        shown_ = pixelsOf(picture);
+        lastLook_ = now();
+        lookWanted_ = 0;
+    });
 }
 
 NSDate* ScreenWatch::endOfNextTurn() const {
@@ -52,12 +54,13 @@ NSDictionary* ScreenWatch::turnEnded() {
     if (time < lastLook_ + interval_) return nil;
     lookWanted_ = 0;
     lastLook_ = time;
-    UIImage* picture = UISnapshotOfView(CallBarWindow());
+    UIImage* picture = UISnapshotOfView(screenWindow());
     Pixels pixels = pixelsOf(picture);
     if (pixels.rgba == shown_.rgba) return nil;
     shown_ = std::move(pixels);
-    if (NSString* problem = writePicture(picture, out_)) return @{@"event" : @"problem", @"text" : problem};
-    return @{@"event" : @"picture"};
+    const phone::Status written = writePicture(picture, out_);
+    if (written) return @{@"event" : @"picture"};
+    return @{@"event" : @"problem", @"text" : [NSString stringWithUTF8String:written.error().message.c_str()]};
 }
 
 ScreenWatch& screenWatch() {

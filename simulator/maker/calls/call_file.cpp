@@ -5,9 +5,9 @@
 #include <ctime>
 #include <string_view>
 
-#include "simulator/maker/read_file.h"
+#include "simulator/maker/common/read_file.h"
 
-namespace phone {
+namespace maker {
 namespace {
 
 std::string_view trimmed(std::string_view text) {
@@ -52,27 +52,27 @@ std::optional<CallKind> readKind(std::string_view text) {
 }
 
 Result<WrittenCall> readCall(const std::vector<std::string>& fields, double now) {
-    if (fields.size() < 3) return Failure{"a call needs a time, a number and a kind"};
-    if (fields.size() > 5) return Failure{"there are more than five fields"};
+    if (fields.size() < 3) return failure("a call needs a time, a number and a kind");
+    if (fields.size() > 5) return failure("there are more than five fields");
     WrittenCall written;
     std::optional<double> ago = readAgo(fields[0]);
     std::optional<double> date = ago ? std::floor(now - *ago) : readDate(fields[0]);
-    if (!date) return Failure{"\"" + fields[0] + "\" is neither a date (2015-06-01 09:41) nor a time ago (-2h)"};
+    if (!date) return failure("\"" + fields[0] + "\" is neither a date (2015-06-01 09:41) nor a time ago (-2h)");
     std::optional<CallKind> kind = readKind(fields[2]);
-    if (!kind) return Failure{"\"" + fields[2] + "\" is not incoming, outgoing or missed"};
+    if (!kind) return failure("\"" + fields[2] + "\" is not incoming, outgoing or missed");
     if (fields.size() > 3 && !fields[3].empty()) {
         std::optional<int> seconds = wholeNumber(fields[3]);
-        if (!seconds) return Failure{"\"" + fields[3] + "\" is no number of seconds"};
+        if (!seconds) return failure("\"" + fields[3] + "\" is no number of seconds");
         written.call.duration = *seconds;
     }
     // The database knows a missed call only by its duration.
-    if ((*kind == CallKind::missed) && written.call.duration != 0) return Failure{"a missed call lasts 0 seconds"};
+    if ((*kind == CallKind::missed) && written.call.duration != 0) return failure("a missed call lasts 0 seconds");
     if (*kind == CallKind::incoming && written.call.duration == 0) {
-        return Failure{"an incoming call of 0 seconds is a missed one: give its seconds"};
+        return failure("an incoming call of 0 seconds is a missed one: give its seconds");
     }
     if (fields.size() > 4 && !fields[4].empty()) {
         if (fields[4] != "unlinked")
-            return Failure{"the last field can only be \"unlinked\", not \"" + fields[4] + "\""};
+            return failure("the last field can only be \"unlinked\", not \"" + fields[4] + "\"");
         written.unlinked = true;
     }
     written.call.address = fields[1];
@@ -100,7 +100,7 @@ bool isCallFile(const std::filesystem::path& file) { return file.extension() == 
 
 Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file, double now, const Progress& progress) {
     Result<std::string> content = readFile(file, progress);
-    if (!content) return content.failure();
+    if (!content) return failure(content);
     std::vector<WrittenCall> calls;
     int number = 0;
     for (std::size_t start = 0; start < content->size();) {
@@ -110,10 +110,10 @@ Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file,
         ++number;
         if (line.empty() || line.front() == '#') continue;
         Result<WrittenCall> call = readCall(fieldsOf(line), now);
-        if (!call) return Failure{file.string() + ", line " + std::to_string(number) + ": " + call.text()};
+        if (!call) return failure(file.string() + ", line " + std::to_string(number) + ": " + call.error().message);
         calls.push_back(std::move(*call));
     }
     return calls;
 }
 
-}  // namespace phone
+}  // namespace maker

@@ -18,11 +18,11 @@
 #include <string>
 #include <vector>
 
+#include "simulator/maker/common/progress.h"
+#include "simulator/maker/common/result.h"
 #include "simulator/maker/contacts/contact.h"
-#include "simulator/maker/progress.h"
-#include "simulator/maker/result.h"
 
-namespace phone {
+namespace maker {
 
 struct WrittenCall {
     Call call;  // contact and name are not yet known
@@ -40,4 +40,4 @@ bool isCallFile(const std::filesystem::path& file);
 Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file, double now,
                                               const Progress& progress = {});
 
-}  // namespace phone
+}  // namespace maker

@@ -8,7 +8,7 @@
 #include "simulator/maker/database/schema.h"
 #include "simulator/phone_number/phone_number.h"
 
-namespace phone {
+namespace maker {
 namespace {
 
 Result<Database> openBook(const std::filesystem::path& root) {
@@ -27,9 +27,7 @@ Result<Caller> findByEmail(const Database& book, const std::string& address) {
         "SELECT min(record_id) FROM ABMultiValue WHERE property = 4 AND value = ? COLLATE NOCASE HAVING count(*)");
     Caller caller;
     if (find.bind(1, std::string_view(address)).step()) caller.contact = find.integer(0);
-    Status status = find.status();
-    if (!status) return status.failure();
-    return caller;
+    return find.status().map([&] { return caller; });
 }
 
 Result<Caller> findByNumber(const Database& book, const std::string& number, const std::string& region) {
@@ -47,9 +45,7 @@ Result<Caller> findByNumber(const Database& book, const std::string& number, con
         best = match;
         caller.contact = candidates.integer(0);
     }
-    Status status = candidates.status();
-    if (!status) return status.failure();
-    return caller;
+    return candidates.status().map([&] { return caller; });
 }
 
 Result<Caller> findIn(const Database& book, const std::string& address, const std::string& region) {
@@ -71,9 +67,7 @@ Result<std::vector<BookNumber>> sampleNumbers(const Database& book) {
         "UID % (SELECT max(1, count(*) / 300) FROM ABMultiValue) = 0 ORDER BY UID LIMIT 400");
     std::vector<BookNumber> numbers;
     while (statement.step()) numbers.push_back({statement.integer(0), statement.text(1)});
-    Status status = statement.status();
-    if (!status) return status.failure();
-    return numbers;
+    return statement.status().map([&] { return std::move(numbers); });
 }
 
 CallKind kindOf(int index) {
@@ -87,25 +81,25 @@ constexpr int kGeneratedCalls = 60;
 
 Result<Caller> findCaller(const std::filesystem::path& root, const std::string& address, const std::string& region) {
     Result<Database> book = openBook(root);
-    return book ? findIn(*book, address, region) : Result<Caller>(book.failure());
+    return book.and_then([&](const Database& opened) { return findIn(opened, address, region); });
 }
 
 Result<long> addWrittenCalls(AddressBookBuilder& builder, const std::filesystem::path& root,
                              const std::vector<WrittenCall>& calls, const std::string& region,
                              const Progress& progress) {
     Result<Database> book = openBook(root);
-    if (!book) return book.failure();
+    if (!book) return failure(book);
     long done = 0;
     for (const WrittenCall& written : calls) {
         Call call = written.call;
         if (!written.unlinked) {
             Result<Caller> caller = findIn(*book, call.address, region);
-            if (!caller) return caller.failure();
+            if (!caller) return failure(caller);
             call.contact = caller->contact;
             call.name = caller->name;
         }
         Result<int> added = builder.addCall(call);
-        if (!added) return added.failure();
+        if (!added) return failure(added);
         if (progress) progress("calls", ++done, static_cast<long>(calls.size()));
     }
     return static_cast<long>(calls.size());
@@ -114,9 +108,9 @@ Result<long> addWrittenCalls(AddressBookBuilder& builder, const std::filesystem:
 Result<long> addGeneratedCalls(AddressBookBuilder& builder, const std::filesystem::path& root, double now,
                                std::uint32_t seed) {
     Result<Database> book = openBook(root);
-    if (!book) return book.failure();
+    if (!book) return failure(book);
     Result<std::vector<BookNumber>> numbers = sampleNumbers(*book);
-    if (!numbers) return numbers.failure();
+    if (!numbers) return failure(numbers);
     if (numbers->empty()) return 0L;
     // The library's distributions differ between implementations; the generator does not.
     std::mt19937 random(seed);
@@ -136,9 +130,9 @@ Result<long> addGeneratedCalls(AddressBookBuilder& builder, const std::filesyste
             call.name = nameOf(*book, number.contact);
         }
         Result<int> added = builder.addCall(call);
-        if (!added) return added.failure();
+        if (!added) return failure(added);
     }
     return static_cast<long>(kGeneratedCalls);
 }
 
-}  // namespace phone
+}  // namespace maker

@@ -6,10 +6,10 @@
 #include <string>
 
 #include "simulator/maker/calls/call_file.h"
+#include "simulator/maker/common/result.h"
 #include "simulator/maker/contacts/address_book_builder.h"
-#include "simulator/maker/result.h"
 
-namespace phone {
+namespace maker {
 
 // Whose a number or e-mail address is: the lowest contact ID of the surest match, with the name that the history keeps.
 struct Caller {
@@ -31,4 +31,4 @@ Result<long> addWrittenCalls(AddressBookBuilder& builder, const std::filesystem:
 Result<long> addGeneratedCalls(AddressBookBuilder& builder, const std::filesystem::path& root, double now,
                                std::uint32_t seed);
 
-}  // namespace phone
+}  // namespace maker

@@ -7,7 +7,7 @@
 #include "simulator/maker/database/database.h"
 #include "simulator/maker/database/schema.h"
 
-namespace phone {
+namespace maker {
 namespace {
 
 // Contact IDs have 32 bits; a history may hold any number.
@@ -15,7 +15,7 @@ constexpr const char* kMostCalled =
     "SELECT id, max(address) FROM call WHERE id BETWEEN 1 AND 2147483647 GROUP BY id "
     "ORDER BY count(*) DESC, max(date) DESC, id LIMIT 12";
 
-// XML knows no control characters but these.
+// Written as PropertyList-1.0.dtd has it. XML knows no control characters but these.
 bool isPlain(char c) { return static_cast<unsigned char>(c) >= 0x20 || c == '\t' || c == '\n'; }
 
 // As XML, which is UTF-8.
@@ -40,7 +40,7 @@ std::filesystem::path favoritesPath(const std::filesystem::path& root) {
 
 Status writeFavorites(const std::filesystem::path& root) {
     Result<Database> calls = Database::openToRead(root / callsShape().path);
-    if (!calls) return calls.failure();
+    if (!calls) return failure(calls);
     Statement statement = calls->prepare(kMostCalled);
     const std::filesystem::path file = favoritesPath(root);
     std::ofstream out(file, std::ios::binary);
@@ -51,8 +51,8 @@ Status writeFavorites(const std::filesystem::path& root) {
     }
     out << "</array>\n</plist>\n";
     out.close();
-    if (!out) return Failure{file.string() + ": cannot be written"};
+    if (!out) return failure(file.string() + ": cannot be written");
     return statement.status();
 }
 
-}  // namespace phone
+}  // namespace maker

@@ -9,7 +9,7 @@
 #include "simulator/phone_number/phone_number.h"
 #include "simulator/runtime/process/device.h"
 
-namespace phone {
+namespace maker {
 
 struct AddressBookBuilder::Databases {
     Database book, images, calls;
@@ -32,9 +32,6 @@ struct AddressBookBuilder::Databases {
 
 namespace {
 
-// Runs the statements' results in order: the first failure is the answer.
-Status both(const Status& first, const Status& second) { return first ? second : first; }
-
 Result<Database> openDatabase(const std::filesystem::path& root, const DatabaseShape& shape) {
     std::filesystem::path file = root / shape.path;
     std::error_code error;
@@ -43,14 +40,15 @@ Result<Database> openDatabase(const std::filesystem::path& root, const DatabaseS
     Result<Database> database = Database::open(file, true);
     if (!database || exists) return database;
     // A root in the making is worth nothing until it is complete: no need to wait for the disk.
-    Status made = both(database->execute("PRAGMA synchronous=OFF"), database->execute(shape.sql));
-    if (!made) return made.failure();
+    const Status made =
+        database->execute("PRAGMA synchronous=OFF").and_then([&] { return database->execute(shape.sql); });
+    if (!made) return failure(made);
     return database;
 }
 
 Status requireRow(const Database& database, int contact) {
-    if (database.changes() > 0) return Done{};
-    return Failure{"there is no contact " + std::to_string(contact)};
+    if (database.changes() > 0) return {};
+    return failure("there is no contact " + std::to_string(contact));
 }
 
 }  // namespace
@@ -60,7 +58,7 @@ Status AddressBookBuilder::Databases::begin() {
         Status begun = database->execute("BEGIN");
         if (!begun) return begun;
     }
-    return Done{};
+    return {};
 }
 
 Status AddressBookBuilder::Databases::commit() {
@@ -69,7 +67,7 @@ Status AddressBookBuilder::Databases::commit() {
         Status committed = database->execute("COMMIT");
         if (!committed) return committed;
     }
-    return Done{};
+    return {};
 }
 
 Result<int> AddressBookBuilder::Databases::labelRow(const std::string& label) {
@@ -78,15 +76,15 @@ Result<int> AddressBookBuilder::Databases::labelRow(const std::string& label) {
     Status added = book.prepare("INSERT OR IGNORE INTO ABMultiValueLabel (value) VALUES (?)")
                        .bind(1, std::string_view(label))
                        .run();
-    if (!added) return added.failure();
+    if (!added) return failure(added);
     Statement find = book.prepare("SELECT ROWID FROM ABMultiValueLabel WHERE value = ?");
-    if (!find.bind(1, std::string_view(label)).step()) return Failure{"label " + label + " was not stored"};
+    if (!find.bind(1, std::string_view(label)).step()) return failure("label " + label + " was not stored");
     return labels[label] = find.integer(0);
 }
 
 Status AddressBookBuilder::Databases::addLastFour(int value, const std::string& number) {
     std::vector<std::string> digits = phone_number::lastFour(number, region);
-    if (digits.empty()) return Done{};
+    if (digits.empty()) return {};
     return book.prepare("INSERT INTO ABPhoneLastFour (multivalue_id, value) VALUES (?, ?)")
         .bind(1, value)
         .bind(2, std::string_view(digits.front()))
@@ -101,14 +99,14 @@ Status AddressBookBuilder::Databases::addValues(int contact, int property, const
         insert.bind(1, contact).bind(2, property).bind(3, identifier++).bind(5, std::string_view(value.value));
         if (!value.label.empty()) {
             Result<int> label = labelRow(value.label);
-            if (!label) return label.failure();
+            if (!label) return failure(label);
             insert.bind(4, *label);
         }
         Status added = insert.run();
         if (added && property == kPhoneProperty) added = addLastFour(book.lastRow(), value.value);
         if (!added) return added;
     }
-    return Done{};
+    return {};
 }
 
 Result<int> AddressBookBuilder::Databases::newLink(int preferred) {
@@ -116,8 +114,7 @@ Result<int> AddressBookBuilder::Databases::newLink(int preferred) {
         book.prepare("INSERT INTO ABPersonLink (PreferredImagePersonID, PreferredNamePersonID) VALUES (?1, ?1)")
             .bind(1, preferred)
             .run();
-    if (!added) return added.failure();
-    return book.lastRow();
+    return added.map([&] { return book.lastRow(); });
 }
 
 Status AddressBookBuilder::Databases::joinLink(int contact, int link, bool preferred) {
@@ -126,17 +123,17 @@ Status AddressBookBuilder::Databases::joinLink(int contact, int link, bool prefe
                         .bind(2, preferred ? 1 : 0)
                         .bind(3, contact)
                         .run();
-    return joined ? requireRow(book, contact) : joined;
+    return joined.and_then([&] { return requireRow(book, contact); });
 }
 
 Status AddressBookBuilder::Databases::linkByName(int contact, const std::string& linkedAs) {
-    if (linkedAs.empty()) return Done{};
+    if (linkedAs.empty()) return {};
     auto [entry, isFirst] = links.try_emplace(linkedAs, contact, std::nullopt);
-    if (isFirst) return Done{};
+    if (isFirst) return {};
     auto& [first, link] = entry->second;
     if (!link) {
         Result<int> made = newLink(first);
-        if (!made) return made.failure();
+        if (!made) return failure(made);
         link = *made;
         Status joined = joinLink(first, *link, true);
         if (!joined) return joined;
@@ -166,7 +163,9 @@ Status AddressBookBuilder::Databases::storeFullSize(int contact, std::string_vie
 }
 
 Status AddressBookBuilder::Databases::storePhoto(int contact, std::string_view encoded, const Photo& photo) {
-    return both(storeThumbnail(contact, kThumbnailFormat, photo.thumbnail), storeFullSize(contact, encoded, photo));
+    return storeThumbnail(contact, kThumbnailFormat, photo.thumbnail).and_then([&] {
+        return storeFullSize(contact, encoded, photo);
+    });
 }
 
 AddressBookBuilder::AddressBookBuilder(std::unique_ptr<Databases> databases) : databases_(std::move(databases)) {}
@@ -175,19 +174,18 @@ AddressBookBuilder& AddressBookBuilder::operator=(AddressBookBuilder&&) noexcept
 AddressBookBuilder::~AddressBookBuilder() = default;
 
 Result<AddressBookBuilder> AddressBookBuilder::open(const std::filesystem::path& root) {
-    Device device;
-    std::string problem = readDevice(root, device);
-    if (!problem.empty()) return Failure{problem};
+    const Result<phone::Device> device = phone::readDevice(root);
+    if (!device) return failure(device);
     Result<Database> book = openDatabase(root, addressBookShape());
-    if (!book) return book.failure();
+    if (!book) return failure(book);
     Result<Database> images = openDatabase(root, imagesShape());
-    if (!images) return images.failure();
+    if (!images) return failure(images);
     Result<Database> calls = openDatabase(root, callsShape());
-    if (!calls) return calls.failure();
+    if (!calls) return failure(calls);
     auto databases = std::unique_ptr<Databases>(
-        new Databases{std::move(*book), std::move(*images), std::move(*calls), device.region, {}, {}});
+        new Databases{std::move(*book), std::move(*images), std::move(*calls), device->region, {}, {}});
     Status begun = databases->begin();
-    if (!begun) return begun.failure();
+    if (!begun) return failure(begun);
     return AddressBookBuilder(std::move(databases));
 }
 
@@ -195,7 +193,7 @@ Result<int> AddressBookBuilder::addPerson(const Person& person) {
     Photo photo;
     if (!person.photo.empty()) {
         Result<Photo> made = makePhoto(person.photo);
-        if (!made) return made.failure();
+        if (!made) return failure(made);
         photo = std::move(*made);
     }
     Status added = databases_->book
@@ -213,14 +211,14 @@ Result<int> AddressBookBuilder::addPerson(const Person& person) {
                        .bind(9, person.created)
                        .bind(10, person.modified)
                        .run();
-    if (!added) return added.failure();
+    if (!added) return failure(added);
     int contact = databases_->book.lastRow();
-    added = databases_->addValues(contact, kPhoneProperty, person.phones);
-    if (added) added = databases_->addValues(contact, kEmailProperty, person.emails);
-    if (added) added = databases_->linkByName(contact, person.linkedAs);
-    if (added && !person.photo.empty()) added = databases_->storePhoto(contact, person.photo, photo);
-    if (!added) return added.failure();
-    return contact;
+    return databases_->addValues(contact, kPhoneProperty, person.phones)
+        .and_then([&] { return databases_->addValues(contact, kEmailProperty, person.emails); })
+        .and_then([&] { return databases_->linkByName(contact, person.linkedAs); })
+        .and_then(
+            [&] { return person.photo.empty() ? Status() : databases_->storePhoto(contact, person.photo, photo); })
+        .map([&] { return contact; });
 }
 
 Status AddressBookBuilder::setThumbnail(int contact, std::string_view bytes, int format) {
@@ -236,25 +234,26 @@ Status AddressBookBuilder::setFullSizeImage(int contact, std::string_view bytes)
 }
 
 Status AddressBookBuilder::setPhoto(int contact, std::string_view encoded) {
-    Result<Photo> photo = makePhoto(encoded);
-    return photo ? databases_->storePhoto(contact, encoded, *photo) : Status(photo.failure());
+    return makePhoto(encoded).and_then(
+        [&](const Photo& photo) { return databases_->storePhoto(contact, encoded, photo); });
 }
 
 Status AddressBookBuilder::removePhoto(int contact) {
     const Database& images = databases_->images;
-    return both(images.prepare("DELETE FROM ABThumbnailImage WHERE record_id = ?").bind(1, contact).run(),
-                images.prepare("DELETE FROM ABFullSizeImage WHERE record_id = ?").bind(1, contact).run());
+    return images.prepare("DELETE FROM ABThumbnailImage WHERE record_id = ?").bind(1, contact).run().and_then([&] {
+        return images.prepare("DELETE FROM ABFullSizeImage WHERE record_id = ?").bind(1, contact).run();
+    });
 }
 
 Status AddressBookBuilder::link(const std::vector<int>& contacts) {
-    if (contacts.size() < 2) return Failure{"a link needs at least two contacts"};
+    if (contacts.size() < 2) return failure("a link needs at least two contacts");
     Result<int> row = databases_->newLink(contacts.front());
-    if (!row) return row.failure();
+    if (!row) return failure(row);
     for (int contact : contacts) {
         Status joined = databases_->joinLink(contact, *row, contact == contacts.front());
         if (!joined) return joined;
     }
-    return Done{};
+    return {};
 }
 
 Status AddressBookBuilder::setNames(int contact, const std::optional<std::string>& first,
@@ -264,7 +263,7 @@ Status AddressBookBuilder::setNames(int contact, const std::optional<std::string
                      .bind(2, last)
                      .bind(3, contact)
                      .run();
-    return set ? requireRow(databases_->book, contact) : set;
+    return set.and_then([&] { return requireRow(databases_->book, contact); });
 }
 
 Status AddressBookBuilder::setModificationDate(int contact, double seconds) {
@@ -272,7 +271,7 @@ Status AddressBookBuilder::setModificationDate(int contact, double seconds) {
                      .bind(1, seconds)
                      .bind(2, contact)
                      .run();
-    return set ? requireRow(databases_->book, contact) : set;
+    return set.and_then([&] { return requireRow(databases_->book, contact); });
 }
 
 Status AddressBookBuilder::removePerson(int contact) {
@@ -283,10 +282,9 @@ Status AddressBookBuilder::removePerson(int contact) {
         Status removed = databases_->book.prepare(sql).bind(1, contact).run();
         if (!removed) return removed;
     }
-    Status existed = requireRow(databases_->book, contact);
-    if (!existed) return existed;
-    return both(removePhoto(contact),
-                databases_->calls.prepare("UPDATE call SET id = -1 WHERE id = ?").bind(1, contact).run());
+    if (Status existed = requireRow(databases_->book, contact); !existed) return existed;
+    return removePhoto(contact).and_then(
+        [&] { return databases_->calls.prepare("UPDATE call SET id = -1 WHERE id = ?").bind(1, contact).run(); });
 }
 
 Result<int> AddressBookBuilder::addCall(const Call& call) {
@@ -300,11 +298,11 @@ Result<int> AddressBookBuilder::addCall(const Call& call) {
         .bind(5, call.contact);
     if (!call.name.empty()) insert.bind(6, std::string_view(call.name));
     if (!call.countryCode.empty()) insert.bind(7, std::string_view(call.countryCode));
-    Status added = insert.run();
-    if (!added) return added.failure();
-    return databases_->calls.lastRow();
+    return insert.run().map([&] { return databases_->calls.lastRow(); });
 }
 
-Status AddressBookBuilder::finish() { return both(databases_->commit(), databases_->begin()); }
+Status AddressBookBuilder::finish() {
+    return databases_->commit().and_then([this] { return databases_->begin(); });
+}
 
-}  // namespace phone
+}  // namespace maker

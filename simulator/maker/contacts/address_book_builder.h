@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/maker/common/result.h"
 #include "simulator/maker/contacts/contact.h"
-#include "simulator/maker/result.h"
 
-namespace phone {
+namespace maker {
 
 // One writer on a root's three databases. Everything is one transaction per database: finish() makes it visible, and a
 // builder that is destroyed without it leaves the databases as they were. Not for use from several threads at once.
@@ -27,28 +27,29 @@ class AddressBookBuilder {
     Result<int> addPerson(const Person& person);
 
     // Stores bytes, decodable or not, as a person's thumbnail of a format, in place of any earlier one.
-    Status setThumbnail(int contact, std::string_view bytes, int format = 0);
+    [[nodiscard]] Status setThumbnail(int contact, std::string_view bytes, int format = 0);
     // The same with NULL for the bytes.
-    Status setNullThumbnail(int contact, int format = 0);
+    [[nodiscard]] Status setNullThumbnail(int contact, int format = 0);
     // Stores bytes, decodable or not, as a person's full-size image.
-    Status setFullSizeImage(int contact, std::string_view bytes);
+    [[nodiscard]] Status setFullSizeImage(int contact, std::string_view bytes);
     // Makes thumbnail and full-size image from an encoded picture. An undecodable one is an error.
-    Status setPhoto(int contact, std::string_view encoded);
-    Status removePhoto(int contact);
+    [[nodiscard]] Status setPhoto(int contact, std::string_view encoded);
+    [[nodiscard]] Status removePhoto(int contact);
 
     // Makes the contacts one person's; the first is the preferred one for name and image.
-    Status link(const std::vector<int>& contacts);
-    Status setNames(int contact, const std::optional<std::string>& first, const std::optional<std::string>& last);
+    [[nodiscard]] Status link(const std::vector<int>& contacts);
+    [[nodiscard]] Status setNames(int contact, const std::optional<std::string>& first,
+                                  const std::optional<std::string>& last);
     // Seconds since 2001-01-01 UTC.
-    Status setModificationDate(int contact, double seconds);
+    [[nodiscard]] Status setModificationDate(int contact, double seconds);
     // Removes a person with its values, pictures and calls' references to it.
-    Status removePerson(int contact);
+    [[nodiscard]] Status removePerson(int contact);
 
     // Adds a call; its row ID.
     Result<int> addCall(const Call& call);
 
-    // Commits, and goes on with a new transaction.
-    Status finish();
+    // Commits, then begins a new transaction.
+    [[nodiscard]] Status finish();
 
   private:
     struct Databases;
@@ -56,4 +57,4 @@ class AddressBookBuilder {
     std::unique_ptr<Databases> databases_;
 };
 
-}  // namespace phone
+}  // namespace maker

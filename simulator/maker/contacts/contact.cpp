@@ -1,6 +1,6 @@
 #include "simulator/maker/contacts/contact.h"
 
-namespace phone {
+namespace maker {
 
 std::string Person::displayName() const {
     std::string name;
@@ -15,4 +15,4 @@ std::string Person::displayName() const {
     return emails.empty() ? std::string() : emails.front().value;
 }
 
-}  // namespace phone
+}  // namespace maker

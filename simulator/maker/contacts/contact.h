@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
-namespace phone {
+namespace maker {
 
 struct LabelledValue {
     std::string value;
     std::string label;  // as the phone stores it, "_$!<Mobile>!$_", or any text; empty: none
 };
 
-// A missing name is NULL in the database, an empty one an empty text: readers tell them apart.
+// A missing name is NULL in the database, an empty one an empty text: readers treat them differently.
 struct Person {
     std::optional<std::string> first;
     std::optional<std::string> last;
@@ -48,4 +48,4 @@ struct Call {
     std::string countryCode;  // mobile country code ("310"); empty: none
 };
 
-}  // namespace phone
+}  // namespace maker

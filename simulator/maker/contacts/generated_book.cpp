@@ -7,7 +7,7 @@
 
 #include "simulator/maker/contacts/photo.h"
 
-namespace phone {
+namespace maker {
 namespace {
 
 // Names that belong together, and how numbers are spelt where they come from: '#' stands for a digit of the contact's
@@ -96,10 +96,10 @@ Result<long> addGeneratedContacts(AddressBookBuilder& builder, int count, std::u
         Person person = makePerson(index, random);
         person.created = person.modified = modified;
         Result<int> contact = builder.addPerson(person);
-        if (!contact) return contact.failure();
+        if (!contact) return failure(contact);
         if (index % 3 == 1) {
             Status stored = builder.setThumbnail(*contact, thumbnails[random() % thumbnails.size()]);
-            if (!stored) return stored.failure();
+            if (!stored) return failure(stored);
             ++pictures;
         }
         if (progress) progress("contacts", index + 1, count);
@@ -107,4 +107,4 @@ Result<long> addGeneratedContacts(AddressBookBuilder& builder, int count, std::u
     return pictures;
 }
 
-}  // namespace phone
+}  // namespace maker

@@ -4,15 +4,13 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <memory>
 
-namespace phone {
+#include "simulator/maker/contacts/glib_pointers.h"
+
+namespace maker {
 namespace {
 
-struct Unref {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-using Pixbuf = std::unique_ptr<GdkPixbuf, Unref>;
+using Pixbuf = GObjectPointer<GdkPixbuf>;
 
 std::string takeMessage(GError* error) {
     std::string message = error ? error->message : "unknown reason";
@@ -46,8 +44,8 @@ void limitSize(GdkPixbufLoader* loader, int width, int height, gpointer data) {
 }
 
 Result<Pixbuf> decode(std::string_view encoded, PictureSize& size) {
-    if (encoded.empty()) return Failure{"no bytes"};
-    std::unique_ptr<GdkPixbufLoader, Unref> loader(gdk_pixbuf_loader_new());
+    if (encoded.empty()) return failure("no bytes");
+    const GObjectPointer<GdkPixbufLoader> loader(gdk_pixbuf_loader_new());
     g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(limitSize), &size);
     GError* error = nullptr;
     bool written =
@@ -55,11 +53,11 @@ Result<Pixbuf> decode(std::string_view encoded, PictureSize& size) {
     bool closed = gdk_pixbuf_loader_close(loader.get(), written ? &error : nullptr);
     if (size.isTooLarge()) {
         g_clear_error(&error);
-        return Failure{"too large, " + std::to_string(size.width) + " x " + std::to_string(size.height) + " pixels"};
+        return failure("too large, " + std::to_string(size.width) + " x " + std::to_string(size.height) + " pixels");
     }
-    if (!written || !closed) return Failure{takeMessage(error)};
+    if (!written || !closed) return failure(takeMessage(error));
     GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
-    if (!decoded) return Failure{"no picture in it"};
+    if (!decoded) return failure("no picture in it");
     return Pixbuf(gdk_pixbuf_apply_embedded_orientation(decoded));
 }
 
@@ -70,10 +68,9 @@ Result<std::string> encode(GdkPixbuf* pixbuf) {
     bool saved = gdk_pixbuf_get_has_alpha(pixbuf)
                      ? gdk_pixbuf_save_to_buffer(pixbuf, &bytes, &length, "png", &error, nullptr)
                      : gdk_pixbuf_save_to_buffer(pixbuf, &bytes, &length, "jpeg", &error, "quality", "90", nullptr);
-    if (!saved) return Failure{takeMessage(error)};
-    std::string result(bytes, length);
-    g_free(bytes);
-    return result;
+    if (!saved) return failure(takeMessage(error));
+    const GText saver(bytes);
+    return std::string(bytes, length);
 }
 
 }  // namespace
@@ -81,7 +78,7 @@ Result<std::string> encode(GdkPixbuf* pixbuf) {
 Result<Photo> makePhoto(std::string_view encoded) {
     PictureSize size;
     Result<Pixbuf> decoded = decode(encoded, size);
-    if (!decoded) return Failure{"not a picture: " + decoded.text()};
+    if (!decoded) return failure("not a picture: " + decoded.error().message);
     GdkPixbuf* picture = decoded->get();
     int width = gdk_pixbuf_get_width(picture);
     int height = gdk_pixbuf_get_height(picture);
@@ -90,13 +87,12 @@ Result<Photo> makePhoto(std::string_view encoded) {
     int y = (height - side) / 2;
     Pixbuf square(gdk_pixbuf_new_subpixbuf(picture, x, y, side, side));
     Pixbuf scaled(gdk_pixbuf_scale_simple(square.get(), kThumbnailSide, kThumbnailSide, GDK_INTERP_BILINEAR));
-    if (!scaled) return Failure{"not enough memory for a thumbnail"};
-    Result<std::string> thumbnail = encode(scaled.get());
-    if (!thumbnail) return thumbnail.failure();
-
-    double enlarged = static_cast<double>(std::min(size.width, size.height)) / side;
-    return Photo{std::move(*thumbnail), static_cast<int>(x * enlarged), static_cast<int>(y * enlarged),
-                 std::min(size.width, size.height)};
+    if (!scaled) return failure("not enough memory for a thumbnail");
+    const double enlarged = static_cast<double>(std::min(size.width, size.height)) / side;
+    return encode(scaled.get()).map([&](std::string thumbnail) {
+        return Photo{std::move(thumbnail), static_cast<int>(x * enlarged), static_cast<int>(y * enlarged),
+                     std::min(size.width, size.height)};
+    });
 }
 
 std::string plainThumbnail(unsigned colour) {
@@ -118,4 +114,4 @@ std::string plainThumbnail(unsigned colour) {
     return encode(picture.get()).value();
 }
 
-}  // namespace phone
+}  // namespace maker

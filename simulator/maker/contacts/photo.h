@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/maker/result.h"
+#include "simulator/maker/common/result.h"
 
-namespace phone {
+namespace maker {
 
 // Side of the square thumbnail that a phone makes, in pixels.
 constexpr int kThumbnailSide = 160;
@@ -24,4 +24,4 @@ Result<Photo> makePhoto(std::string_view encoded);
 // An encoded thumbnail of one colour with a lighter disc on it, for generated contacts. Colour as 0xRRGGBB.
 std::string plainThumbnail(unsigned colour);
 
-}  // namespace phone
+}  // namespace maker

@@ -2,16 +2,13 @@
 
 #include <glib.h>
 
-#include <memory>
+#include "simulator/maker/contacts/glib_pointers.h"
 
-namespace phone {
+namespace maker {
 
 std::string madeValid(const std::string& text) {
-    struct Free {
-        void operator()(gchar* made) const { g_free(made); }
-    };
-    const std::unique_ptr<gchar, Free> valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+    const GText valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
     return valid.get();
 }
 
-}  // namespace phone
+}  // namespace maker

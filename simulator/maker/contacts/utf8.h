@@ -3,9 +3,9 @@
 
 #include <string>
 
-namespace phone {
+namespace maker {
 
 // The text with U+FFFD for what is not UTF-8.
 std::string madeValid(const std::string& text);
 
-}  // namespace phone
+}  // namespace maker

@@ -8,25 +8,19 @@
 #include <string_view>
 #include <system_error>
 
+#include "simulator/maker/common/read_file.h"
+#include "simulator/maker/contacts/glib_pointers.h"
 #include "simulator/maker/contacts/utf8.h"
-#include "simulator/maker/read_file.h"
 
-namespace phone {
+namespace maker {
 namespace {
 
 struct FreeName {
     void operator()(EContactName* name) const { e_contact_name_free(name); }
 };
-struct FreeText {
-    void operator()(gchar* text) const { g_free(text); }
-};
-struct Unref {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-using Text = std::unique_ptr<gchar, FreeText>;
 
 std::string upper(std::string_view text) {
-    Text result(g_ascii_strup(text.data(), static_cast<gssize>(text.size())));
+    GText result(g_ascii_strup(text.data(), static_cast<gssize>(text.size())));
     return result.get();
 }
 
@@ -69,9 +63,9 @@ Result<std::vector<Card>> splitCards(const std::string& content, const std::stri
         if (isLine(line, "END:VCARD")) inside = false;
     }
     if (inside) {
-        return Failure{file + ", line " + std::to_string(cards.back().line) + ": BEGIN:VCARD without END:VCARD"};
+        return failure(file + ", line " + std::to_string(cards.back().line) + ": BEGIN:VCARD without END:VCARD");
     }
-    if (cards.empty()) return Failure{file + ": there is no vCard in it"};
+    if (cards.empty()) return failure(file + ": there is no vCard in it");
     return cards;
 }
 
@@ -119,7 +113,7 @@ Line readLine(EVCardAttribute* attribute) {
 }
 
 std::vector<Line> readLines(const std::string& card) {
-    std::unique_ptr<EVCard, Unref> parsed(e_vcard_new_from_string(card.c_str()));
+    const GObjectPointer<EVCard> parsed(e_vcard_new_from_string(card.c_str()));
     std::vector<Line> lines;
     for (GList* item = e_vcard_get_attributes(parsed.get()); item; item = item->next) {
         lines.push_back(readLine(static_cast<EVCardAttribute*>(item->data)));
@@ -200,11 +194,11 @@ bool startsWith(const std::string& text, std::string_view prefix) {
 
 Result<std::string> readDataAddress(const std::string& address) {
     std::size_t comma = address.find(',');
-    if (comma == std::string::npos) return Failure{"a data: address without data"};
+    if (comma == std::string::npos) return failure("a data: address without data");
     std::string data = address.substr(comma + 1);
-    if (address.substr(0, comma).find(";base64") == std::string::npos) return Failure{"a data: address not in base64"};
+    if (address.substr(0, comma).find(";base64") == std::string::npos) return failure("a data: address not in base64");
     gsize length = 0;
-    Text bytes(reinterpret_cast<gchar*>(g_base64_decode(data.c_str(), &length)));
+    GText bytes(reinterpret_cast<gchar*>(g_base64_decode(data.c_str(), &length)));
     return std::string(bytes.get(), length);
 }
 
@@ -212,12 +206,12 @@ Result<std::string> readFileAddress(std::string address, const std::filesystem::
     if (startsWith(address, "file:")) address.erase(0, 5);
     if (startsWith(address, "//localhost/")) address.erase(0, 11);
     if (startsWith(address, "//")) address.erase(0, 2);
-    Text unescaped(g_uri_unescape_string(address.c_str(), nullptr));
-    if (!unescaped || !*unescaped) return Failure{"the address " + address + " names no file"};
+    GText unescaped(g_uri_unescape_string(address.c_str(), nullptr));
+    if (!unescaped || !*unescaped) return failure("the address " + address + " names no file");
     const std::filesystem::path file = folder / unescaped.get();
     std::error_code error;
     // Devices and pipes may never end; only the person at the command line can mean one.
-    if (std::filesystem::is_other(file, error)) return Failure{file.string() + ": is not a file"};
+    if (std::filesystem::is_other(file, error)) return failure(file.string() + ": is not a file");
     return readFile(file);
 }
 
@@ -227,38 +221,50 @@ Result<std::string> readPhoto(const Line& line, const std::filesystem::path& fol
     if (startsWith(value, "data:")) return readDataAddress(value);
     std::size_t scheme = value.find("://");
     if (scheme != std::string::npos && !startsWith(value, "file:")) {
-        return Failure{"pictures are not fetched from " + value};
+        return failure("pictures are not fetched from " + value);
     }
     return readFileAddress(std::move(value), folder);
+}
+
+// Everything but the photo.
+Person readPerson(const std::vector<Line>& lines) {
+    Person person;
+    readName(lines, person);
+    person.phones = readValues(lines, "TEL", "tel:");
+    person.emails = readValues(lines, "EMAIL", "mailto:");
+    if (const Line* linked = find(lines, "X-LINKED-PERSON")) person.linkedAs = linked->whole();
+    return person;
+}
+
+Status takePhoto(const Line& line, const std::filesystem::path& folder, Person& person) {
+    return readPhoto(line, folder).and_then([&](std::string photo) -> Status {
+        if (photo.empty()) return failure("it is empty");
+        person.photo = std::move(photo);
+        return {};
+    });
 }
 
 }  // namespace
 
 Result<ImportedContacts> importVCards(const std::filesystem::path& file, const Progress& progress) {
     Result<std::string> content = readFile(file, progress);
-    if (!content) return content.failure();
+    if (!content) return failure(content);
     ImportedContacts imported;
     std::string text = madeValid(*content);
     if (text != *content) {
         imported.warnings.push_back(file.string() + ": not all of it is UTF-8; the rest became U+FFFD");
     }
     Result<std::vector<Card>> cards = splitCards(text, file.string());
-    if (!cards) return cards.failure();
+    if (!cards) return failure(cards);
     for (const Card& card : *cards) {
-        tellGoingOn(progress);
-        std::vector<Line> lines = readLines(card.text);
-        Person person;
-        readName(lines, person);
-        person.phones = readValues(lines, "TEL", "tel:");
-        person.emails = readValues(lines, "EMAIL", "mailto:");
-        if (const Line* linked = find(lines, "X-LINKED-PERSON")) person.linkedAs = linked->whole();
+        reportGoingOn(progress);
+        const std::vector<Line> lines = readLines(card.text);
+        Person person = readPerson(lines);
         if (const Line* line = find(lines, "PHOTO")) {
-            Result<std::string> photo = readPhoto(*line, file.parent_path());
-            if (photo) person.photo = std::move(*photo);
-            if (person.photo.empty()) {
+            Status taken = takePhoto(*line, file.parent_path(), person);
+            if (!taken) {
                 imported.warnings.push_back(file.string() + ", line " + std::to_string(card.line) + ": " +
-                                            person.displayName() +
-                                            " goes without photo: " + (photo ? "it is empty" : photo.text()));
+                                            person.displayName() + " goes without photo: " + taken.error().message);
             }
         }
         imported.persons.push_back(std::move(person));
@@ -266,4 +272,4 @@ Result<ImportedContacts> importVCards(const std::filesystem::path& file, const P
     return imported;
 }
 
-}  // namespace phone
+}  // namespace maker

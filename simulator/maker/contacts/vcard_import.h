@@ -2,7 +2,7 @@
 //
 // Taken over: N (FN where there is no N), NICKNAME, ORG, TEL and EMAIL with their types or X-ABLabel as labels, and
 // PHOTO, embedded or as a `data:` or `file:` address (a relative one starts at the vCard file's folder). Cards that
-// carry the same X-LINKED-PERSON:<text> are linked contacts of one person. Everything else has no place on the stand-in
+// carry the same X-LINKED-PERSON:TEXT are linked contacts of one person. Everything else has no place on the stand-in
 // phone.
 #pragma once
 
@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "simulator/maker/common/progress.h"
+#include "simulator/maker/common/result.h"
 #include "simulator/maker/contacts/contact.h"
-#include "simulator/maker/progress.h"
-#include "simulator/maker/result.h"
 
-namespace phone {
+namespace maker {
 
 struct ImportedContacts {
     std::vector<Person> persons;        // in the file's order; photos are not decoded yet
@@ -24,4 +24,4 @@ struct ImportedContacts {
 // Fails, naming file and line, for a file that cannot be read, holds no vCard, or ends within one.
 Result<ImportedContacts> importVCards(const std::filesystem::path& file, const Progress& progress = {});
 
-}  // namespace phone
+}  // namespace maker

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace phone {
+namespace maker {
 namespace {
 
 constexpr std::string_view kMagic("SQLite format 3\0", 16);
@@ -39,24 +39,24 @@ Status requireSoundPages(const Database& database, const std::string& name) {
     if (!check.step()) {
         // What another program keeps locked need not be damaged.
         const bool isLocked = sqlite3_errcode(database.get()) == SQLITE_BUSY;
-        return Failure{name + (isLocked ? ": " : ": is damaged: ") + sqlite3_errmsg(database.get())};
+        return failure(name + (isLocked ? ": " : ": is damaged: ") + sqlite3_errmsg(database.get()));
     }
-    if (check.text(0) != "ok") return Failure{name + ": is damaged: " + check.text(0)};
-    return Done{};
+    if (check.text(0) != "ok") return failure(name + ": is damaged: " + check.text(0));
+    return {};
 }
 
 Status requireShape(const Database& database, const std::string& name, const DatabaseShape& shape) {
     const std::string refusal = name + ": is not " + shape.what + ": ";
     for (const auto& [table, needed] : shape.required) {
         std::set<std::string> columns = columnsOf(database, table);
-        if (columns.empty()) return Failure{std::string(refusal).append("it has no table ").append(table)};
+        if (columns.empty()) return failure(std::string(refusal).append("it has no table ").append(table));
         for (const std::string& column : needed) {
             if (columns.count(lower(column))) continue;
-            return Failure{
-                std::string(refusal).append("its table ").append(table).append(" has no column ").append(column)};
+            return failure(
+                std::string(refusal).append("its table ").append(table).append(" has no column ").append(column));
         }
     }
-    return Done{};
+    return {};
 }
 
 }  // namespace
@@ -65,24 +65,22 @@ Status checkFile(const std::filesystem::path& file, const DatabaseShape& shape) 
     std::error_code error;
     auto type = std::filesystem::status(file, error).type();
     std::string name = file.string();
-    if (type == std::filesystem::file_type::not_found) return Failure{name + ": there is no such file"};
-    if (type != std::filesystem::file_type::regular) return Failure{name + ": is not a file"};
-    if (!std::ifstream(file)) return Failure{name + ": " + std::generic_category().message(errno)};
-    if (std::filesystem::file_size(file, error) == 0) return Failure{name + ": is empty, not " + shape.what};
-    if (!looksLikeDatabase(file)) return Failure{name + ": is not an SQLite database, so not " + shape.what};
-    return Done{};
+    if (type == std::filesystem::file_type::not_found) return failure(name + ": there is no such file");
+    if (type != std::filesystem::file_type::regular) return failure(name + ": is not a file");
+    if (!std::ifstream(file)) return failure(name + ": " + std::generic_category().message(errno));
+    if (std::filesystem::file_size(file, error) == 0) return failure(name + ": is empty, not " + shape.what);
+    if (!looksLikeDatabase(file)) return failure(name + ": is not an SQLite database, so not " + shape.what);
+    return {};
 }
 
 Status checkContents(const Database& database, const std::string& name, const DatabaseShape& shape) {
-    Status sound = requireSoundPages(database, name);
-    return sound ? requireShape(database, name, shape) : sound;
+    return requireSoundPages(database, name).and_then([&] { return requireShape(database, name, shape); });
 }
 
 Status checkDatabase(const std::filesystem::path& file, const DatabaseShape& shape) {
-    Status isFile = checkFile(file, shape);
-    if (!isFile) return isFile;
-    Result<Database> database = Database::openToRead(file);
-    return database ? checkContents(*database, file.string(), shape) : Status(database.failure());
+    return checkFile(file, shape)
+        .and_then([&] { return Database::openToRead(file); })
+        .and_then([&](const Database& database) { return checkContents(database, file.string(), shape); });
 }
 
-}  // namespace phone
+}  // namespace maker

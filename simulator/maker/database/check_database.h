@@ -4,20 +4,20 @@
 #include <filesystem>
 #include <string>
 
+#include "simulator/maker/common/result.h"
 #include "simulator/maker/database/database.h"
 #include "simulator/maker/database/schema.h"
-#include "simulator/maker/result.h"
 
-namespace phone {
+namespace maker {
 
 // From outside: that it is there, a file, and begins as SQLite's databases do.
-Status checkFile(const std::filesystem::path& file, const DatabaseShape& shape);
+[[nodiscard]] Status checkFile(const std::filesystem::path& file, const DatabaseShape& shape);
 
 // From inside: that no page is damaged and that the tables and columns of that shape are there. `name` is what the
 // message calls it.
-Status checkContents(const Database& database, const std::string& name, const DatabaseShape& shape);
+[[nodiscard]] Status checkContents(const Database& database, const std::string& name, const DatabaseShape& shape);
 
-// Both, for a database in its place on a phone. It is only read.
-Status checkDatabase(const std::filesystem::path& file, const DatabaseShape& shape);
+// From outside and from inside, for a database in its place on a phone. It is only read.
+[[nodiscard]] Status checkDatabase(const std::filesystem::path& file, const DatabaseShape& shape);
 
-}  // namespace phone
+}  // namespace maker

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace phone {
+namespace maker {
 
 Statement::Statement(sqlite3* database, const char* sql) : database_(database) {
     code_ = sqlite3_prepare_v2(database, sql, -1, &statement_, nullptr);
@@ -55,9 +55,9 @@ Status Statement::run() {
 }
 
 Status Statement::status() const {
-    if (code_ == SQLITE_OK) return Done{};
+    if (code_ == SQLITE_OK) return {};
     const char* name = sqlite3_db_filename(database_, "main");
-    return Failure{std::string(name ? name : "database") + ": " + sqlite3_errmsg(database_)};
+    return failure(std::string(name ? name : "database") + ": " + sqlite3_errmsg(database_));
 }
 
 std::string Statement::text(int column) const {
@@ -84,7 +84,7 @@ Result<Database> Database::openWith(const std::filesystem::path& file, int flags
     int code = sqlite3_open_v2(file.c_str(), &opened, flags | SQLITE_OPEN_FULLMUTEX, "unix");
     Database database{std::unique_ptr<sqlite3, CloseDatabase>(opened)};
     if (code != SQLITE_OK) {
-        return Failure{file.string() + ": " + (opened ? sqlite3_errmsg(opened) : sqlite3_errstr(code))};
+        return failure(file.string() + ": " + (opened ? sqlite3_errmsg(opened) : sqlite3_errstr(code)));
     }
     // A phone's own databases name functions and orderings that only the phone has.
     sqlite3_collation_needed(opened, nullptr, addCollation);
@@ -103,15 +103,15 @@ Result<Database> Database::openToRead(const std::filesystem::path& file) {
 }
 
 Status Database::execute(const char* sql) {
-    if (sqlite3_exec(get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK) return Done{};
+    if (sqlite3_exec(get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK) return {};
     const char* name = sqlite3_db_filename(get(), "main");
-    return Failure{std::string(name ? name : "database") + ": " + sqlite3_errmsg(get())};
+    return failure(std::string(name ? name : "database") + ": " + sqlite3_errmsg(get()));
 }
 
 WorkWatch::WorkWatch(const Database& database, const Progress& progress)
     : database_(database.get()), progress_(progress) {
     constexpr int stepsBetween = 10000;  // a millisecond or less
-    sqlite3_progress_handler(database_, stepsBetween, tell, this);
+    sqlite3_progress_handler(database_, stepsBetween, report, this);
 }
 
 WorkWatch::~WorkWatch() { sqlite3_progress_handler(database_, 0, nullptr, nullptr); }
@@ -120,10 +120,10 @@ void WorkWatch::rethrow() const {
     if (thrown_) std::rethrow_exception(thrown_);
 }
 
-int WorkWatch::tell(void* watch) {
+int WorkWatch::report(void* watch) {
     auto* self = static_cast<WorkWatch*>(watch);
     try {
-        tellGoingOn(self->progress_);
+        reportGoingOn(self->progress_);
         return 0;
     } catch (...) {
         self->thrown_ = std::current_exception();
@@ -131,4 +131,4 @@ int WorkWatch::tell(void* watch) {
     }
 }
 
-}  // namespace phone
+}  // namespace maker

@@ -1,5 +1,6 @@
-// SQLite with errors by value, for writing the phone's databases. Always through the system's own file access: a
-// process that plays the phone maps database names into its root, and these names are this machine's already.
+// SQLite for the desk: writing the phone's databases by this machine's paths (a process that plays the phone reads them
+// by runtime/file_system/phone_database.h). Always through the system's own file access: a process that plays the phone
+// maps database names into its root, and these names are this machine's already.
 #pragma once
 
 #include <sqlite3.h>
@@ -11,17 +12,17 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/maker/progress.h"
-#include "simulator/maker/result.h"
+#include "simulator/maker/common/progress.h"
+#include "simulator/maker/common/result.h"
 
-namespace phone {
+namespace maker {
 
 struct CloseDatabase {
     void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
 };
 
-// A prepared statement; use it with bind(), then step() or run(). The first thing that goes wrong is kept and told by
-// the next run() or by status(), so that binds need no checks.
+// A prepared statement; use it with bind(), then step() or run(). The first thing that goes wrong is kept and
+// returned by the next run() or by status(), so that binds need no checks.
 class Statement {
   public:
     Statement(sqlite3* database, const char* sql);
@@ -40,8 +41,8 @@ class Statement {
     // Steps to the next row; false at the end and after an error.
     bool step();
     // Steps to the end and makes the statement ready for other values.
-    Status run();
-    Status status() const;
+    [[nodiscard]] Status run();
+    [[nodiscard]] Status status() const;
 
     int columns() const { return sqlite3_column_count(statement_); }
     int integer(int column) const { return sqlite3_column_int(statement_, column); }
@@ -61,7 +62,7 @@ class Database {
     static Result<Database> open(const std::filesystem::path& file, bool create);
     static Result<Database> openToRead(const std::filesystem::path& file);
 
-    Status execute(const char* sql);
+    [[nodiscard]] Status execute(const char* sql);
     Statement prepare(const char* sql) const { return Statement(database_.get(), sql); }
     int lastRow() const { return static_cast<int>(sqlite3_last_insert_rowid(database_.get())); }
     int changes() const { return sqlite3_changes(database_.get()); }
@@ -74,7 +75,7 @@ class Database {
     std::unique_ptr<sqlite3, CloseDatabase> database_;
 };
 
-// While it lives, long work on a database tells `progress` all the while. SQLite's C must not be left by an exception:
+// While it lives, long work on a database calls `progress` all the while. SQLite's C must not be left by an exception:
 // what progress throws ends the work as an error, and is thrown on by rethrow().
 class WorkWatch {
   public:
@@ -86,11 +87,11 @@ class WorkWatch {
     void rethrow() const;
 
   private:
-    static int tell(void* watch);
+    static int report(void* watch);
 
     sqlite3* database_;
     const Progress& progress_;
     std::exception_ptr thrown_;
 };
 
-}  // namespace phone
+}  // namespace maker

@@ -1,6 +1,6 @@
 #include "simulator/maker/database/schema.h"
 
-namespace phone {
+namespace maker {
 namespace {
 
 constexpr const char* kAddressBookSql = R"sql(
@@ -83,4 +83,6 @@ const DatabaseShape& callsShape() {
     return shape;
 }
 
-}  // namespace phone
+std::array<const DatabaseShape*, 3> databaseShapes() { return {&addressBookShape(), &imagesShape(), &callsShape()}; }
+
+}  // namespace maker

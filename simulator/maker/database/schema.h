@@ -1,11 +1,12 @@
 // The phone's databases as they lie on disk: tables, column names and indexes of phones of the period.
 #pragma once
 
+#include <array>
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace phone {
+namespace maker {
 
 struct DatabaseShape {
     const char* what;                                                        // for messages: "an address book"
@@ -17,6 +18,8 @@ struct DatabaseShape {
 const DatabaseShape& addressBookShape();
 const DatabaseShape& imagesShape();
 const DatabaseShape& callsShape();
+// All three.
+std::array<const DatabaseShape*, 3> databaseShapes();
 
 // ABMultiValue.property
 constexpr int kPhoneProperty = 3;
@@ -32,4 +35,4 @@ constexpr int kOutgoingCall = 5;
 // The address book counts seconds from 2001-01-01 00:00 UTC, the call history from 1970-01-01: add this to the former.
 constexpr double kAddressBookEpoch = 978307200.0;
 
-}  // namespace phone
+}  // namespace maker

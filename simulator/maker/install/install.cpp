@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-namespace phone {
+namespace maker {
 namespace {
 
 namespace fs = std::filesystem;
@@ -25,51 +25,52 @@ constexpr Link kLinks[] = {
     {"var", "private/var"}, {"etc", "private/etc"}, {"tmp", "private/var/tmp"}, {"User", "var/mobile"}};
 
 constexpr const char* kLibraryFolder = "Library/MobileSubstrate/DynamicLibraries";
+constexpr const char* kLibrary = "ZelkaCB.so";
 constexpr const char* kBundle = "System/Library/PreferenceBundles/ZelkaCBSettings.bundle";
 
 Status check(const std::error_code& error, const fs::path& path) {
-    if (!error) return Done{};
-    return Failure{path.string() + ": " + error.message()};
+    if (error) return failure(path.string() + ": " + error.message());
+    return {};
 }
 
 Status requireBuilt(const fs::path& path) {
     std::error_code error;
-    if (fs::exists(path, error)) return Done{};
-    return Failure{path.string() + ": is not there; build the project first"};
+    if (fs::exists(path, error)) return {};
+    return failure(path.string() + ": is not there; build the project first");
 }
 
-// The injector looks for a library of the filter's name, in the phone's own format or this machine's.
-fs::path nameBeside(const fs::path& filter, const fs::path& library) {
-    if (filter.empty()) return library.filename();
-    return filter.stem().concat(library.extension() == ".dylib" ? ".dylib" : ".so");
+// Beside its place first: a library that processes have loaded must not change under them.
+Status copyFile(const fs::path& from, const fs::path& place) {
+    return requireBuilt(from).and_then([&] {
+        std::error_code error;
+        const fs::path part = place.string() + ".part";
+        fs::copy_file(from, part, fs::copy_options::overwrite_existing, error);
+        if (!error) fs::rename(part, place, error);
+        return check(error, place);
+    });
 }
 
-// A link and no copy: what is built anew is at once on every phone that there is.
-Status linkLibrary(const fs::path& root, const fs::path& library, const fs::path& filter) {
-    Status built = requireBuilt(library);
-    if (!built) return built;
-    std::error_code error;
-    fs::path target = fs::canonical(library, error);
-    fs::path link = root / kLibraryFolder / nameBeside(filter, library);
-    if (!error) fs::create_symlink(target, link, error);
-    return check(error, link);
-}
-
-Status copyFilter(const fs::path& root, const fs::path& filter) {
-    Status built = requireBuilt(filter);
-    if (!built) return built;
-    std::error_code error;
-    fs::path copy = root / kLibraryFolder / filter.filename();
-    fs::copy_file(filter, copy, error);
-    return check(error, copy);
+// The injector looks for a library of the filter's name, in the phone's own format or this machine's, and takes the
+// first when there are two.
+Status copyLibrary(const fs::path& root, const Extension& extension) {
+    const bool isPhones = extension.library.extension() == ".dylib";
+    const fs::path& name = extension.filter.empty() ? extension.library : extension.filter;
+    const fs::path place = root / kLibraryFolder / name.stem();
+    return copyFile(extension.library, place.string() + (isPhones ? ".dylib" : ".so")).and_then([&] {
+        std::error_code error;
+        const fs::path other = place.string() + (isPhones ? ".so" : ".dylib");
+        fs::remove(other, error);
+        return check(error, other);
+    });
 }
 
 Status copyBundle(const fs::path& root, const fs::path& bundle) {
-    Status built = requireBuilt(bundle);
-    if (!built) return built;
-    std::error_code error;
-    fs::copy(bundle, root / kBundle, fs::copy_options::recursive, error);
-    return check(error, root / kBundle);
+    return requireBuilt(bundle).and_then([&] {
+        std::error_code error;
+        fs::remove_all(root / kBundle, error);
+        if (!error) fs::copy(bundle, root / kBundle, fs::copy_options::recursive, error);
+        return check(error, root / kBundle);
+    });
 }
 
 }  // namespace
@@ -84,19 +85,19 @@ Status makeFolders(const fs::path& root) {
         fs::create_directory_symlink(link.target, root / link.place, error);
         if (error) return check(error, root / link.place);
     }
-    return Done{};
+    return {};
 }
 
-Status installExtension(const fs::path& root, const RootOptions& options) {
-    if (!options.library.empty()) {
-        Status linked = linkLibrary(root, options.library, options.filter);
-        if (!linked) return linked;
+Status installExtension(const fs::path& root, const Extension& extension) {
+    Status installed;
+    if (!extension.library.empty()) installed = copyLibrary(root, extension);
+    if (installed && !extension.filter.empty()) {
+        installed = copyFile(extension.filter, root / kLibraryFolder / extension.filter.filename());
     }
-    if (!options.filter.empty()) {
-        Status copied = copyFilter(root, options.filter);
-        if (!copied) return copied;
-    }
-    return options.settingsBundle.empty() ? Status(Done{}) : copyBundle(root, options.settingsBundle);
+    if (installed && !extension.settingsBundle.empty()) installed = copyBundle(root, extension.settingsBundle);
+    return installed;
 }
 
-}  // namespace phone
+fs::path libraryPath(const fs::path& root) { return root / kLibraryFolder / kLibrary; }
+
+}  // namespace maker

@@ -3,15 +3,25 @@
 
 #include <filesystem>
 
-#include "simulator/maker/make_root.h"
-#include "simulator/maker/result.h"
+#include "simulator/maker/common/result.h"
 
-namespace phone {
+namespace maker {
+
+// The extension's files on this machine; an empty path is left out.
+struct Extension {
+    std::filesystem::path library;         // in this machine's binary format or the phone's
+    std::filesystem::path filter;          // which processes load the library
+    std::filesystem::path settingsBundle;  // the preference bundle's folder
+};
 
 // Makes the folders and links of an empty phone in an existing directory.
-Status makeFolders(const std::filesystem::path& root);
+[[nodiscard]] Status makeFolders(const std::filesystem::path& root);
 
-// Puts the library (as a link with the filter's name), its filter and the preference bundle where a phone has them.
-Status installExtension(const std::filesystem::path& root, const RootOptions& options);
+// Copies the library (under the filter's name), its filter and the preference bundle to where a phone has them, in
+// place of earlier ones. A process of the phone that has loaded an earlier library keeps it.
+[[nodiscard]] Status installExtension(const std::filesystem::path& root, const Extension& extension);
 
-}  // namespace phone
+// Where a phone has the library in this machine's binary format.
+std::filesystem::path libraryPath(const std::filesystem::path& root);
+
+}  // namespace maker

@@ -3,15 +3,18 @@
 #include <deque>
 #include <system_error>
 
-#include "simulator/runtime/process/process_state.h"
-
 namespace phone {
 namespace {
 
 namespace fs = std::filesystem;
 
 // As many as Linux follows in one path.
-constexpr int linkLimit = 40;
+constexpr int kLinkLimit = 40;
+
+fs::path& ownRoot() {
+    static fs::path path;
+    return path;
+}
 
 std::deque<std::string> split(std::string_view path) {
     std::deque<std::string> parts;
@@ -54,7 +57,7 @@ std::string resolve(std::deque<std::string> parts, const fs::path& root) {
             at = next;
             continue;
         }
-        if (++links > linkLimit) {
+        if (++links > kLinkLimit) {
             at = next;
             break;
         }
@@ -82,7 +85,9 @@ std::string relativePath(std::string_view path, const fs::path& root) {
 
 }  // namespace
 
-const fs::path& root() { return process().root; }
+const fs::path& root() { return ownRoot(); }
+
+void setRoot(fs::path canonical) { ownRoot() = std::move(canonical); }
 
 std::string hostPath(std::string_view phonePath, const fs::path& root) {
     if (phonePath.empty() || root.empty()) return std::string(phonePath);

@@ -11,6 +11,9 @@ namespace phone {
 // The phone root of this process, canonical and absolute; empty until boot() (process.h). Any thread.
 const std::filesystem::path& root();
 
+// Sets root(). For boot() alone, before other threads exist; the path is canonical and absolute.
+void setRoot(std::filesystem::path canonical);
+
 // The path on this machine for a path of the phone. An absolute phone path is resolved inside `root` as a phone's
 // kernel would: ".." never climbs above it, and symbolic links, absolute ones too, lead to places inside. A last
 // component that is a link is kept as the link, unless only following it here keeps it inside. Paths that already are

@@ -4,7 +4,9 @@
 
 #include <functional>
 
-// Property lists as a phone reads and writes them. Any thread.
+// Property lists as a phone reads and writes them. Any thread. The notations are those of Apple's "Property List
+// Programming Guide": XML (the document type PropertyList-1.0.dtd), binary (described in CFBinaryPList.c of the
+// published CoreFoundation, which begins with "bplist") and the old style ("Old-Style ASCII Property Lists").
 
 namespace phone {
 

@@ -13,7 +13,7 @@ namespace {
 constinit sqlite3_vfs* machine = nullptr;
 constinit sqlite3_vfs vfs{};
 
-// SQLite makes every other name (the journal, the write-ahead log) from what this answers, so it is the one place to
+// SQLite makes every other name (the journal, the write-ahead log) from what this returns, so it is the one place to
 // map.
 int fullPathname(sqlite3_vfs*, const char* name, int size, char* result) {
     const int code = machine->xFullPathname(machine, hostPath(name).c_str(), size, result);
@@ -27,14 +27,16 @@ int fullPathname(sqlite3_vfs*, const char* name, int size, char* result) {
 
 }  // namespace
 
-int registerPhoneFileSystem() {
+Status registerPhoneFileSystem() {
+    constexpr const char* kRefused = "SQLite does not take the phone's file system";
     machine = sqlite3_vfs_find(nullptr);
-    if (machine == nullptr) return SQLITE_ERROR;
+    if (machine == nullptr) return failure(kRefused);
     vfs = *machine;
     vfs.zName = "phone";
     vfs.pNext = nullptr;
     vfs.xFullPathname = fullPathname;
-    return sqlite3_vfs_register(&vfs, 1);
+    if (sqlite3_vfs_register(&vfs, 1) != SQLITE_OK) return failure(kRefused);
+    return {};
 }
 
 }  // namespace phone

@@ -1,4 +1,6 @@
-// The part of the Mach-O file format that the loader reads, with the format's own names where it has short ones.
+// The part of the Mach-O file format that the loader reads, with the format's own names where it has short ones. As
+// Apple's public headers give it: <mach-o/loader.h> (header, load commands, segments and sections), <mach-o/fat.h>
+// (files for several processors) and <mach/machine.h> (processors).
 #pragma once
 
 #include <cstdint>
@@ -69,7 +71,7 @@ struct EncryptionCommand {
     std::uint32_t command, size, offset, length, scheme, padding;
 };
 
-// Segment protections.
+// Segment protections, of <mach/vm_prot.h>.
 constexpr std::int32_t kWrite = 2, kExecute = 4;
 
 // Section types, the low byte of a section's flags.

@@ -1,6 +1,7 @@
-// What a Mach-O library's file says: a pure reading of its bytes, without touching memory or the process.
+// A Mach-O library as its file describes it.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -48,15 +49,14 @@ struct Image {
     std::vector<Export> exports;
 
     // The segment that holds the whole range, or nullptr.
-    const Segment* segmentOf(std::uint64_t address, std::uint64_t size) const;
+    const Segment* segmentOf(std::uint64_t address, std::uint64_t size) const {
+        const auto found = std::find_if(segments.begin(), segments.end(),
+                                        [&](const Segment& segment) { return segment.contains(address, size); });
+        return found != segments.end() ? &*found : nullptr;
+    }
 };
 
 // The granularity at which segments are placed.
 constexpr std::uint64_t kPage = 4096;
-
-// Reads a library for this machine's processor, thin or fat. The image refers to the bytes. Answers an empty string, or
-// what is wrong with the file; then the image is unspecified. Every offset, size and count is checked: any bytes may be
-// given.
-std::string readImage(std::span<const std::uint8_t> file, Image& image);
 
 }  // namespace phone::macho

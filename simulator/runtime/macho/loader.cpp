@@ -9,7 +9,7 @@
 #include <memory>
 #include <utility>
 
-#include "simulator/runtime/macho/image.h"
+#include "simulator/runtime/macho/image_reader.h"
 #include "simulator/runtime/macho/symbols.h"
 #include "simulator/runtime/macho/unwind.h"
 
@@ -23,6 +23,7 @@ namespace {
 struct Library {
     std::vector<std::uint8_t> unwindFrames;
     std::map<std::string, void*> exports;
+    std::vector<char*> initialisers;
 };
 
 std::vector<LoadedImage>& images() {
@@ -83,8 +84,8 @@ class Placed {
         for (std::uint64_t address : image_.rebases) writePointer(address, readPointer(address) + base());
     }
 
-    // Answers which symbols are missing, or an empty string.
-    std::string bind() const {
+    // Fails with the names of the symbols that the process lacks.
+    Status bind() const {
         std::string missing;
         std::string_view before;
         for (const Bind& place : image_.binds) {
@@ -99,10 +100,11 @@ class Placed {
                 writePointer(place.address, 0);
             }
         }
-        return missing.empty() ? "" : "this process does not offer " + missing;
+        if (!missing.empty()) return failure("this process does not offer " + missing);
+        return {};
     }
 
-    std::string protect() const {
+    Status protect() const {
         std::uint64_t end = firstAddress(image_);
         for (const Segment& segment : image_.segments) {
             int protection = PROT_READ;
@@ -110,27 +112,28 @@ class Placed {
             if (segment.executable) protection |= PROT_EXEC;
             if (mprotect(at(end), segment.address - end, PROT_NONE) != 0 ||
                 mprotect(at(segment.address), segment.size, protection) != 0) {
-                return "segment " + segment.name + ": " + std::strerror(errno);
+                return failure("segment " + segment.name + ": " + std::strerror(errno));
             }
             end = segment.address + segment.size;
         }
 #if defined(__aarch64__)
         __builtin___clear_cache(at(firstAddress(image_)), at(end));
 #endif
-        return "";
+        return {};
     }
 
-    // Fills the list with the functions to run, in order; answers what is wrong with them.
-    std::string initialisers(std::vector<char*>& functions) const {
+    // The functions to run, in order.
+    Result<std::vector<char*>> initialisers() const {
+        std::vector<char*> functions;
         for (const Range& range : image_.initialisers) {
             for (std::uint64_t offset = 0; offset < range.size; offset += sizeof(void*)) {
                 const std::uint64_t function = readPointer(range.address + offset) - base();
                 const Segment* segment = image_.segmentOf(function, 1);
-                if (segment == nullptr || !segment->executable) return "an initialiser lies outside the code";
+                if (segment == nullptr || !segment->executable) return failure("an initialiser lies outside the code");
                 functions.push_back(at(function));
             }
         }
-        return "";
+        return functions;
     }
 
     std::map<std::string, void*> exports() const {
@@ -164,45 +167,49 @@ void run(const std::vector<char*>& initialisers) {
 }
 
 // Everything up to running the initialisers.
-std::string prepare(const Placed& placed, const Image& image, Library& library, std::vector<char*>& functions) {
+Result<Library> prepare(const Placed& placed, const Image& image) {
+    Library library;
     placed.copySegments();
     placed.rebase();
-    std::string problem = placed.bind();
-    if (problem.empty())
-        problem = translateUnwindInfo(image, placed.at(image.segments.front().address), library.unwindFrames);
-    if (problem.empty()) problem = placed.initialisers(functions);
-    if (problem.empty()) problem = placed.protect();
-    library.exports = placed.exports();
-    return problem;
+    return placed.bind()
+        .and_then([&] { return translateUnwindInfo(image, placed.at(firstAddress(image))); })
+        .and_then([&](std::vector<std::uint8_t> frames) {
+            library.unwindFrames = std::move(frames);
+            return placed.initialisers();
+        })
+        .and_then([&](std::vector<char*> functions) {
+            library.initialisers = std::move(functions);
+            return placed.protect();
+        })
+        .map([&] {
+            library.exports = placed.exports();
+            return std::move(library);
+        });
 }
 
-std::string loadBytes(const std::string& path, std::span<const std::uint8_t> file) {
-    Image image;
-    if (std::string problem = readImage(file, image); !problem.empty()) return problem;
+Status loadImage(const std::string& path, const Image& image) {
     Memory memory(sizeOf(image));
-    if (memory.begin() == nullptr) return std::string("no room in memory: ") + std::strerror(errno);
-    const Placed placed(image, memory.begin());
-    Library library;
-    std::vector<char*> initialisers;
-    if (std::string problem = prepare(placed, image, library, initialisers); !problem.empty()) return problem;
+    if (memory.begin() == nullptr) return failure(std::string("no room in memory: ") + std::strerror(errno));
+    Result<Library> library = prepare(Placed(image, memory.begin()), image);
+    if (!library) return failure(library);
     images().push_back({path, memory.keep(), sizeOf(image)});
-    Library& kept = libraries()[path] = std::move(library);
+    Library& kept = libraries()[path] = std::move(*library);
     if (!kept.unwindFrames.empty()) __register_frame(kept.unwindFrames.data());
-    run(initialisers);
-    return "";
+    run(kept.initialisers);
+    return {};
 }
 
 }  // namespace
 
 const std::vector<LoadedImage>& loadedImages() { return images(); }
 
-std::string loadLibrary(const std::string& path) {
-    if (libraries().count(path) != 0) return "";  // like a second dlopen
+Status loadLibrary(const std::string& path) {
+    if (libraries().count(path) != 0) return {};  // like a second dlopen
     std::ifstream file(path, std::ios::binary);
-    if (!file) return "cannot be opened";
+    if (!file) return failure("cannot be opened");
     const std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (file.bad()) return "cannot be read";
-    return loadBytes(path, bytes);
+    if (file.bad()) return failure("cannot be read");
+    return readImage(bytes).and_then([&](const Image& image) { return loadImage(path, image); });
 }
 
 void* symbolOf(const std::string& path, const std::string& name) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "simulator/runtime/result.h"
+
 namespace phone::macho {
 
 // An image in memory. For a debugger, which does not know of it: the code stands at `begin`, so that a file address
@@ -18,9 +20,9 @@ struct LoadedImage {
 const std::vector<LoadedImage>& loadedImages();
 
 // Loads the library at a path of this machine: finds every symbol it asks for in this process, registers its unwind
-// information and runs its initialisers on this thread. Answers an empty string, or what is wrong; then nothing of the
-// library has run and nothing of it stays.
-std::string loadLibrary(const std::string& path);
+// information and runs its initialisers on this thread. When it fails, nothing of the library has run and nothing of it
+// stays.
+[[nodiscard]] Status loadLibrary(const std::string& path);
 
 // The address of what a loaded library exports under the C name; nullptr when it was not loaded or has no such export.
 void* symbolOf(const std::string& path, const std::string& name);

@@ -6,8 +6,8 @@
 
 #include "simulator/runtime/macho/bytes.h"
 
-// The section: a header names common encodings, personality functions and an index; each index entry covers functions
-// from its own to the next entry's, in a page of (function, encoding) pairs.
+// The section __unwind_info: a header names common encodings, personality functions and an index; each index entry
+// covers functions from its own to the next entry's, in a page of (function, encoding) pairs.
 namespace phone::macho {
 namespace {
 
@@ -203,8 +203,8 @@ void writeFrame(Writer& out, std::uint32_t encoding) {
         19, 21, 23, 25, 27, kFirstVector, kFirstVector + 2, kFirstVector + 4, kFirstVector + 6};
     const bool frameless = (encoding & kModeMask) == kFramelessMode;
     if (!frameless && (encoding & kModeMask) != kFrameMode) refuseMode(encoding & kModeMask);
-    const unsigned frameless_bytes = ((encoding >> 12) & 0xfff) * 16;
-    frame(out, frameless ? kStackPointer : kFramePointer, frameless ? frameless_bytes : 16);
+    const unsigned framelessBytes = ((encoding >> 12) & 0xfff) * 16;
+    frame(out, frameless ? kStackPointer : kFramePointer, frameless ? framelessBytes : 16);
     unsigned words = 0;
     if (!frameless) {
         saved(out, kReturnAddress, 1);
@@ -275,7 +275,7 @@ class Translator {
         return address(found->second, 1);
     }
 
-    // The record that functions of one personality share; answers where it is.
+    // The record that functions of one personality share; returns where it is.
     std::size_t commonRecord(std::uintptr_t personality) {
         const auto [known, isNew] = common_.emplace(personality, out_.size());
         if (!isNew) return known->second;
@@ -324,14 +324,14 @@ class Translator {
 
 }  // namespace
 
-std::string translateUnwindInfo(const Image& image, const char* begin, std::vector<std::uint8_t>& frames) {
-    frames.clear();
-    if (image.unwindInfo.size == 0) return "";
+Result<std::vector<std::uint8_t>> translateUnwindInfo(const Image& image, const char* begin) {
+    std::vector<std::uint8_t> frames;
+    if (image.unwindInfo.size == 0) return frames;
     try {
         Translator(image, begin, frames).run();
-        return "";
+        return frames;
     } catch (const Malformed& problem) {
-        return problem.what();
+        return failure(problem.what());
     }
 }
 

@@ -38,23 +38,23 @@ std::string readFrom(int file, long position) {
 
 }  // namespace
 
-std::string NotificationWatcher::open(const std::filesystem::path& root) {
+Status NotificationWatcher::open(const std::filesystem::path& root) {
     const std::filesystem::path path = notificationLogPath(root);
     std::error_code error;
     std::filesystem::create_directories(path.parent_path(), error);
     file_ = ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0644);
-    if (file_ < 0) return path.string() + ": " + strerror(errno);
+    if (file_ < 0) return failure(path.string() + ": " + strerror(errno));
     changes_ = inotify_init1(IN_CLOEXEC);
     if (changes_ < 0 || inotify_add_watch(changes_, path.c_str(), IN_MODIFY) < 0) {
-        return path.string() + ": cannot be watched: " + strerror(errno);
+        return failure(path.string() + ": cannot be watched: " + strerror(errno));
     }
-    position_ = readTo_ = sizeOf(file_);
-    return "";
+    markedTo_ = readTo_ = sizeOf(file_);
+    return {};
 }
 
 std::vector<std::string> NotificationWatcher::readWholeLines() {
     // A log that was emptied starts over.
-    if (sizeOf(file_) < readTo_) position_ = readTo_ = 0;
+    if (sizeOf(file_) < readTo_) markedTo_ = readTo_ = 0;
     const std::string bytes = readFrom(file_, readTo_);
     std::vector<std::string> names;
     size_t start = 0;
@@ -89,8 +89,8 @@ std::vector<std::string> NotificationWatcher::arrived() {
     return readWholeLines();
 }
 
-void NotificationWatcher::markRead() { position_ = readTo_; }
+void NotificationWatcher::markRead() { markedTo_ = readTo_; }
 
-bool NotificationWatcher::hasUnread() const { return file_ >= 0 && sizeOf(file_) > position_; }
+bool NotificationWatcher::hasUnread() const { return file_ >= 0 && sizeOf(file_) > markedTo_; }
 
 }  // namespace phone

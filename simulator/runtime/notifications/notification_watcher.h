@@ -5,16 +5,18 @@
 #include <string>
 #include <vector>
 
+#include "simulator/runtime/result.h"
+
 namespace phone {
 
 // Follows the notification log of one root from its end of this moment on. Reading takes no lock, so a follower that is
 // stopped keeps no poster waiting.
 class NotificationWatcher {
   public:
-    // Answers an empty string, or a message telling why the log cannot be followed.
-    std::string open(const std::filesystem::path& root);
+    // Fails when the log cannot be followed.
+    [[nodiscard]] Status open(const std::filesystem::path& root);
 
-    // Waits for the log to grow. Answers the names posted since the last call, oldest first; they count as unread until
+    // Waits for the log to grow. Returns the names posted since the last call, oldest first; they count as unread until
     // markRead(). The following thread only.
     std::vector<std::string> next();
     void markRead();
@@ -32,8 +34,8 @@ class NotificationWatcher {
 
     int file_ = -1;
     int changes_ = -1;
-    std::atomic<long> position_{0};  // behind the last name marked read
-    long readTo_ = 0;
+    std::atomic<long> markedTo_{0};  // behind the last name marked read
+    long readTo_ = 0;                // behind the last name returned
 };
 
 }  // namespace phone

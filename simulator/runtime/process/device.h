@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <string>
 
+#include "simulator/runtime/result.h"
+
 namespace phone {
 
 struct Device {
@@ -15,7 +17,7 @@ struct Device {
     std::string region = "US";          // ISO 3166 country of the phone's settings
     std::string language = "en";
     double width = 375, height = 667;  // the screen in portrait orientation, in points
-    double scale = 2;                  // pixels a point, as UIScreen tells it
+    double scale = 2;                  // pixels a point, as UIScreen has it
     double nativeScale = 2;            // pixels of the panel a point
     int idiom = 0;                     // UIUserInterfaceIdiom: 0 phone, 1 pad
     int orientation = 1;               // UIInterfaceOrientation: 1 portrait, 2 upside down, 3 and 4 landscape
@@ -26,13 +28,14 @@ bool operator==(const Device& a, const Device& b);
 
 // The device of this process, read once by boot() (process.h); before that, the default. Any thread.
 const Device& device();
+// Sets device(). For boot() alone, before other threads exist.
+void setDevice(Device device);
 
-// Reads ROOT/device.plist. Keys that are missing keep the default's value. Answers an empty string and fills `device`,
-// or a message telling what is wrong (no file, not a property list, a value of the wrong kind or outside its range).
-std::string readDevice(const std::filesystem::path& root, Device& device);
+// Reads ROOT/device.plist. Keys that are missing keep the default's value. Fails when there is no file, it is not a
+// property list, or a value is of the wrong kind or outside its range.
+Result<Device> readDevice(const std::filesystem::path& root);
 
-// Writes ROOT/device.plist as an XML property list, replacing it as a whole or not at all. Answers an empty string, or
-// a message telling what went wrong.
-std::string writeDevice(const std::filesystem::path& root, const Device& device);
+// Writes ROOT/device.plist as an XML property list, replacing it as a whole or not at all.
+[[nodiscard]] Status writeDevice(const std::filesystem::path& root, const Device& device);
 
 }  // namespace phone

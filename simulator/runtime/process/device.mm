@@ -2,7 +2,6 @@
 
 #import "simulator/runtime/file_system/property_list.h"
 #include "simulator/runtime/process/device.h"
-#include "simulator/runtime/process/process_state.h"
 
 #include <functional>
 
@@ -13,7 +12,7 @@ struct Range {
     double low, high;
 };
 
-// One key of the file: how it is read into a device (answers false for a value that does not fit) and written.
+// One key of the file: how it is read into a device (false for a value that does not fit) and written.
 struct Field {
     NSString* key;
     std::function<bool(id value, Device& device)> read;
@@ -62,6 +61,11 @@ Field flag(NSString* key, bool Device::*member) {
             [member](const Device& device) -> id { return [NSNumber numberWithBool:device.*member]; }};
 }
 
+Device& ownDevice() {
+    static Device device;
+    return device;
+}
+
 const std::vector<Field>& fields() {
     static const std::vector<Field> all = {
         text(@"Model", &Device::model),
@@ -85,17 +89,16 @@ NSString* devicePath(const std::filesystem::path& root) {
     return [NSString stringWithUTF8String:(root / "device.plist").c_str()];
 }
 
-std::string readFields(NSDictionary* values, const std::string& path, Device& device) {
-    Device result;
+Result<Device> readFields(NSDictionary* values, const std::string& path) {
+    Device device;
     for (const Field& field : fields()) {
         id value = [values objectForKey:field.key];
-        if (value != nil && !field.read(value, result)) {
-            return path + ": the value of " + [field.key UTF8String] +
-                   " is unusable: " + [[value description] UTF8String];
+        if (value != nil && !field.read(value, device)) {
+            return failure(path + ": the value of " + [field.key UTF8String] +
+                           " is unusable: " + [[value description] UTF8String]);
         }
     }
-    device = result;
-    return "";
+    return device;
 }
 
 }  // namespace
@@ -107,22 +110,24 @@ bool operator==(const Device& a, const Device& b) {
            a.orientation == b.orientation && a.rightToLeft == b.rightToLeft;
 }
 
-const Device& device() { return process().device; }
+const Device& device() { return ownDevice(); }
 
-std::string readDevice(const std::filesystem::path& root, Device& device) {
+void setDevice(Device device) { ownDevice() = std::move(device); }
+
+Result<Device> readDevice(const std::filesystem::path& root) {
     @autoreleasepool {
         NSString* path = devicePath(root);
         NSData* data = [NSData dataWithContentsOfFile:path];
-        if (data == nil) return std::string([path UTF8String]) + ": cannot be read";
+        if (data == nil) return failure(std::string([path UTF8String]) + ": cannot be read");
         id values = readPropertyList(data);
         if (![values isKindOfClass:[NSDictionary class]]) {
-            return std::string([path UTF8String]) + ": not a property list with a dictionary";
+            return failure(std::string([path UTF8String]) + ": not a property list with a dictionary");
         }
-        return readFields(values, [path UTF8String], device);
+        return readFields(values, [path UTF8String]);
     }
 }
 
-std::string writeDevice(const std::filesystem::path& root, const Device& device) {
+Status writeDevice(const std::filesystem::path& root, const Device& device) {
     @autoreleasepool {
         NSMutableDictionary* values = [NSMutableDictionary dictionary];
         for (const Field& field : fields()) [values setObject:field.write(device) forKey:field.key];
@@ -132,9 +137,9 @@ std::string writeDevice(const std::filesystem::path& root, const Device& device)
                                                                    error:nullptr];
         NSString* path = devicePath(root);
         if (data == nil || ![data writeToFile:path atomically:YES]) {
-            return std::string([path UTF8String]) + ": cannot be written";
+            return failure(std::string([path UTF8String]) + ": cannot be written");
         }
-        return "";
+        return {};
     }
 }
 

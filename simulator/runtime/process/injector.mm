@@ -1,5 +1,7 @@
 #import <Foundation/Foundation.h>
 
+#include "simulator/runtime/process/injector.h"
+
 #include <dlfcn.h>
 #include <stdio.h>
 
@@ -13,7 +15,7 @@
 namespace phone {
 namespace {
 
-NSString* const libraries = @"/Library/MobileSubstrate/DynamicLibraries";
+NSString* const kLibraries = @"/Library/MobileSubstrate/DynamicLibraries";
 
 void complain(NSString* path, const char* problem) {
     fprintf(stderr, "injector: %s: %s\n", [path fileSystemRepresentation], problem);
@@ -26,7 +28,7 @@ NSDictionary* readFilterFile(NSString* path) {
         complain(path, "the filter cannot be read");
         return nil;
     }
-    id values = phone::readPropertyList(data);
+    id values = readPropertyList(data);
     if (![values isKindOfClass:[NSDictionary class]]) {
         complain(path, "the filter is not a property list with a dictionary");
         return nil;
@@ -59,7 +61,7 @@ NSString* libraryFor(NSString* filterPath) {
     return nil;
 }
 
-// Why there is none. A link without its target is told as such: libraries are linked from the folder they are built in.
+// Why there is none. A link without its target is reported as such: who develops a library may link to the build.
 void complainOfMissingLibrary(NSString* filterPath) {
     const std::filesystem::path filter = [filterPath fileSystemRepresentation];
     for (const char* extension : {".dylib", ".so"}) {
@@ -81,11 +83,11 @@ void inject(NSString* filterPath, std::vector<std::string>& loaded) {
         complainOfMissingLibrary(filterPath);
         return;
     }
-    const std::string problem = loadLibrary([path fileSystemRepresentation]);
-    if (problem.empty()) {
+    const Status isLoaded = loadLibrary([path fileSystemRepresentation]);
+    if (isLoaded) {
         loaded.push_back([path fileSystemRepresentation]);
     } else {
-        complain(path, problem.c_str());
+        complain(path, isLoaded.error().message.c_str());
     }
 }
 
@@ -94,7 +96,7 @@ void inject(NSString* filterPath, std::vector<std::string>& loaded) {
 std::vector<std::string> injectLibraries() {
     std::vector<std::string> loaded;
     @autoreleasepool {
-        NSString* folder = [NSString stringWithUTF8String:hostPath([libraries UTF8String]).c_str()];
+        NSString* folder = [NSString stringWithUTF8String:hostPath([kLibraries UTF8String]).c_str()];
         NSArray* names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:folder error:nullptr];
         for (NSString* name in [names sortedArrayUsingSelector:@selector(compare:)]) {
             if ([[name pathExtension] isEqualToString:@"plist"]) {

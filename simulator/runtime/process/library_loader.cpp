@@ -12,11 +12,11 @@ namespace {
 
 using namespace std::string_view_literals;
 
-std::string loadElf(const std::string& path) {
+Status loadElf(const std::string& path) {
     // RTLD_LOCAL: two injected libraries on a phone do not see each other's symbols either.
-    if (dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL) != nullptr) return "";
+    if (dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL) != nullptr) return {};
     const char* problem = dlerror();
-    return problem != nullptr ? problem : "cannot be loaded";
+    return failure(problem != nullptr ? problem : "cannot be loaded");
 }
 
 void* symbolOfElf(const std::string& path, const std::string& name) {
@@ -27,10 +27,10 @@ void* symbolOfElf(const std::string& path, const std::string& name) {
     return symbol;
 }
 
-// A binary format, told by a file's first bytes.
+// A binary format, recognised by a file's first bytes.
 struct Format {
     std::string_view magic;
-    std::string (*load)(const std::string& path);
+    Status (*load)(const std::string& path);
     void* (*symbolOf)(const std::string& path, const std::string& name);
 };
 
@@ -58,9 +58,9 @@ const Format* formatOf(const std::string& path) {
 
 }  // namespace
 
-std::string loadLibrary(const std::string& path) {
+Status loadLibrary(const std::string& path) {
     const Format* format = formatOf(path);
-    return format != nullptr ? format->load(path) : "not a library of a known format";
+    return format != nullptr ? format->load(path) : failure("not a library of a known format");
 }
 
 void* librarySymbol(const std::string& path, const std::string& name) {

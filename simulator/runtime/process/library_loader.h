@@ -2,11 +2,13 @@
 
 #include <string>
 
+#include "simulator/runtime/result.h"
+
 namespace phone {
 
 // Loads the library at a path of this machine, in this machine's binary format or the phone's, and runs its
-// initialisers. Answers an empty string, or a message telling why it could not be loaded.
-std::string loadLibrary(const std::string& path);
+// initialisers.
+[[nodiscard]] Status loadLibrary(const std::string& path);
 
 // The address of what a loaded library exports under a C name; nullptr when it was not loaded or has no such export.
 void* librarySymbol(const std::string& path, const std::string& name);

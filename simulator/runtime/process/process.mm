@@ -8,12 +8,12 @@
 
 #include "simulator/runtime/file_system/phone_root.h"
 #include "simulator/runtime/file_system/sqlite_vfs.h"
+#include "simulator/runtime/process/device.h"
 #include "simulator/runtime/process/pending_work.h"
-#include "simulator/runtime/process/process_state.h"
 
 // The runtime's method tables, Foundation's singletons and the text libraries' caches live as long as the process;
-// telling them as leaks would hide every other message. Foundation's readers of damaged files ask for more memory than
-// there can be, and take no for an answer.
+// reporting them as leaks would hide every other message. Foundation's readers of damaged files ask for more memory
+// than there can be, and handle the refusal.
 extern "C" const char* __asan_default_options() { return "detect_leaks=0:allocator_may_return_null=1"; }
 
 namespace phone {
@@ -31,6 +31,11 @@ void raisedUncaught(NSException* exception) {
     abort();
 }
 
+std::string& ownIdentifier() {
+    static std::string identifier;
+    return identifier;
+}
+
 void setUpFoundation() {
     NSSetUncaughtExceptionHandler(raisedUncaught);
     // A phone's Foundation says nothing about a file that is no property list.
@@ -41,24 +46,19 @@ void setUpFoundation() {
 
 }  // namespace
 
-Process& process() {
-    static Process state;
-    return state;
-}
-
-const std::string& bundleIdentifier() { return process().bundleIdentifier; }
+const std::string& bundleIdentifier() { return ownIdentifier(); }
 
 void boot(const std::filesystem::path& root, std::string bundleIdentifier) {
     std::error_code error;
-    Process& state = process();
-    state.root = std::filesystem::canonical(root, error);
+    setRoot(std::filesystem::canonical(root, error));
     if (error) refuse(root.string() + ": " + error.message());
-    const std::string unusable = readDevice(state.root, state.device);
-    if (!unusable.empty()) refuse("not a phone root: " + unusable);
-    if (chdir(state.root.c_str()) != 0) refuse(state.root.string() + ": cannot be the working directory");
-    state.bundleIdentifier = std::move(bundleIdentifier);
+    const Result<Device> device = readDevice(phone::root());
+    if (!device) refuse("not a phone root: " + device.error().message);
+    setDevice(*device);
+    if (chdir(phone::root().c_str()) != 0) refuse(phone::root().string() + ": cannot be the working directory");
+    ownIdentifier() = std::move(bundleIdentifier);
     setenv("HOME", "/var/mobile", 1);
-    if (registerPhoneFileSystem() != 0) refuse("SQLite does not take the phone's file system");
+    if (const Status registered = registerPhoneFileSystem(); !registered) refuse(registered.error().message);
     @autoreleasepool {
         setUpFoundation();
     }

@@ -2,10 +2,10 @@
 // It shows its list and answers the same remote control as the hosts do, with these commands: rows, monogram, settle,
 // info, quit.
 #include "simulator/frameworks/contacts_ui/contacts_ui.h"
-#include "simulator/hosts/callbar/CallBarScreen.h"
 #include "simulator/hosts/program/host_main.h"
 #include "simulator/hosts/remote/commands.h"
 #include "simulator/hosts/remote/pixels.h"
+#include "simulator/hosts/remote/screen_window.h"
 #include "simulator/runtime/process/process.h"
 
 namespace {
@@ -67,10 +67,9 @@ NSDictionary* monogram(int contact) {
 }
 @end
 
-// What the remote control takes for the window on the screen.
-UIWindow* CallBarWindow(void) { return window; }
-
 namespace hosts {
+
+UIWindow* screenWindow() { return window; }
 
 CommandResult carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries) {
     NSString* name = [command objectForKey:@"do"];

@@ -27,17 +27,16 @@ class AddressBook : public testing::Test {
     }
 
     void boot(const char* region = "US") {
-        phone::Device device;
-        ASSERT_EQ(phone::readDevice(root_.path(), device), "");
+        phone::Device device = phone::readDevice(root_.path()).value();
         device.region = region;
-        ASSERT_EQ(phone::writeDevice(root_.path(), device), "");
+        ASSERT_EQ(phone::problemOf(phone::writeDevice(root_.path(), device)), "");
         phone::boot(root_.path(), "com.apple.springboard");
         book_ = ABAddressBookCreate();
     }
-    phone::AddressBookBuilder builder() { return phone::AddressBookBuilder::open(root_.path()).value(); }
-    void add(const std::vector<phone::Person>& persons) {
-        phone::AddressBookBuilder writer = builder();
-        for (const phone::Person& person : persons) ASSERT_TRUE(writer.addPerson(person));
+    maker::AddressBookBuilder builder() { return maker::AddressBookBuilder::open(root_.path()).value(); }
+    void add(const std::vector<maker::Person>& persons) {
+        maker::AddressBookBuilder writer = builder();
+        for (const maker::Person& person : persons) ASSERT_TRUE(writer.addPerson(person));
         ASSERT_TRUE(writer.finish());
     }
     ABRecordRef person(ABRecordID identifier) { return ABAddressBookGetPersonWithRecordID(book_, identifier); }
@@ -56,8 +55,8 @@ class AddressBook : public testing::Test {
     ABAddressBookRef book_ = NULL;
 };
 
-phone::Person named(const char* first, const char* number = nullptr) {
-    phone::Person person;
+maker::Person named(const char* first, const char* number = nullptr) {
+    maker::Person person;
     person.first = first;
     if (number) person.phones.push_back({number, ""});
     return person;
@@ -112,14 +111,14 @@ TEST_F(AddressBook, NoBookHasNoPersons) {
 }
 
 TEST_F(AddressBook, CopiesNamesAsTheDatabaseHoldsThem) {
-    phone::Person full = named("Ann");
+    maker::Person full = named("Ann");
     full.last = "Lee";
     full.middle = "M";
     full.prefix = "Dr.";
     full.suffix = "Jr.";
     full.nickname = "A\u05D0\U0001F98A";
     full.organization = "Works";
-    phone::Person empty = named("");
+    maker::Person empty = named("");
     add({full, empty});
     boot();
     EXPECT_EQ(copied(1, kABPersonFirstNameProperty), "Ann");
@@ -142,7 +141,7 @@ TEST_F(AddressBook, UnknownPropertiesRaise) {
 
 TEST_F(AddressBook, LinkedPeopleComeInTheDatabasesOrderWithThePersonItself) {
     add({named("A"), named("B"), named("C"), named("D")});
-    phone::AddressBookBuilder writer = builder();
+    maker::AddressBookBuilder writer = builder();
     ASSERT_TRUE(writer.link({4, 1, 3}));
     ASSERT_TRUE(writer.finish());
     boot();
@@ -161,7 +160,7 @@ TEST_F(AddressBook, APersonThatIsLinkedToNobodyHasNoLinkedPeople) {
 
 TEST_F(AddressBook, CopiesImagesByFormat) {
     add({named("A"), named("B"), named("C"), named("D")});
-    phone::AddressBookBuilder writer = builder();
+    maker::AddressBookBuilder writer = builder();
     ASSERT_TRUE(writer.setThumbnail(1, "thumbnail"));
     ASSERT_TRUE(writer.setFullSizeImage(1, std::string("full\0size", 9)));
     ASSERT_TRUE(writer.setThumbnail(2, "thumbnail"));
@@ -237,7 +236,7 @@ TEST_F(AddressBook, SeesChangesMadeElsewhere) {
     boot();
     ABRecordRef record = person(1);
     EXPECT_EQ(copied(1, kABPersonFirstNameProperty), "Old");
-    phone::AddressBookBuilder writer = builder();
+    maker::AddressBookBuilder writer = builder();
     ASSERT_TRUE(writer.setNames(1, "New", std::nullopt));
     ASSERT_TRUE(writer.finish());
     EXPECT_EQ(copied(1, kABPersonFirstNameProperty), "New");
@@ -263,7 +262,7 @@ TEST_F(AddressBook, ADatabaseThatIsReplacedIsReadAnew) {
     add({named("Old")});
     boot();
     EXPECT_EQ(copied(1, kABPersonFirstNameProperty), "Old");
-    std::string file = root_.path() / phone::addressBookShape().path;
+    std::string file = root_.path() / maker::addressBookShape().path;
     std::filesystem::rename(file, file + ".old");
     add({named("New")});
     EXPECT_EQ(copied(1, kABPersonFirstNameProperty), "New");

@@ -159,7 +159,7 @@ TEST_F(DarwinNotifications, TenThousandFromFourThreadsAllArrive) {
     std::vector<std::thread> posters;
     for (int t = 0; t < 4; ++t) {
         posters.emplace_back([this] {
-            for (int i = 0; i < 2500; ++i) EXPECT_EQ(phone::postNotification(root_.path(), "n"), "");
+            for (int i = 0; i < 2500; ++i) EXPECT_EQ(phone::problemOf(phone::postNotification(root_.path(), "n")), "");
         });
     }
     for (std::thread& poster : posters) poster.join();
@@ -170,7 +170,7 @@ TEST_F(DarwinNotifications, TenThousandFromFourThreadsAllArrive) {
 TEST_F(DarwinNotifications, CrossProcesses) {
     observe(@"from the other");
     const pid_t child = fork();
-    if (child == 0) _exit(phone::postNotification(root_.path(), "from the other").empty() ? 0 : 1);
+    if (child == 0) _exit(phone::postNotification(root_.path(), "from the other") ? 0 : 1);
     int status = -1;
     ASSERT_EQ(waitpid(child, &status, 0), child);
     ASSERT_EQ(status, 0);
@@ -187,7 +187,7 @@ TEST_F(DarwinNotifications, AStoppedPosterKeepsNobodyWaiting) {
     // Stopped at whatever point of posting it is.
     usleep(20000);
     kill(child, SIGSTOP);
-    for (int i = 0; i < 100; ++i) EXPECT_EQ(phone::postNotification(root_.path(), "a"), "");
+    for (int i = 0; i < 100; ++i) EXPECT_EQ(phone::problemOf(phone::postNotification(root_.path(), "a")), "");
     EXPECT_TRUE(phone::settle(10));
     EXPECT_EQ(seenSoFar().size(), 100u);
     kill(child, SIGKILL);
@@ -213,7 +213,7 @@ TEST_F(DarwinNotifications, AStoppedObserverKeepsNobodyWaitingAndLosesNothing) {
     char byte = 0;
     ASSERT_EQ(read(ready[0], &byte, 1), 1);
     kill(child, SIGSTOP);
-    for (int i = 0; i < 500; ++i) EXPECT_EQ(phone::postNotification(root_.path(), "a"), "");
+    for (int i = 0; i < 500; ++i) EXPECT_EQ(phone::problemOf(phone::postNotification(root_.path(), "a")), "");
     kill(child, SIGCONT);
     size_t count = 0;
     ASSERT_EQ(read(result[0], &count, sizeof count), static_cast<ssize_t>(sizeof count));
@@ -244,11 +244,11 @@ TEST_F(DarwinNotifications, AnEmptiedLogStartsOver) {
 
 TEST(NotificationLog, PostingToNobodyWorksAndMistakesAreTold) {
     test::TempRoot root;
-    EXPECT_EQ(phone::postNotification(root.path(), "nobody listens"), "");
-    EXPECT_NE(phone::postNotification(root.path(), ""), "");
-    EXPECT_NE(phone::postNotification(root.path(), "two\nlines"), "");
+    EXPECT_EQ(phone::problemOf(phone::postNotification(root.path(), "nobody listens")), "");
+    EXPECT_NE(phone::problemOf(phone::postNotification(root.path(), "")), "");
+    EXPECT_NE(phone::problemOf(phone::postNotification(root.path(), "two\nlines")), "");
     root.write("/file", "");
-    EXPECT_NE(phone::postNotification(root.path() / "file", "a"), "");
+    EXPECT_NE(phone::problemOf(phone::postNotification(root.path() / "file", "a")), "");
     EXPECT_EQ(root.read("/var/run/notifications"), "\nnobody listens\n");
 }
 

@@ -203,4 +203,25 @@ TEST(Snapshots, AreReadWhileTheirContextDrawsOn) {
     CGImageRelease(image);
 }
 
+TEST(Images, GiveOutTheirBytesAsTheirBitmapInfoSays) {
+    Canvas canvas(3, 2);
+    canvas.fillRect({255, 128, 0, 255}, CGRectMake(0, 1, 1, 1));  // the upper left pixel
+    const CGImageRef image = CGBitmapContextCreateImage(canvas);
+    EXPECT_EQ(CGImageGetBitmapInfo(image), kCGBitmapByteOrder32Little | kCGImageAlphaPremultipliedFirst);
+    const CGDataProviderRef provider = CGDataProviderRetain(CGImageGetDataProvider(image));
+    CGImageRelease(image);  // a provider that is retained outlives its image
+    const CFDataRef data = CGDataProviderCopyData(provider);
+    CGDataProviderRelease(provider);
+    ASSERT_EQ(CFDataGetLength(data), 3 * 4 * 2);
+    const UInt8* bytes = CFDataGetBytePtr(data);
+    EXPECT_EQ(std::vector<int>(bytes, bytes + 8), (std::vector<int>{0, 128, 255, 255, 0, 0, 0, 0}));
+    CFRelease(data);
+}
+
+TEST(Images, HaveNoProviderWhenThereIsNoImage) {
+    EXPECT_EQ(CGImageGetDataProvider(nullptr), nullptr);
+    EXPECT_EQ(CGDataProviderCopyData(nullptr), nil);
+    EXPECT_EQ(CGImageGetBitmapInfo(nullptr), 0u);
+}
+
 }  // namespace

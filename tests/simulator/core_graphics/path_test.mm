@@ -281,4 +281,31 @@ TEST(Paths, TangentArcsFollowTheTransformation) {
     CGPathRelease(path);
 }
 
+TEST(Paths, RoundedRectanglesHaveQuartersOfAnEllipseForCorners) {
+    const CGPathRef path = CGPathCreateWithRoundedRect(CGRectMake(0, 0, 40, 40), 20, 10, nullptr);
+    Canvas canvas(40, 40);
+    canvas.fill(red);
+    CGContextAddPath(canvas, path);
+    CGContextFillPath(canvas);
+    EXPECT_NEAR(canvas.area(), 40 * 20 + pi * 20 * 10, 4);
+    EXPECT_EQ(canvas.at(1, 1), clear);
+    EXPECT_EQ(canvas.at(20, 1), red);
+    EXPECT_EQ(canvas.at(1, 12), red);
+    CGPathRelease(path);
+}
+
+TEST(Paths, RoundedRectanglesFollowTheTransformation) {
+    const CGAffineTransform twice = CGAffineTransformMakeScale(2, 2);
+    const CGPathRef path = CGPathCreateWithRoundedRect(CGRectMake(5, 10, 20, 10), 4, 4, &twice);
+    EXPECT_TRUE(CGRectEqualToRect(CGPathGetBoundingBox(path), CGRectMake(10, 20, 40, 20)));
+    CGPathRelease(path);
+}
+
+TEST(PathsDeathTest, ACornerBeyondHalfOfTheRectangleEndsTheProcess) {
+    EXPECT_DEATH(CGPathCreateWithRoundedRect(CGRectMake(0, 0, 10, 40), 6, 6, nullptr),
+                 "CGPathAddRoundedRect: a corner");
+    EXPECT_DEATH(CGPathCreateWithRoundedRect(CGRectMake(0, 0, 10, 40), -1, 1, nullptr),
+                 "CGPathAddRoundedRect: a corner");
+}
+
 }  // namespace

@@ -11,6 +11,7 @@
 #import "simulator/frameworks/uikit/graphics/UIBezierPath.h"
 #import "simulator/frameworks/uikit/graphics/UIColor.h"
 #import "simulator/frameworks/uikit/graphics/UIGraphics.h"
+#import "simulator/frameworks/uikit/graphics/UIImage.h"
 #include "simulator/frameworks/uikit/graphics/pixels.h"
 
 namespace phone {

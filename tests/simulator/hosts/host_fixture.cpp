@@ -58,14 +58,14 @@ HostTest::~HostTest() {
 void HostTest::makePhone(const std::string& device, bool rightToLeft) {
     write(folder_ / "contacts.vcf", contacts());
     write(folder_ / "contacts.calls.csv", kCalls);
-    phone::RootOptions made;
+    maker::RootOptions made;
     made.root = root_;
     made.contacts = folder_ / "contacts.vcf";
     made.calls = folder_ / "contacts.calls.csv";
     made.device = device;
     made.rightToLeft = rightToLeft;
-    const auto report = phone::makeRoot(made);
-    ASSERT_TRUE(report.ok()) << report.text();
+    const auto report = maker::makeRoot(made);
+    ASSERT_TRUE(report) << phone::problemOf(report);
 }
 
 void HostTest::writeFavorites(const std::string& propertyList) const {

@@ -151,17 +151,17 @@ TEST_F(HostTest, AMissingCallHistoryIsAnEmptyListAndTold) {
 
 TEST_F(HostTest, DatesThatNoCalendarTellsAreEmpty) {
     makePhone();
-    phone::Database calls =
-        phone::Database::open(root_ / "private/var/wireless/Library/CallHistory/call_history.db", false).value();
+    maker::Database calls =
+        maker::Database::open(root_ / "private/var/wireless/Library/CallHistory/call_history.db", false).value();
     for (const char* date : {"1e300", "-1e300", "9e999", "1e18", "-1e18"}) {
-        ASSERT_EQ(calls.execute((std::string("UPDATE call SET date = ") + date).c_str()).text(), "");
+        ASSERT_EQ(phone::problemOf(calls.execute((std::string("UPDATE call SET date = ") + date).c_str())), "");
         HostProcess host(HostKind::springBoard, options());
         const Json rows = rowsOf(host, "recents");
         ASSERT_FALSE(rows.empty()) << date;
         for (const Json& row : rows) EXPECT_EQ(row.at("date"), "") << date;
         EXPECT_EQ(host.quit(), 0);
     }
-    ASSERT_EQ(calls.execute("UPDATE call SET date = 64092211200").text(), "");
+    ASSERT_EQ(phone::problemOf(calls.execute("UPDATE call SET date = 64092211200")), "");
     HostProcess host(HostKind::springBoard, options());
     EXPECT_EQ(rowsOf(host, "recents")[0].at("date"), "1/1/01");
 }

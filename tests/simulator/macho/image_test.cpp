@@ -1,5 +1,3 @@
-#include "simulator/runtime/macho/image.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -10,6 +8,7 @@
 #include <ostream>
 
 #include "simulator/runtime/macho/format.h"
+#include "simulator/runtime/macho/image_reader.h"
 
 namespace {
 
@@ -29,8 +28,7 @@ File fixture() {
 // A copy on the heap of exactly its size, so that the address sanitizer sees any reading past it.
 std::string problemOf(const File& bytes) {
     const File exact(bytes.begin(), bytes.end());
-    Image image;
-    return readImage(exact, image);
+    return phone::problemOf(readImage(exact));
 }
 
 template <class T>
@@ -56,8 +54,7 @@ SegmentCommand& segment(File& file, int which) { return command<SegmentCommand>(
 
 TEST(MachoImage, TellsSegmentsFixupsInitialisersAndExports) {
     const File file = fixture();
-    Image image;
-    ASSERT_EQ(readImage(file, image), "");
+    const Image image = readImage(file).value();
     ASSERT_EQ(image.segments.size(), 3u);
     EXPECT_EQ(image.segments[0].name, "__TEXT");
     EXPECT_TRUE(image.segments[0].executable);
@@ -75,8 +72,7 @@ TEST(MachoImage, TellsSegmentsFixupsInitialisersAndExports) {
 
 TEST(MachoImage, OnlyTheWeakImportIsOptional) {
     const File file = fixture();
-    Image image;
-    ASSERT_EQ(readImage(file, image), "");
+    const Image image = readImage(file).value();
     for (const Bind& bind : image.binds) EXPECT_EQ(bind.optional, bind.symbol == "_fixtureMayBeMissing") << bind.symbol;
 }
 
@@ -91,9 +87,7 @@ TEST(MachoImage, FindsThisProcessorsPartOfAFatFile) {
     std::memcpy(fat.data(), &head, sizeof head);
     std::memcpy(fat.data() + sizeof head, slices, sizeof slices);
     std::copy(thin.begin(), thin.end(), fat.begin() + 4096);
-    Image image;
-    EXPECT_EQ(readImage(fat, image), "");
-    EXPECT_EQ(image.segments.size(), 3u);
+    EXPECT_EQ(readImage(fat).value().segments.size(), 3u);
 
     at<FatSlice>(fat, sizeof head + sizeof(FatSlice)).size = swapped(size + 1);
     EXPECT_THAT(problemOf(fat), HasSubstr("past the end"));

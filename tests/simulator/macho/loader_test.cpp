@@ -37,12 +37,12 @@ Function* fixture(const char* name) {
 
 class MachoLoader : public testing::Test {
   protected:
-    void SetUp() override { ASSERT_EQ(phone::loadLibrary(FIXTURE_COMPLETE), ""); }
+    void SetUp() override { ASSERT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE_COMPLETE)), ""); }
 };
 
 TEST_F(MachoLoader, RunsInitialisersOnceInTheirOrder) {
     EXPECT_THAT(notes, ElementsAre(1, 2));
-    EXPECT_EQ(phone::loadLibrary(FIXTURE_COMPLETE), "");
+    EXPECT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE_COMPLETE)), "");
     EXPECT_THAT(notes, ElementsAre(1, 2));
 }
 
@@ -89,18 +89,19 @@ TEST_F(MachoLoader, AnswersNothingForWhatALibraryDoesNotExport) {
 }
 
 TEST(MachoLoaderProblems, AMissingSymbolIsNamedAndNothingRuns) {
-    EXPECT_EQ(phone::loadLibrary(FIXTURE_ASKING), "this process does not offer _fixtureNobodyHasThis");
+    EXPECT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE_ASKING)),
+              "this process does not offer _fixtureNobodyHasThis");
     EXPECT_THAT(notes, ElementsAre());
     EXPECT_THAT(phone::macho::loadedImages(), ElementsAre());
 }
 
 TEST(MachoLoaderProblems, LibrariesForOtherProcessorsAreToldApart) {
-    EXPECT_EQ(phone::loadLibrary(PHONE_LIBRARY), "is for arm64, this machine runs x86-64");
+    EXPECT_EQ(phone::problemOf(phone::loadLibrary(PHONE_LIBRARY)), "is for arm64, this machine runs x86-64");
 }
 
 TEST(MachoLoaderProblems, FilesThatAreNoLibrariesAreRefused) {
-    EXPECT_EQ(phone::loadLibrary("/etc/passwd"), "not a library of a known format");
-    EXPECT_EQ(phone::loadLibrary("/no/such/file"), "not a library of a known format");
+    EXPECT_EQ(phone::problemOf(phone::loadLibrary("/etc/passwd")), "not a library of a known format");
+    EXPECT_EQ(phone::problemOf(phone::loadLibrary("/no/such/file")), "not a library of a known format");
 }
 
 // A copy of the fixture, changed before it is loaded.
@@ -110,7 +111,7 @@ class DamagedLibrary : public testing::Test {
 
     std::string load() {
         std::ofstream(path_, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        return phone::loadLibrary(path_);
+        return phone::problemOf(phone::loadLibrary(path_));
     }
 
     std::string bytes = [] {

@@ -6,9 +6,9 @@
 #include <fstream>
 #include <tuple>
 
+#include "simulator/maker/common/read_file.h"
 #include "simulator/maker/contacts/address_book_builder.h"
 #include "simulator/maker/database/schema.h"
-#include "simulator/maker/read_file.h"
 #include "tests/simulator/maker/workbench.h"
 
 namespace {
@@ -23,25 +23,25 @@ namespace fs = std::filesystem;
 class Adoption : public testing::Test {
   protected:
     void SetUp() override {
-        phone::RootOptions options;
+        maker::RootOptions options;
         options.root = bench.path() / "real";
         options.contactsCount = 30;
-        ASSERT_EQ(phone::makeRoot(options).text(), "");
-        book = options.root / phone::addressBookShape().path;
-        images = options.root / phone::imagesShape().path;
-        calls = options.root / phone::callsShape().path;
+        ASSERT_EQ(phone::problemOf(maker::makeRoot(options)), "");
+        book = options.root / maker::addressBookShape().path;
+        images = options.root / maker::imagesShape().path;
+        calls = options.root / maker::callsShape().path;
     }
-    phone::Result<phone::RootReport> adopt() {
-        phone::RootOptions options;
+    phone::Result<maker::RootReport> adopt() {
+        maker::RootOptions options;
         options.root = bench.root();
         options.addressBook = book;
         options.images = images;
         options.calls = calls;
-        return phone::makeRoot(options);
+        return maker::makeRoot(options);
     }
     // What is said of a bad address book; also that nothing was made.
     std::string refused() {
-        std::string text = adopt().text();
+        std::string text = phone::problemOf(adopt());
         EXPECT_FALSE(fs::exists(bench.root()));
         for (const std::string& name : bench.names()) EXPECT_NE(name.front(), '.') << name;
         return text;
@@ -52,8 +52,8 @@ class Adoption : public testing::Test {
 };
 
 TEST_F(Adoption, CopiesAllThreeDatabases) {
-    phone::Result<phone::RootReport> report = adopt();
-    ASSERT_EQ(report.text(), "");
+    phone::Result<maker::RootReport> report = adopt();
+    ASSERT_EQ(phone::problemOf(report), "");
     EXPECT_EQ(report->contacts, 30);
     EXPECT_EQ(report->pictures, 10);
     EXPECT_EQ(report->calls, 60);
@@ -62,37 +62,37 @@ TEST_F(Adoption, CopiesAllThreeDatabases) {
 }
 
 TEST_F(Adoption, TakesWhatIsOnlyInTheWriteAheadLogAndLeavesTheOriginalAlone) {
-    phone::Database writer = phone::Database::open(book, false).value();
-    ASSERT_EQ(writer.execute("PRAGMA journal_mode=WAL; INSERT INTO ABPerson (First) VALUES ('Wal')").text(), "");
-    std::string before = phone::readFile(book).value();
-    std::string log = phone::readFile(book.string() + "-wal").value();
+    maker::Database writer = maker::Database::open(book, false).value();
+    ASSERT_EQ(phone::problemOf(writer.execute("PRAGMA journal_mode=WAL; INSERT INTO ABPerson (First) VALUES ('Wal')")),
+              "");
+    std::string before = maker::readFile(book).value();
+    std::string log = maker::readFile(book.string() + "-wal").value();
     ASSERT_FALSE(log.empty());
-    ASSERT_EQ(adopt().text(), "");
+    ASSERT_EQ(phone::problemOf(adopt()), "");
     EXPECT_THAT(test::queryBook(bench.root(), "SELECT count(*) FROM ABPerson WHERE First = 'Wal'"), ElementsAre("1"));
-    EXPECT_EQ(phone::readFile(book).value(), before);
-    EXPECT_EQ(phone::readFile(book.string() + "-wal").value(), log);
+    EXPECT_EQ(maker::readFile(book).value(), before);
+    EXPECT_EQ(maker::readFile(book.string() + "-wal").value(), log);
     EXPECT_EQ(std::distance(fs::directory_iterator(bench.root() / "private/var/mobile/Library/AddressBook"), {}), 2);
 }
 
 TEST_F(Adoption, TakesReadOnlyFiles) {
     fs::permissions(book, fs::perms::owner_read);
-    ASSERT_EQ(adopt().text(), "");
-    phone::AddressBookBuilder builder = phone::AddressBookBuilder::open(bench.root()).value();
-    EXPECT_EQ(builder.setModificationDate(1, 5).text(), "");
-    EXPECT_EQ(builder.finish().text(), "");
+    ASSERT_EQ(phone::problemOf(adopt()), "");
+    maker::AddressBookBuilder builder = maker::AddressBookBuilder::open(bench.root()).value();
+    EXPECT_EQ(phone::problemOf(builder.setModificationDate(1, 5)), "");
+    EXPECT_EQ(phone::problemOf(builder.finish()), "");
 }
 
 TEST_F(Adoption, TakesDatabasesThatNameOrderingsAndFunctionsOfThePhone) {
-    phone::Database writer = phone::Database::open(book, false).value();
-    ASSERT_EQ(writer
-                  .execute("CREATE INDEX byPhone ON ABPerson (First COLLATE PhoneOrder);"
-                           "CREATE TRIGGER t AFTER UPDATE ON ABPerson BEGIN SELECT phone_function(); END")
-                  .text(),
+    maker::Database writer = maker::Database::open(book, false).value();
+    ASSERT_EQ(phone::problemOf(
+                  writer.execute("CREATE INDEX byPhone ON ABPerson (First COLLATE PhoneOrder);"
+                                 "CREATE TRIGGER t AFTER UPDATE ON ABPerson BEGIN SELECT phone_function(); END")),
               "");
-    ASSERT_EQ(adopt().text(), "");
-    phone::AddressBookBuilder builder = phone::AddressBookBuilder::open(bench.root()).value();
-    EXPECT_EQ(builder.setNames(1, "New", "Name").text(), "");
-    EXPECT_EQ(builder.finish().text(), "");
+    ASSERT_EQ(phone::problemOf(adopt()), "");
+    maker::AddressBookBuilder builder = maker::AddressBookBuilder::open(bench.root()).value();
+    EXPECT_EQ(phone::problemOf(builder.setNames(1, "New", "Name")), "");
+    EXPECT_EQ(phone::problemOf(builder.finish()), "");
 }
 
 TEST_F(Adoption, RefusesAMissingFile) {
@@ -117,7 +117,7 @@ TEST_F(Adoption, RefusesWhatIsNoDatabase) {
 
 TEST_F(Adoption, RefusesATruncatedDatabase) {
     for (std::size_t length : {16, 100, 5000, 20000}) {
-        std::string whole = phone::readFile(book).value();
+        std::string whole = maker::readFile(book).value();
         ASSERT_GT(whole.size(), length);
         fs::path kept = std::exchange(book, bench.write("cut.sqlitedb", whole.substr(0, length)));
         EXPECT_THAT(refused(), HasSubstr("cut.sqlitedb: is")) << length;
@@ -141,29 +141,28 @@ TEST_F(Adoption, RefusesATableWithoutAColumnThatIsNeeded) {
         {&images, "ABFullSizeImage", {"crop_x", "crop_y", "crop_width"}}};
     for (const auto& [file, table, columns] : needed) {
         for (const std::string column : columns) {
-            phone::Database writer = phone::Database::open(*file, false).value();
+            maker::Database writer = maker::Database::open(*file, false).value();
             const std::string rename = std::string("ALTER TABLE ") + table + " RENAME COLUMN ";
-            ASSERT_EQ(writer.execute((rename + column + " TO gone").c_str()).text(), "");
+            ASSERT_EQ(phone::problemOf(writer.execute((rename + column + " TO gone").c_str())), "");
             EXPECT_THAT(refused(), HasSubstr(std::string("its table ") + table + " has no column " + column));
-            ASSERT_EQ(writer.execute((rename + "gone TO " + column).c_str()).text(), "");
+            ASSERT_EQ(phone::problemOf(writer.execute((rename + "gone TO " + column).c_str())), "");
         }
     }
-    EXPECT_EQ(adopt().text(), "");
+    EXPECT_EQ(phone::problemOf(adopt()), "");
 }
 
 TEST_F(Adoption, OfALargeDatabaseCanBeGivenUpAllTheWhile) {
-    phone::Database writer = phone::Database::open(book, false).value();
-    ASSERT_EQ(writer
-                  .execute("WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100000) "
-                           "INSERT INTO ABPerson (First, Last) SELECT 'First' || i, 'Last' || i FROM n")
-                  .text(),
+    maker::Database writer = maker::Database::open(book, false).value();
+    ASSERT_EQ(phone::problemOf(
+                  writer.execute("WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100000) "
+                                 "INSERT INTO ABPerson (First, Last) SELECT 'First' || i, 'Last' || i FROM n")),
               "");
     const fs::path copy = bench.path() / "copy";
     long told = 0;
-    const auto adoptInto = [&](const phone::Progress& progress) {
-        return phone::adoptDatabase(book, phone::addressBookShape(), copy, progress);
+    const auto adoptInto = [&](const maker::Progress& progress) {
+        return maker::adoptDatabase(book, maker::addressBookShape(), copy, progress);
     };
-    ASSERT_EQ(adoptInto([&](std::string_view, long, long) { ++told; }).text(), "");
+    ASSERT_EQ(phone::problemOf(adoptInto([&](std::string_view, long, long) { ++told; })), "");
     EXPECT_GT(told, 50);
     for (long last = 1; last <= told; last += told / 10) {
         fs::remove(copy);

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "simulator/maker/contacts/address_book_builder.h"
+#include "simulator/maker/database/database.h"
+#include "simulator/maker/database/schema.h"
 #include "tests/simulator/maker/workbench.h"
 
 namespace {
@@ -13,25 +15,25 @@ using testing::IsEmpty;
 class Builder : public testing::Test {
   protected:
     void SetUp() override {
-        phone::RootOptions options;
+        maker::RootOptions options;
         options.root = bench.root();
-        ASSERT_EQ(phone::makeRoot(options).text(), "");
+        ASSERT_EQ(phone::problemOf(maker::makeRoot(options)), "");
     }
-    phone::AddressBookBuilder open() { return phone::AddressBookBuilder::open(bench.root()).value(); }
+    maker::AddressBookBuilder open() { return maker::AddressBookBuilder::open(bench.root()).value(); }
     std::vector<std::string> book(const char* sql) { return test::queryBook(bench.root(), sql); }
     std::vector<std::string> images(const char* sql) { return test::queryImages(bench.root(), sql); }
 
     test::Workbench bench;
 };
 
-phone::Person named(const char* first) {
-    phone::Person person;
+maker::Person named(const char* first) {
+    maker::Person person;
     person.first = first;
     return person;
 }
 
 TEST_F(Builder, MissingNamesAreNullAndEmptyOnesEmpty) {
-    phone::AddressBookBuilder builder = open();
+    maker::AddressBookBuilder builder = open();
     EXPECT_EQ(builder.addPerson(named("")).value(), 1);
     ASSERT_TRUE(builder.finish());
     EXPECT_THAT(book("SELECT First, Last FROM ABPerson"), ElementsAre("", "NULL"));
@@ -39,16 +41,36 @@ TEST_F(Builder, MissingNamesAreNullAndEmptyOnesEmpty) {
 
 TEST_F(Builder, NothingIsSeenUntilItIsFinished) {
     {
-        phone::AddressBookBuilder builder = open();
+        maker::AddressBookBuilder builder = open();
         ASSERT_TRUE(builder.addPerson(named("A")));
         EXPECT_THAT(book("SELECT First FROM ABPerson"), IsEmpty());
     }
     EXPECT_THAT(book("SELECT First FROM ABPerson"), IsEmpty());
 }
 
+TEST_F(Builder, FinishCommitsBeforeItBeginsAnew) {
+    maker::AddressBookBuilder builder = open();
+    ASSERT_TRUE(builder.addPerson(named("A")));
+    ASSERT_EQ(phone::problemOf(builder.finish()), "");
+    ASSERT_TRUE(builder.addPerson(named("B")));
+    EXPECT_THAT(book("SELECT First FROM ABPerson"), ElementsAre("A"));
+    ASSERT_EQ(phone::problemOf(builder.finish()), "");
+    EXPECT_THAT(book("SELECT First FROM ABPerson"), ElementsAre("A", "B"));
+}
+
+TEST_F(Builder, APhotoWhoseThumbnailCannotBeStoredIsNotStoredAtAll) {
+    const std::filesystem::path file = bench.root() / maker::imagesShape().path;
+    maker::Database writer = maker::Database::open(file, false).value();
+    ASSERT_EQ(phone::problemOf(writer.execute("DROP TABLE ABThumbnailImage")), "");
+    maker::AddressBookBuilder builder = open();
+    EXPECT_THAT(phone::problemOf(builder.setPhoto(1, test::picture(10, 10, 0))), HasSubstr("ABThumbnailImage"));
+    ASSERT_EQ(phone::problemOf(builder.finish()), "");
+    EXPECT_THAT(images("SELECT record_id FROM ABFullSizeImage"), IsEmpty());
+}
+
 TEST_F(Builder, StoresTheLastFourDigitsOfNumbersInAnyScript) {
-    phone::AddressBookBuilder builder = open();
-    phone::Person person = named("A");
+    maker::AddressBookBuilder builder = open();
+    maker::Person person = named("A");
     person.phones = {
         {"(212) 555-0142", ""}, {"+1 212 555 0143 ext. 9", ""}, {"٠١٢٣٤٥٦٧٨٩", ""}, {"611", ""}, {"Work", ""}};
     ASSERT_TRUE(builder.addPerson(person));
@@ -58,8 +80,8 @@ TEST_F(Builder, StoresTheLastFourDigitsOfNumbersInAnyScript) {
 }
 
 TEST_F(Builder, LabelsAreSharedRows) {
-    phone::AddressBookBuilder builder = open();
-    phone::Person person = named("A");
+    maker::AddressBookBuilder builder = open();
+    maker::Person person = named("A");
     person.phones = {{"1", "Boat"}, {"2", "Boat"}};
     person.emails = {{"a@b.c", ""}};
     ASSERT_TRUE(builder.addPerson(person));
@@ -70,8 +92,8 @@ TEST_F(Builder, LabelsAreSharedRows) {
 }
 
 TEST_F(Builder, APhotoIsKeptWholeAndAsThumbnail) {
-    phone::AddressBookBuilder builder = open();
-    phone::Person person = named("A");
+    maker::AddressBookBuilder builder = open();
+    maker::Person person = named("A");
     person.photo = test::picture(300, 200, 0x00FF00);
     ASSERT_TRUE(builder.addPerson(person));
     ASSERT_TRUE(builder.finish());
@@ -84,16 +106,16 @@ TEST_F(Builder, APhotoIsKeptWholeAndAsThumbnail) {
 }
 
 TEST_F(Builder, APersonWithABrokenPhotoIsNotAdded) {
-    phone::AddressBookBuilder builder = open();
-    phone::Person person = named("A");
+    maker::AddressBookBuilder builder = open();
+    maker::Person person = named("A");
     person.photo = "broken";
-    EXPECT_THAT(builder.addPerson(person).text(), HasSubstr("not a picture"));
+    EXPECT_THAT(phone::problemOf(builder.addPerson(person)), HasSubstr("not a picture"));
     ASSERT_TRUE(builder.finish());
     EXPECT_THAT(book("SELECT First FROM ABPerson"), IsEmpty());
 }
 
 TEST_F(Builder, ThumbnailsOfAnyBytesAreStoredAsTheyAre) {
-    phone::AddressBookBuilder builder = open();
+    maker::AddressBookBuilder builder = open();
     ASSERT_TRUE(builder.setThumbnail(1, "first"));
     ASSERT_TRUE(builder.setThumbnail(1, std::string("a\0b", 3)));
     ASSERT_TRUE(builder.setThumbnail(1, "other format", 2));
@@ -107,23 +129,23 @@ TEST_F(Builder, ThumbnailsOfAnyBytesAreStoredAsTheyAre) {
 }
 
 TEST_F(Builder, LinksContactsInTheGivenPreference) {
-    phone::AddressBookBuilder builder = open();
+    maker::AddressBookBuilder builder = open();
     for (const char* name : {"A", "B", "C"}) ASSERT_TRUE(builder.addPerson(named(name)));
     ASSERT_TRUE(builder.link({3, 1}));
     EXPECT_FALSE(builder.link({2}));
-    EXPECT_THAT(builder.link({2, 9}).text(), HasSubstr("no contact 9"));
+    EXPECT_THAT(phone::problemOf(builder.link({2, 9})), HasSubstr("no contact 9"));
     ASSERT_TRUE(builder.finish());
     EXPECT_THAT(book("SELECT PersonLink, IsPreferredName FROM ABPerson WHERE ROWID IN (1, 3)"),
                 ElementsAre("1", "0", "1", "1"));
 }
 
 TEST_F(Builder, ChangesAndRemovesPersons) {
-    phone::AddressBookBuilder builder = open();
-    phone::Person person = named("A");
+    maker::AddressBookBuilder builder = open();
+    maker::Person person = named("A");
     person.phones = {{"555 0100", ""}};
     person.photo = test::picture(10, 10, 0);
     ASSERT_TRUE(builder.addPerson(person));
-    phone::Call call;
+    maker::Call call;
     call.address = "555 0100";
     call.contact = 1;
     ASSERT_EQ(builder.addCall(call).value(), 1);
@@ -138,13 +160,13 @@ TEST_F(Builder, ChangesAndRemovesPersons) {
     EXPECT_THAT(images("SELECT record_id FROM ABThumbnailImage UNION ALL SELECT record_id FROM ABFullSizeImage"),
                 IsEmpty());
     EXPECT_THAT(test::queryCalls(bench.root(), "SELECT id FROM call"), ElementsAre("-1"));
-    EXPECT_THAT(builder.removePerson(1).text(), HasSubstr("no contact 1"));
+    EXPECT_THAT(phone::problemOf(builder.removePerson(1)), HasSubstr("no contact 1"));
     EXPECT_FALSE(builder.setNames(1, "X", "Y"));
     EXPECT_FALSE(builder.setModificationDate(1, 1));
 }
 
 TEST_F(Builder, NeedsARoot) {
-    EXPECT_THAT(phone::AddressBookBuilder::open(bench.path()).text(), HasSubstr("device.plist"));
+    EXPECT_THAT(phone::problemOf(maker::AddressBookBuilder::open(bench.path())), HasSubstr("device.plist"));
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include "simulator/maker/calls/call_file.h"
 #include "simulator/maker/calls/call_history.h"
 #include "simulator/maker/calls/favorites.h"
+#include "simulator/maker/common/read_file.h"
 #include "simulator/maker/database/schema.h"
-#include "simulator/maker/read_file.h"
 #include "tests/simulator/maker/workbench.h"
 
 namespace {
@@ -19,7 +19,7 @@ class Calls : public testing::Test {
   protected:
     // The call history that a text of calls makes beside three contacts: address, date, duration, flags, id, name.
     std::vector<std::string> make(const std::string& calls) {
-        phone::RootOptions options;
+        maker::RootOptions options;
         options.root = bench.root();
         options.contacts =
             bench.write("contacts.vcf",
@@ -28,7 +28,7 @@ class Calls : public testing::Test {
                         "BEGIN:VCARD\nORG:Works\nTEL:611\nEND:VCARD\n");
         options.calls = bench.write("calls.csv", calls);
         options.now = kNow;
-        problem = phone::makeRoot(options).text();
+        problem = phone::problemOf(maker::makeRoot(options));
         if (!problem.empty()) return {};
         return test::queryCalls(bench.root(),
                                 "SELECT address, date, duration, flags, id, name FROM call ORDER BY ROWID");
@@ -84,11 +84,11 @@ TEST_F(Calls, MistakesAreToldWithFileAndLine) {
 }
 
 TEST_F(Calls, AreMadeUpFromTheBookWhenNoneAreGiven) {
-    phone::RootOptions options;
+    maker::RootOptions options;
     options.root = bench.root();
     options.contactsCount = 20;
     options.now = kNow;
-    ASSERT_EQ(phone::makeRoot(options).text(), "");
+    ASSERT_EQ(phone::problemOf(maker::makeRoot(options)), "");
     auto count = [&](const char* condition) {
         return test::queryCalls(bench.root(), (std::string("SELECT count(*) FROM call WHERE ") + condition).c_str())
             .at(0);
@@ -103,14 +103,13 @@ TEST_F(Calls, AreMadeUpFromTheBookWhenNoneAreGiven) {
 
 TEST_F(Calls, OfAnyAddressAndContactMakeFavoritesThatCanBeRead) {
     make("-1m, 611, incoming, 3\n");
-    phone::Database calls = phone::Database::open(bench.root() / phone::callsShape().path, false).value();
-    ASSERT_EQ(calls
-                  .execute("UPDATE call SET address = CAST(x'3631FF31' AS TEXT);"
-                           "INSERT INTO call (address, id) VALUES ('1', 4294967299), ('2', 2147483648), ('3', 1)")
-                  .text(),
+    maker::Database calls = maker::Database::open(bench.root() / maker::callsShape().path, false).value();
+    ASSERT_EQ(phone::problemOf(calls.execute(
+                  "UPDATE call SET address = CAST(x'3631FF31' AS TEXT);"
+                  "INSERT INTO call (address, id) VALUES ('1', 4294967299), ('2', 2147483648), ('3', 1)")),
               "");
-    ASSERT_EQ(phone::writeFavorites(bench.root()).text(), "");
-    const std::string written = phone::readFile(phone::favoritesPath(bench.root())).value();
+    ASSERT_EQ(phone::problemOf(maker::writeFavorites(bench.root())), "");
+    const std::string written = maker::readFile(maker::favoritesPath(bench.root())).value();
     EXPECT_THAT(written, HasSubstr("<integer>3</integer><key>Value</key><string>61\uFFFD1</string>"));
     EXPECT_THAT(written, HasSubstr("<integer>1</integer><key>Value</key><string>3</string>"));
     EXPECT_EQ(written.find("2147483647"), std::string::npos);
@@ -118,15 +117,15 @@ TEST_F(Calls, OfAnyAddressAndContactMakeFavoritesThatCanBeRead) {
 }
 
 TEST_F(Calls, TheSurestMatchIsTheCaller) {
-    phone::RootOptions options;
+    maker::RootOptions options;
     options.root = bench.root();
     options.contacts = bench.write("c.vcf",
                                    "BEGIN:VCARD\nN:;Local;;;\nTEL:5550142\nEND:VCARD\n"
                                    "BEGIN:VCARD\nN:;Whole;;;\nTEL:+1 212 555 0142\nEND:VCARD\n");
-    ASSERT_EQ(phone::makeRoot(options).text(), "");
-    EXPECT_EQ(phone::findCaller(bench.root(), "(212) 555-0142", "US").value().name, "Whole");
-    EXPECT_EQ(phone::findCaller(bench.root(), "(415) 555-0142", "US").value().name, "Local");
-    EXPECT_EQ(phone::findCaller(bench.root(), "", "US").value().contact, -1);
+    ASSERT_EQ(phone::problemOf(maker::makeRoot(options)), "");
+    EXPECT_EQ(maker::findCaller(bench.root(), "(212) 555-0142", "US").value().name, "Whole");
+    EXPECT_EQ(maker::findCaller(bench.root(), "(415) 555-0142", "US").value().name, "Local");
+    EXPECT_EQ(maker::findCaller(bench.root(), "", "US").value().contact, -1);
 }
 
 }  // namespace

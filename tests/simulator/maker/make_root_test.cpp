@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "simulator/maker/read_file.h"
+#include "simulator/maker/common/read_file.h"
 #include "simulator/runtime/process/device.h"
 #include "tests/simulator/maker/workbench.h"
 
@@ -21,7 +21,7 @@ class MakeRoot : public testing::Test {
         options.root = bench.root();
         options.noCalls = true;
     }
-    std::string make() { return phone::makeRoot(options).text(); }
+    std::string make() { return phone::problemOf(maker::makeRoot(options)); }
     void failToMake() {
         options.contacts = bench.path() / "gone.vcf";
         EXPECT_THAT(make(), HasSubstr("gone.vcf"));
@@ -29,12 +29,12 @@ class MakeRoot : public testing::Test {
     }
 
     test::Workbench bench;
-    phone::RootOptions options;
+    maker::RootOptions options;
 };
 
 TEST_F(MakeRoot, IsShapedLikeAPhonesFileSystem) {
     ASSERT_EQ(make(), "");
-    EXPECT_TRUE(phone::isRoot(bench.root()));
+    EXPECT_TRUE(maker::isRoot(bench.root()));
     EXPECT_EQ(fs::read_symlink(bench.root() / "var"), "private/var");
     EXPECT_EQ(fs::canonical(bench.root() / "User"), bench.root() / "private/var/mobile");
     EXPECT_EQ(fs::canonical(bench.root() / "tmp"), bench.root() / "private/var/tmp");
@@ -49,8 +49,7 @@ TEST_F(MakeRoot, IsTheDeviceThatWasAskedFor) {
     options.region = "DE";
     options.rightToLeft = true;
     ASSERT_EQ(make(), "");
-    phone::Device device;
-    ASSERT_EQ(phone::readDevice(bench.root(), device), "");
+    phone::Device device = phone::readDevice(bench.root()).value();
     EXPECT_EQ(device.scale, 3);
     EXPECT_EQ(device.region, "DE");
     EXPECT_TRUE(device.rightToLeft);
@@ -65,21 +64,22 @@ TEST_F(MakeRoot, RefusesUnknownDevicesAndCountries) {
     EXPECT_THAT(bench.names(), ElementsAre());
 }
 
-TEST_F(MakeRoot, InstallsTheExtensionWithTheLibraryAsALink) {
-    options.library = bench.write("build/ZelkaCB.so", "library");
-    options.filter = bench.write("build/ZelkaCB.plist", "filter");
-    options.settingsBundle = bench.write("build/ZelkaCBSettings.bundle/recent.png", "picture").parent_path();
+TEST_F(MakeRoot, InstallsACopyOfTheExtension) {
+    options.extension.library = bench.write("build/ZelkaCB.so", "library");
+    options.extension.filter = bench.write("build/ZelkaCB.plist", "filter");
+    options.extension.settingsBundle = bench.write("build/ZelkaCBSettings.bundle/recent.png", "picture").parent_path();
     ASSERT_EQ(make(), "");
     fs::path folder = bench.root() / "Library/MobileSubstrate/DynamicLibraries";
-    EXPECT_EQ(fs::read_symlink(folder / "ZelkaCB.so"), options.library);
-    EXPECT_EQ(phone::readFile(folder / "ZelkaCB.plist").value(), "filter");
+    EXPECT_FALSE(fs::is_symlink(folder / "ZelkaCB.so"));
+    EXPECT_EQ(maker::readFile(folder / "ZelkaCB.so").value(), "library");
+    EXPECT_EQ(maker::readFile(folder / "ZelkaCB.plist").value(), "filter");
     EXPECT_EQ(
-        phone::readFile(bench.root() / "System/Library/PreferenceBundles/ZelkaCBSettings.bundle/recent.png").value(),
+        maker::readFile(bench.root() / "System/Library/PreferenceBundles/ZelkaCBSettings.bundle/recent.png").value(),
         "picture");
 }
 
 TEST_F(MakeRoot, SaysWhatIsNotBuilt) {
-    options.library = bench.path() / "ZelkaCB.so";
+    options.extension.library = bench.path() / "ZelkaCB.so";
     EXPECT_THAT(make(), HasSubstr("ZelkaCB.so: is not there; build the project first"));
     EXPECT_THAT(bench.names(), ElementsAre());
 }
@@ -87,20 +87,20 @@ TEST_F(MakeRoot, SaysWhatIsNotBuilt) {
 TEST_F(MakeRoot, AnEmptyDirectoryBecomesARoot) {
     fs::create_directory(bench.root());
     EXPECT_EQ(make(), "");
-    EXPECT_TRUE(phone::isRoot(bench.root()));
+    EXPECT_TRUE(maker::isRoot(bench.root()));
 }
 
 TEST_F(MakeRoot, ATrailingSlashAndMissingFoldersAboveAreFine) {
     options.root = bench.path() / "a/b/";
     EXPECT_EQ(make(), "");
-    EXPECT_TRUE(phone::isRoot(bench.path() / "a/b"));
+    EXPECT_TRUE(maker::isRoot(bench.path() / "a/b"));
 }
 
 TEST_F(MakeRoot, NeverReplacesWhatIsNoRoot) {
     bench.write("phone/letter.txt", "dear");
     options.force = true;
     EXPECT_THAT(make(), HasSubstr("exists and is not a phone root"));
-    EXPECT_EQ(phone::readFile(bench.root() / "letter.txt").value(), "dear");
+    EXPECT_EQ(maker::readFile(bench.root() / "letter.txt").value(), "dear");
     options.root = bench.write("file", "x");
     EXPECT_THAT(make(), HasSubstr("exists and is not a phone root"));
     options.root = bench.path() / "dangling";
@@ -126,8 +126,8 @@ TEST_F(MakeRoot, AFailureLeavesTheOldRootAsItWas) {
     bench.write("phone/tmp/old", "old");
     options.force = true;
     failToMake();
-    EXPECT_EQ(phone::readFile(bench.root() / "tmp/old").value(), "old");
-    EXPECT_TRUE(phone::isRoot(bench.root()));
+    EXPECT_EQ(maker::readFile(bench.root() / "tmp/old").value(), "old");
+    EXPECT_TRUE(maker::isRoot(bench.root()));
     EXPECT_THAT(bench.names(), ElementsAre("phone"));
 }
 
@@ -142,7 +142,7 @@ TEST_F(MakeRoot, AFailureLeavesNoFoldersAboveThatItMade) {
     failToMake();
     EXPECT_TRUE(fs::is_empty(bench.path() / "there"));
     EXPECT_EQ(make(), "");
-    EXPECT_TRUE(phone::isRoot(options.root));
+    EXPECT_TRUE(maker::isRoot(options.root));
 }
 
 TEST_F(MakeRoot, ALinkToARootStaysAndTheRootIsReplaced) {
@@ -154,7 +154,7 @@ TEST_F(MakeRoot, ALinkToARootStaysAndTheRootIsReplaced) {
     options.force = true;
     EXPECT_EQ(make(), "");
     EXPECT_EQ(fs::read_symlink(options.root), "phone");
-    EXPECT_TRUE(phone::isRoot(bench.root()));
+    EXPECT_TRUE(maker::isRoot(bench.root()));
     EXPECT_FALSE(fs::exists(bench.root() / "tmp/old"));
     EXPECT_THAT(bench.names(), ElementsAre("link", "phone"));
 }
@@ -186,7 +186,7 @@ TEST_F(MakeRoot, GeneratedBooksAreTheSameForTheSameSeed) {
 
 TEST_F(MakeRoot, GeneratedBooksHavePicturesLinksAndNumbersOfTheirOwn) {
     options.contactsCount = 300;
-    phone::RootReport report = phone::makeRoot(options).value();
+    maker::RootReport report = maker::makeRoot(options).value();
     EXPECT_EQ(report.contacts, 300);
     EXPECT_EQ(report.pictures, 100);
     EXPECT_THAT(test::queryBook(bench.root(), "SELECT count(*) FROM ABPersonLink"), ElementsAre("6"));
@@ -209,7 +209,7 @@ TEST_F(MakeRoot, TellsHowFarLongWorkIs) {
         EXPECT_EQ(done, last + 1);
         last = done;
     };
-    ASSERT_EQ(phone::makeRoot(options, progress).text(), "");
+    ASSERT_EQ(phone::problemOf(maker::makeRoot(options, progress)), "");
     EXPECT_EQ(last, 250);
     EXPECT_GT(steps, 0);
 }
@@ -217,7 +217,7 @@ TEST_F(MakeRoot, TellsHowFarLongWorkIs) {
 TEST_F(MakeRoot, GivenUpAtAnyTimeLeavesNothing) {
     options.contactsCount = 20;
     long called = 0;
-    ASSERT_EQ(phone::makeRoot(options, [&](std::string_view, long, long) { ++called; }).text(), "");
+    ASSERT_EQ(phone::problemOf(maker::makeRoot(options, [&](std::string_view, long, long) { ++called; })), "");
     std::filesystem::remove_all(options.root);
     const auto entries = [this] {
         std::filesystem::directory_iterator all(options.root.parent_path());
@@ -229,7 +229,7 @@ TEST_F(MakeRoot, GivenUpAtAnyTimeLeavesNothing) {
         auto giveUp = [&](std::string_view, long, long) {
             if (++calls == last) throw last;
         };
-        EXPECT_THROW((void)phone::makeRoot(options, giveUp), long);
+        EXPECT_THROW((void)maker::makeRoot(options, giveUp), long);
         EXPECT_EQ(entries(), before) << last;
     }
 }

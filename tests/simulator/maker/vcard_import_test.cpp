@@ -15,9 +15,9 @@ std::string card(const std::string& lines) { return "BEGIN:VCARD\nVERSION:3.0\n"
 
 class VCardImport : public testing::Test {
   protected:
-    phone::Person only(const std::string& vcards) {
-        phone::Result<phone::ImportedContacts> imported = phone::importVCards(bench.write("c.vcf", vcards));
-        EXPECT_EQ(imported.text(), "");
+    maker::Person only(const std::string& vcards) {
+        phone::Result<maker::ImportedContacts> imported = maker::importVCards(bench.write("c.vcf", vcards));
+        EXPECT_EQ(phone::problemOf(imported), "");
         if (!imported || imported->persons.size() != 1) {
             ADD_FAILURE() << "not one person";
             return {};
@@ -25,14 +25,16 @@ class VCardImport : public testing::Test {
         warnings = imported->warnings;
         return imported->persons.front();
     }
-    std::string failure(const std::string& vcards) { return phone::importVCards(bench.write("c.vcf", vcards)).text(); }
+    std::string failure(const std::string& vcards) {
+        return phone::problemOf(maker::importVCards(bench.write("c.vcf", vcards)));
+    }
 
     test::Workbench bench;
     std::vector<std::string> warnings;
 };
 
 TEST_F(VCardImport, TakesAllPartsOfAName) {
-    phone::Person person = only(card("N:Lee;Ann;Marie;Dr.;Jr.\nNICKNAME:Annie\nORG:Leopard Works;Sales\n"));
+    maker::Person person = only(card("N:Lee;Ann;Marie;Dr.;Jr.\nNICKNAME:Annie\nORG:Leopard Works;Sales\n"));
     EXPECT_EQ(person.last, "Lee");
     EXPECT_EQ(person.first, "Ann");
     EXPECT_EQ(person.middle, "Marie");
@@ -44,13 +46,13 @@ TEST_F(VCardImport, TakesAllPartsOfAName) {
 }
 
 TEST_F(VCardImport, NamePartsThatAreNotThereAreMissingRatherThanEmpty) {
-    phone::Person person = only(card("N:;Ann;;;\n"));
+    maker::Person person = only(card("N:;Ann;;;\n"));
     EXPECT_EQ(person.first, "Ann");
     EXPECT_EQ(person.last, std::nullopt);
 }
 
 TEST_F(VCardImport, ACardWithoutNameIsAContactWithoutName) {
-    phone::Person person = only(card("TEL:555 0100\n"));
+    maker::Person person = only(card("TEL:555 0100\n"));
     EXPECT_EQ(person.first, std::nullopt);
     EXPECT_EQ(person.last, std::nullopt);
     EXPECT_EQ(person.displayName(), "555 0100");
@@ -59,19 +61,19 @@ TEST_F(VCardImport, ACardWithoutNameIsAContactWithoutName) {
 TEST_F(VCardImport, AnEmptyCardIsAContactWithNothing) { EXPECT_EQ(only(card("")).displayName(), ""); }
 
 TEST_F(VCardImport, AFormattedNameStandsInForMissingParts) {
-    phone::Person person = only(card("FN:Ann Lee\n"));
+    maker::Person person = only(card("FN:Ann Lee\n"));
     EXPECT_EQ(person.first, "Ann");
     EXPECT_EQ(person.last, "Lee");
 }
 
 TEST_F(VCardImport, AFormattedNameThatIsTheOrganizationMakesACompany) {
-    phone::Person person = only(card("FN:Leopard Works\nN:;;;;\nORG:Leopard Works\n"));
+    maker::Person person = only(card("FN:Leopard Works\nN:;;;;\nORG:Leopard Works\n"));
     EXPECT_EQ(person.first, std::nullopt);
     EXPECT_TRUE(person.isCompany());
 }
 
 TEST_F(VCardImport, DecodesQuotedPrintableInItsCharacterSet) {
-    phone::Person person = only(
+    maker::Person person = only(
         "BEGIN:VCARD\r\nVERSION:2.1\r\nN;CHARSET=ISO-8859-1;ENCODING=QUOTED-PRINTABLE:M=FCller;J=F6rg\r\n"
         "NICKNAME;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:J=C3=B6r=\r\ng\r\nEND:VCARD\r\n");
     EXPECT_EQ(person.first, "Jörg");
@@ -80,7 +82,7 @@ TEST_F(VCardImport, DecodesQuotedPrintableInItsCharacterSet) {
 }
 
 TEST_F(VCardImport, KeepsEmojiCombiningMarksAndRightToLeftText) {
-    phone::Person person = only(card("N:\u05DB\u05D4\u05DF;\U0001F98A e\u0301;;;\n"));
+    maker::Person person = only(card("N:\u05DB\u05D4\u05DF;\U0001F98A e\u0301;;;\n"));
     EXPECT_EQ(person.first, "\U0001F98A e\u0301");
     EXPECT_EQ(person.last, "\u05DB\u05D4\u05DF");
 }
@@ -101,11 +103,11 @@ TEST_F(VCardImport, BytesThatAreNotUtf8AreReplacedAndTold) {
 }
 
 TEST_F(VCardImport, LabelsNumbersAndAddressesByTypeOrByName) {
-    phone::Person person = only(
+    maker::Person person = only(
         card("TEL;TYPE=CELL,VOICE:1\nTEL;HOME;FAX:2\nTEL;TYPE=\"iPhone,cell\":3\nitem1.TEL:4\nitem1.X-ABLabel:Boat\n"
              "TEL:5\nTEL;VALUE=uri;TYPE=work:tel:+1-555;ext=7\nEMAIL;TYPE=HOME:mailto:a@b.c\n"));
     std::vector<std::string> phones;
-    for (const phone::LabelledValue& value : person.phones) phones.push_back(value.label + " " + value.value);
+    for (const maker::LabelledValue& value : person.phones) phones.push_back(value.label + " " + value.value);
     EXPECT_THAT(phones, ElementsAre("_$!<Mobile>!$_ 1", "_$!<HomeFAX>!$_ 2", "iPhone 3", "Boat 4", " 5",
                                     "_$!<Work>!$_ +1-555;ext=7"));
     ASSERT_EQ(person.emails.size(), 1u);
@@ -144,8 +146,8 @@ TEST_F(VCardImport, RefusesFilesThatAreNoCards) {
     EXPECT_THAT(failure(test::picture(4, 4, 0)), HasSubstr("there is no vCard"));
     EXPECT_THAT(failure(card("N:;A;;;\n") + "BEGIN:VCARD\nN:;B"), HasSubstr("line 5: BEGIN:VCARD without END:VCARD"));
     EXPECT_THAT(failure("BEGIN:VCARD\n" + card("")), HasSubstr("line 1: BEGIN:VCARD without END:VCARD"));
-    EXPECT_THAT(phone::importVCards(bench.path() / "gone.vcf").text(), HasSubstr("gone.vcf: No such file"));
-    EXPECT_THAT(phone::importVCards(bench.path()).text(), HasSubstr("is a folder"));
+    EXPECT_THAT(phone::problemOf(maker::importVCards(bench.path() / "gone.vcf")), HasSubstr("gone.vcf: No such file"));
+    EXPECT_THAT(phone::problemOf(maker::importVCards(bench.path())), HasSubstr("is a folder"));
 }
 
 TEST_F(VCardImport, ReadsCardsWithByteOrderMarkAndWindowsLineEnds) {
@@ -167,7 +169,7 @@ TEST_F(VCardImport, LinkedCardsBecomeOnePerson) {
 }
 
 TEST_F(VCardImport, AnUndecodablePhotoLeavesTheContactWithoutPicture) {
-    phone::RootReport report =
+    maker::RootReport report =
         bench.makeFrom(card("N:Lee;Ann;;;\nPHOTO;ENCODING=b:" + test::base64("not a picture") + "\n"));
     EXPECT_EQ(report.contacts, 1);
     EXPECT_EQ(report.pictures, 0);

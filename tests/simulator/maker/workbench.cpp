@@ -29,14 +29,14 @@ fs::path Workbench::write(const std::string& name, std::string_view contents) co
     return path_ / name;
 }
 
-phone::RootReport Workbench::makeFrom(const std::string& vcards) const {
-    phone::RootOptions options;
+maker::RootReport Workbench::makeFrom(const std::string& vcards) const {
+    maker::RootOptions options;
     options.root = root();
     options.contacts = write("contacts.vcf", vcards);
     options.noCalls = true;
-    phone::Result<phone::RootReport> report = phone::makeRoot(options);
-    EXPECT_EQ(report.text(), "");
-    return report ? *report : phone::RootReport{};
+    phone::Result<maker::RootReport> report = maker::makeRoot(options);
+    EXPECT_EQ(phone::problemOf(report), "");
+    return report ? *report : maker::RootReport{};
 }
 
 std::vector<std::string> Workbench::names() const {
@@ -48,8 +48,8 @@ std::vector<std::string> Workbench::names() const {
 
 std::vector<std::string> query(const fs::path& database, const char* sql) {
     std::vector<std::string> values;
-    phone::Result<phone::Database> opened = phone::Database::openToRead(database);
-    EXPECT_EQ(opened.text(), "");
+    phone::Result<maker::Database> opened = maker::Database::openToRead(database);
+    EXPECT_EQ(phone::problemOf(opened), "");
     if (!opened) return values;
     sqlite3_stmt* statement = nullptr;
     EXPECT_EQ(sqlite3_prepare_v2(opened->get(), sql, -1, &statement, nullptr), SQLITE_OK)
@@ -67,13 +67,13 @@ std::vector<std::string> query(const fs::path& database, const char* sql) {
 }
 
 std::vector<std::string> queryBook(const fs::path& root, const char* sql) {
-    return query(root / phone::addressBookShape().path, sql);
+    return query(root / maker::addressBookShape().path, sql);
 }
 std::vector<std::string> queryImages(const fs::path& root, const char* sql) {
-    return query(root / phone::imagesShape().path, sql);
+    return query(root / maker::imagesShape().path, sql);
 }
 std::vector<std::string> queryCalls(const fs::path& root, const char* sql) {
-    return query(root / phone::callsShape().path, sql);
+    return query(root / maker::callsShape().path, sql);
 }
 
 std::string picture(int width, int height, unsigned colour, const char* kind) {

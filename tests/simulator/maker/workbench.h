@@ -23,7 +23,7 @@ class Workbench {
     // Writes a file here; its path.
     std::filesystem::path write(const std::string& name, std::string_view contents) const;
     // Makes a phone from a vCard text; fails the test when it cannot.
-    phone::RootReport makeFrom(const std::string& vcards) const;
+    maker::RootReport makeFrom(const std::string& vcards) const;
     // Everything that lies here, by name.
     std::vector<std::string> names() const;
 

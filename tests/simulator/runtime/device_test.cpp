@@ -18,9 +18,8 @@ TEST(DeviceProfiles, EveryOneIsReadBackAsWritten) {
         ASSERT_TRUE(written) << profile.id;
         written->rightToLeft = true;
         written->orientation = 3;
-        ASSERT_EQ(phone::writeDevice(root.path(), *written), "");
-        Device read;
-        ASSERT_EQ(phone::readDevice(root.path(), read), "");
+        ASSERT_EQ(phone::problemOf(phone::writeDevice(root.path(), *written)), "");
+        Device read = phone::readDevice(root.path()).value();
         EXPECT_EQ(read, *written) << profile.id;
     }
 }
@@ -57,8 +56,7 @@ TEST(DeviceFile, MissingKeysKeepTheirDefaults) {
     root.write(
         "/device.plist",
         "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Scale</key><integer>3</integer></dict></plist>");
-    Device device;
-    ASSERT_EQ(phone::readDevice(root.path(), device), "");
+    Device device = phone::readDevice(root.path()).value();
     Device expected;
     expected.scale = 3;
     EXPECT_EQ(device, expected);
@@ -66,14 +64,11 @@ TEST(DeviceFile, MissingKeysKeepTheirDefaults) {
 
 class UnusableDeviceFile : public testing::TestWithParam<const char*> {};
 
-TEST_P(UnusableDeviceFile, IsToldAndChangesNothing) {
+TEST_P(UnusableDeviceFile, IsRefusedNamingTheFile) {
     test::TempRoot root;
     root.write("/device.plist", GetParam());
-    Device device;
-    device.name = "unchanged";
-    const Device before = device;
-    EXPECT_NE(phone::readDevice(root.path(), device), "");
-    EXPECT_EQ(device, before);
+    const std::string problem = phone::problemOf(phone::readDevice(root.path()));
+    EXPECT_NE(problem.find("device.plist: "), std::string::npos) << problem;
 }
 
 INSTANTIATE_TEST_SUITE_P(Device, UnusableDeviceFile,
@@ -82,11 +77,11 @@ INSTANTIATE_TEST_SUITE_P(Device, UnusableDeviceFile,
                                          "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Scale</key>"
                                          "<integer>-3</integer></dict></plist>"));
 
-TEST(DeviceFile, NoFileIsTold) {
+TEST(DeviceFile, NoFileIsRefused) {
     test::TempRoot root;
     Device device;
-    EXPECT_NE(phone::readDevice(root.path() / "elsewhere", device).find("cannot be read"), std::string::npos);
-    EXPECT_NE(phone::writeDevice(root.path() / "elsewhere", device), "");
+    EXPECT_NE(phone::problemOf(phone::readDevice(root.path() / "elsewhere")).find("cannot be read"), std::string::npos);
+    EXPECT_NE(phone::problemOf(phone::writeDevice(root.path() / "elsewhere", device)), "");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "simulator/runtime/process/injector.h"
 #include "simulator/runtime/process/library_loader.h"
 #include "simulator/runtime/process/process.h"
 #include "tests/support/temp_root.h"

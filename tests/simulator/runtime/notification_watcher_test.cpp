@@ -21,13 +21,13 @@ bool readable(const phone::NotificationWatcher& watcher) {
 
 TEST(NotificationWatcher, AnswersWhatArrivedWithoutWaiting) {
     const test::TempRoot root;
-    ASSERT_EQ(phone::postNotification(root.path(), "before"), "");
+    ASSERT_EQ(phone::problemOf(phone::postNotification(root.path(), "before")), "");
     phone::NotificationWatcher watcher;
-    ASSERT_EQ(watcher.open(root.path()), "");
+    ASSERT_EQ(phone::problemOf(watcher.open(root.path())), "");
     EXPECT_THAT(watcher.arrived(), IsEmpty());
     EXPECT_FALSE(readable(watcher));
-    ASSERT_EQ(phone::postNotification(root.path(), "one"), "");
-    ASSERT_EQ(phone::postNotification(root.path(), "two"), "");
+    ASSERT_EQ(phone::problemOf(phone::postNotification(root.path(), "one")), "");
+    ASSERT_EQ(phone::problemOf(phone::postNotification(root.path(), "two")), "");
     EXPECT_TRUE(readable(watcher));
     EXPECT_THAT(watcher.arrived(), ElementsAre("one", "two"));
     EXPECT_FALSE(readable(watcher));

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <chrono>
 #include <thread>
 #include <vector>
 
@@ -17,19 +18,21 @@ using testing::HasSubstr;
 
 namespace fs = std::filesystem;
 
+constexpr const char* kLibrary = "phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.so";
+
 class PhoneSimVerbs : public PhoneSim {
   protected:
     // A query's rows as lines, columns parted by "|".
     std::string sql(const std::string& database, const char* statement) const {
         fs::path file = path_ / "phone/private/var/mobile/Library/AddressBook" / database;
-        phone::Database opened = phone::Database::openToRead(file).value();
-        phone::Statement rows = opened.prepare(statement);
+        maker::Database opened = maker::Database::openToRead(file).value();
+        maker::Statement rows = opened.prepare(statement);
         std::string result;
         while (rows.step()) {
             for (int column = 0; column < rows.columns(); ++column) result += (column ? "|" : "") + rows.text(column);
             result += "\n";
         }
-        EXPECT_EQ(rows.status().text(), "");
+        EXPECT_EQ(phone::problemOf(rows.status()), "");
         return result;
     }
     std::string posted() const { return read("phone/private/var/run/notifications"); }
@@ -90,8 +93,7 @@ TEST_F(PhoneSimVerbs, NewMakesAPhoneAndSaysWhatIsOnIt) {
     EXPECT_EQ(made.status, 0);
     EXPECT_EQ(made.out, "phone: 1 contacts, 0 with a picture, 1 calls\n");
     EXPECT_THAT(made.err, HasSubstr("Ann Lee goes without photo"));
-    EXPECT_TRUE(fs::exists(path_ / "phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.so"));
-    EXPECT_TRUE(fs::is_symlink(path_ / "phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.so"));
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(path_ / kLibrary)));
     EXPECT_THAT(read("phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.plist"),
                 HasSubstr("net.vantrel.callbarviewservice"));
     for (const char* file : {"recent.png", "recent@2x.png", "recent@3x.png"}) {
@@ -130,10 +132,50 @@ TEST_F(PhoneSimVerbs, NewTakesALibraryOfAnyNameAndRefusesWhatIsNone) {
         EXPECT_THAT(outcome.err, AllOf(HasSubstr(library), testing::Not(HasSubstr("build"))));
     }
     makePhone(" --no-calls");
-    fs::path place = path_ / "phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.so";
-    fs::create_symlink(fs::read_symlink(place), path_ / "mine.so");
+    fs::copy_file(path_ / kLibrary, path_ / "mine.so");
     ASSERT_EQ(run("new phone --force --no-calls --library mine.so").err, "");
     EXPECT_EQ(run("shot phone recents --out a.png").err, "");
+}
+
+// Bytes behind an ELF file's end change nothing of what it loads.
+TEST_F(PhoneSimVerbs, ShotSaysWhichCommandRenewsAnOlderLibrary) {
+    makePhone(" --no-calls");
+    const fs::file_time_type longAgo = fs::file_time_type::clock::now() - std::chrono::hours(24 * 365);
+    fs::last_write_time(path_ / kLibrary, longAgo);
+    EXPECT_EQ(run("shot phone recents --out a.png").err, "") << "old, but the same";
+
+    std::ofstream(path_ / kLibrary, std::ios::binary | std::ios::app) << "another build";
+    EXPECT_EQ(run("shot phone recents --out a.png").err, "") << "another, but newer";
+    fs::last_write_time(path_ / kLibrary, longAgo);
+    const std::string file = (path_ / kLibrary).string();
+    EXPECT_THAT(
+        run("shot phone recents --out a.png").err,
+        AllOf(testing::StartsWith("phonesim: " + file + ": is older than "),
+              testing::EndsWith("ZelkaCB.so; \"phonesim install " + (path_ / "phone").string() + "\" renews it\n")));
+    EXPECT_EQ(run("shot phone recents --out a.png --without-extension").err, "");
+
+    EXPECT_EQ(run("install phone").status, 0);
+    EXPECT_EQ(run("shot phone recents --out a.png").err, "");
+}
+
+TEST_F(PhoneSimVerbs, InstallReplacesTheLibraryOfEitherFormatAndNothingElse) {
+    EXPECT_THAT(run("install phone").err, HasSubstr("is not a phone root"));
+    makePhone(" --no-calls");
+    const std::string book = sql("AddressBook.sqlitedb", "SELECT * FROM ABPerson");
+    const std::string built = read(kLibrary);
+    const std::string phones = fs::path(kLibrary).replace_extension(".dylib");
+    write("phones.dylib", "the phone's own format");
+    ASSERT_EQ(run("install phone --library phones.dylib").err, "");
+    EXPECT_EQ(read(phones), "the phone's own format");
+    EXPECT_FALSE(fs::exists(path_ / kLibrary));
+    const Outcome installed = run("install phone");
+    EXPECT_EQ(installed.err, "");
+    EXPECT_THAT(installed.out, AllOf(testing::StartsWith("phone: "), testing::EndsWith("ZelkaCB.so is installed\n")));
+    EXPECT_TRUE(read(kLibrary) == built);
+    EXPECT_FALSE(fs::exists(path_ / phones));
+    EXPECT_EQ(sql("AddressBook.sqlitedb", "SELECT * FROM ABPerson"), book);
+    EXPECT_THAT(run("install phone --library gone.so").err, HasSubstr("gone.so: there is no such file"));
+    EXPECT_TRUE(read(kLibrary) == built);
 }
 
 TEST_F(PhoneSimVerbs, LogSaysWhenNothingIsLoggedYetAndPrintsTheLog) {

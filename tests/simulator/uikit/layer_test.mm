@@ -1,4 +1,24 @@
+#include "simulator/frameworks/quartz_core/CALayerOwner.h"
 #include "tests/simulator/uikit/phone_test.h"
+
+@interface OwnDelegate : NSObject <CALayerDelegate, CALayerOwner> {
+  @public
+    int changes;
+    int resizes;
+}
+@end
+
+@implementation OwnDelegate
+
+- (void)_layer:(CALayer*)layer willBeChangedBy:(SEL)method {
+    ++changes;
+}
+
+- (void)_layer:(CALayer*)layer changedSizeFrom:(CGSize)oldSize {
+    ++resizes;
+}
+
+@end
 
 namespace {
 
@@ -174,6 +194,18 @@ TEST_F(LayerTest, ASnapshotShowsTheScrolledPartOnWhiteAtTheScreensScale) {
     EXPECT_EQ(at(image, 10, 2), kWhite);
     EXPECT_EQ(at(image, 10, 10), kRed);
     EXPECT_EQ(at(image, 10, 18), kWhite);
+}
+
+TEST_F(LayerTest, TellsADelegateThatIsNoViewWhatItAsksFor) {
+    OwnDelegate* delegate = [[[OwnDelegate alloc] init] autorelease];
+    CALayer* layer = [CALayer layer];
+    [layer setDelegate:delegate];
+    [layer setFrame:CGRectMake(0, 0, 10, 10)];
+    [layer setCornerRadius:3];
+    EXPECT_EQ(delegate->changes, 2);
+    EXPECT_EQ(delegate->resizes, 1);
+    [layer setFrame:CGRectMake(5, 5, 10, 10)];
+    EXPECT_EQ(delegate->resizes, 1);
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ class PhoneTest : public testing::Test {
 
     void start(const phone::Device& device) {
         root_ = std::make_unique<test::TempRoot>();
-        ASSERT_EQ(phone::writeDevice(root_->path(), device), "");
+        ASSERT_EQ(phone::problemOf(phone::writeDevice(root_->path(), device)), "");
         phone::boot(root_->path(), "test.uikit");
         pool_ = [[NSAutoreleasePool alloc] init];
     }

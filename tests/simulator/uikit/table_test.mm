@@ -1,3 +1,4 @@
+#include "simulator/frameworks/uikit/table/UITableViewParts.h"
 #include "tests/simulator/uikit/phone_test.h"
 #include "tests/simulator/uikit/table_source.h"
 

@@ -8,32 +8,32 @@ namespace {
 class ContactIDMemo : public test::ExtensionTest {
   protected:
     ContactIDMemo() {
-        phone::Person ann;
+        maker::Person ann;
         ann.first = "Ann";
         ann.emails = {{"ann@example.com", ""}, {"ann@example.org", ""}};
         annID_ = add(ann);
-        phone::Person bob;
+        maker::Person bob;
         bob.first = "Bob";
         bob.emails = {{"bob@example.com", ""}};
         bobID_ = add(bob);
         boot();
     }
 
-    int add(const phone::Person& person) {
-        auto book = phone::AddressBookBuilder::open(root.path());
+    int add(const maker::Person& person) {
+        auto book = maker::AddressBookBuilder::open(root.path());
         const int contact = book->addPerson(person).value();
         finish(*book);
         return contact;
     }
 
     void removeEverybody() {
-        auto book = phone::AddressBookBuilder::open(root.path());
+        auto book = maker::AddressBookBuilder::open(root.path());
         for (int contact : {annID_, bobID_}) check(book->removePerson(contact));
         finish(*book);
     }
 
-    static void finish(phone::AddressBookBuilder& book) { check(book.finish()); }
-    static void check(const phone::Status& status) { ASSERT_TRUE(status.ok()); }
+    static void finish(maker::AddressBookBuilder& book) { check(book.finish()); }
+    static void check(const phone::Status& status) { ASSERT_TRUE(status); }
 
     int annID_ = 0;
     int bobID_ = 0;
@@ -48,7 +48,7 @@ TEST_F(ContactIDMemo, KeepsWhatOnceResolved) {
 
 TEST_F(ContactIDMemo, DoesNotKeepWhatMatchedNobody) {
     EXPECT_EQ([Utils getContactID:@"carl@example.com"], -1);
-    phone::Person carl;
+    maker::Person carl;
     carl.first = "Carl";
     carl.emails = {{"carl@example.com", ""}};
     const int carlID = add(carl);

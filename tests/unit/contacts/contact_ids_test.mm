@@ -7,16 +7,16 @@ using test::kAddressBook;
 class ContactIDs : public test::ContactsTest {
   protected:
     int addReachable(std::optional<std::string> phone, std::optional<std::string> email) {
-        phone::Person person;
+        maker::Person person;
         person.first = "Anna";
         if (phone) person.phones.push_back({*phone, ""});
         if (email) person.emails.push_back({*email, ""});
         return add(person);
     }
     void remove(int contact) {
-        phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root.path()).value();
-        EXPECT_EQ(book.removePerson(contact).text(), "");
-        EXPECT_EQ(book.finish().text(), "");
+        maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root.path()).value();
+        EXPECT_EQ(phone::problemOf(book.removePerson(contact)), "");
+        EXPECT_EQ(phone::problemOf(book.finish()), "");
     }
 };
 

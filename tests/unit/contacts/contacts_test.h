@@ -20,7 +20,7 @@ class ContactsTest : public ExtensionTest {
     using ExtensionTest::ExtensionTest;
 
     // Adds a contact and answers its ID; the databases have it at once.
-    int add(const phone::Person& person);
+    int add(const maker::Person& person);
     int addNamed(std::optional<std::string> first, std::optional<std::string> last);
     void setThumbnail(int contact, const std::string& bytes);
     void removePhoto(int contact);
@@ -49,7 +49,7 @@ class ContactsTest : public ExtensionTest {
     };
 
   private:
-    phone::AddressBookBuilder builder();
+    maker::AddressBookBuilder builder();
 };
 
 // Seconds since some fixed moment.

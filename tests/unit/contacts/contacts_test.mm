@@ -18,38 +18,38 @@ unsigned leftInPool(const std::function<void()>& work) {
     return count;
 }
 
-phone::AddressBookBuilder ContactsTest::builder() { return phone::AddressBookBuilder::open(root.path()).value(); }
+maker::AddressBookBuilder ContactsTest::builder() { return maker::AddressBookBuilder::open(root.path()).value(); }
 
-int ContactsTest::add(const phone::Person& person) {
-    phone::AddressBookBuilder book = builder();
+int ContactsTest::add(const maker::Person& person) {
+    maker::AddressBookBuilder book = builder();
     const int contact = book.addPerson(person).value();
-    EXPECT_EQ(book.finish().text(), "");
+    EXPECT_EQ(phone::problemOf(book.finish()), "");
     return contact;
 }
 
 int ContactsTest::addNamed(std::optional<std::string> first, std::optional<std::string> last) {
-    phone::Person person;
+    maker::Person person;
     person.first = std::move(first);
     person.last = std::move(last);
     return add(person);
 }
 
 void ContactsTest::setThumbnail(int contact, const std::string& bytes) {
-    phone::AddressBookBuilder book = builder();
-    EXPECT_EQ(book.setThumbnail(contact, bytes).text(), "");
-    EXPECT_EQ(book.finish().text(), "");
+    maker::AddressBookBuilder book = builder();
+    EXPECT_EQ(phone::problemOf(book.setThumbnail(contact, bytes)), "");
+    EXPECT_EQ(phone::problemOf(book.finish()), "");
 }
 
 void ContactsTest::removePhoto(int contact) {
-    phone::AddressBookBuilder book = builder();
-    EXPECT_EQ(book.removePhoto(contact).text(), "");
-    EXPECT_EQ(book.finish().text(), "");
+    maker::AddressBookBuilder book = builder();
+    EXPECT_EQ(phone::problemOf(book.removePhoto(contact)), "");
+    EXPECT_EQ(phone::problemOf(book.finish()), "");
 }
 
 void ContactsTest::link(const std::vector<int>& contacts) {
-    phone::AddressBookBuilder book = builder();
-    EXPECT_EQ(book.link(contacts).text(), "");
-    EXPECT_EQ(book.finish().text(), "");
+    maker::AddressBookBuilder book = builder();
+    EXPECT_EQ(phone::problemOf(book.link(contacts)), "");
+    EXPECT_EQ(phone::problemOf(book.finish()), "");
 }
 
 void ContactsTest::removeSilhouettes() {

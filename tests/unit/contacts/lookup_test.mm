@@ -175,10 +175,10 @@ TEST_F(Lookup, TakesAnEmptyThumbnailForNone) {
     const int otherFormat = addNamed("Anna", "Zuse");
     const int null = addNamed("Anna", "Zuse");
     {
-        phone::AddressBookBuilder book = phone::AddressBookBuilder::open(root.path()).value();
-        EXPECT_EQ(book.setThumbnail(otherFormat, test::bmp(8, 8, test::kRed), 5).text(), "");
-        EXPECT_EQ(book.setNullThumbnail(null).text(), "");
-        EXPECT_EQ(book.finish().text(), "");
+        maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root.path()).value();
+        EXPECT_EQ(phone::problemOf(book.setThumbnail(otherFormat, test::bmp(8, 8, test::kRed), 5)), "");
+        EXPECT_EQ(phone::problemOf(book.setNullThumbnail(null)), "");
+        EXPECT_EQ(phone::problemOf(book.finish()), "");
     }
     boot();
     for (int each : {contact, otherFormat, null}) EXPECT_EQ([look(each) size].width, 40) << each;
@@ -296,7 +296,7 @@ TEST_F(Lookup, ByContactDoesNotKeepTheDefaultPictureForAMonogramThatCannotBeMade
 }
 
 TEST_F(Lookup, ByNumberTellsWhomItFound) {
-    phone::Person person;
+    maker::Person person;
     person.first = "Anna";
     person.phones.push_back({"+1 415 555 2671", ""});
     person.emails.push_back({"anna@example.com", ""});

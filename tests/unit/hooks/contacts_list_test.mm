@@ -117,6 +117,16 @@ TEST_P(EitherList, EmptyThumbnailCountsAsNone) {
     EXPECT_EQ(loggedLines("Monograms turned on, monogramText: AL"), GetParam() == List::all ? 1 : 0);
 }
 
+TEST_P(EitherList, ANameOfDoubleQuotesAloneGivesADiscWithoutLetters) {
+    startWithList();
+    const int quotes = addNamed("\"\"", "\"");
+    give(quotes, "");
+    ask(GetParam());
+    EXPECT_EQ([Utils getContactImageInCache:quotes], [picture() image]);
+    EXPECT_EQ([[picture() image] size].width, 40);
+    EXPECT_EQ(loggedLines("Monograms turned on, monogramText:  "), GetParam() == List::all ? 1 : 0);
+}
+
 TEST_P(EitherList, MonogramsOffThePlaceholderIsShownAndCached) {
     startWithList();
     [settings() setIsMonogramEnabled:NO];

@@ -199,7 +199,7 @@ TEST_F(RecentsList, TheLowHalfOfAWideUidIsTheContact) {
 
 TEST_F(RecentsList, CallWithoutIdIsFoundByItsAddress) {
     startWithList();
-    phone::Person ann;
+    maker::Person ann;
     ann.first = "Ann";
     ann.emails = {{"ann@example.com", ""}};
     const int contact = add(ann);
@@ -211,7 +211,7 @@ TEST_F(RecentsList, CallWithoutIdIsFoundByItsAddress) {
 
 TEST_F(RecentsList, AnEntryWithoutCallsIsFoundByItsAddress) {
     startWithList();
-    phone::Person ann;
+    maker::Person ann;
     ann.first = "Ann";
     ann.phones = {{"+1 212 555 0142", ""}};
     const int contact = add(ann);

@@ -134,6 +134,16 @@ TEST_F(RecentsList, AContactWithoutPhotoGetsTheInitialsOfItsCallersName) {
     EXPECT_FALSE(test::samePixels(named, drawn(@"AL")));
 }
 
+TEST_F(RecentsList, ANameOfDoubleQuotesAloneGivesADiscWithoutLetters) {
+    startWithList();
+    showRow(namedCall<NamedCall>(addNamed("\"", std::nullopt), @"\""));
+    settle();
+    UIImage* disc = [picture() image];
+    const phone::Pixel color = test::pixel(disc, 40, 6);
+    EXPECT_EQ(test::pixel(disc, 40, 40), color);
+    EXPECT_EQ(test::pixel(disc, 30, 40), color);
+}
+
 TEST_F(RecentsList, ACallWithoutCallersNameAsksTheAddressBookForInitials) {
     startWithList();
     const int nameless = addNamed(std::nullopt, std::nullopt);

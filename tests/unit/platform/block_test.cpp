@@ -6,9 +6,11 @@
 #include <memory>
 
 #include "src/platform/dispatch.h"
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSOperation.h"
 #include "src/platform/weak.h"
 
+namespace zelka {
 namespace {
 
 class Blocks : public testing::Test {
@@ -30,6 +32,35 @@ TEST_F(Blocks, KeepTheirCallableAndLetItGo) {
     }
     EXPECT_EQ(runs.use_count(), 1);
     EXPECT_EQ(*runs, 0);
+}
+
+extern "C" void* _NSConcreteMallocBlock[];
+
+TEST_F(Blocks, AreTheRuntimesCopiesOfAStackBlock) {
+    Owned<Block> block = makeBlock(counting());
+    auto* literal = reinterpret_cast<detail::BlockLiteral<decltype(counting())>*>(block.get().object);
+    EXPECT_EQ(literal->isa, static_cast<void*>(_NSConcreteMallocBlock));
+    EXPECT_TRUE(literal->flags & detail::kBlockHasCopyDispose);
+    EXPECT_EQ(literal->reserved, 0);
+    literal->invoke(literal);
+    EXPECT_EQ(*runs, 1);
+}
+
+TEST_F(Blocks, MoveTheirCallableAndNeverCopyIt) {
+    struct Callable {
+        explicit Callable(std::shared_ptr<std::atomic<int>> runs) : runs(std::move(runs)) {}
+        Callable(Callable&&) noexcept = default;
+        void operator()() const { *runs += 5; }
+        std::shared_ptr<std::atomic<int>> runs;
+    };
+    {
+        Owned<Block> block = makeBlock(Callable(runs));
+        EXPECT_EQ(runs.use_count(), 2);
+        auto* literal = reinterpret_cast<detail::BlockLiteral<Callable>*>(block.get().object);
+        literal->invoke(literal);
+        EXPECT_EQ(*runs, 5);
+    }
+    EXPECT_EQ(runs.use_count(), 1);
 }
 
 TEST_F(Blocks, RunAsBlockOperationsOnAQueueAndAreFreed) {
@@ -84,3 +115,4 @@ TEST(DispatchOnce, HandsTheContextOver) {
 }
 
 }  // namespace
+}  // namespace zelka

@@ -2,15 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSString.h"
 #include "src/platform/hook.h"
 #include "tests/unit/platform/witness.h"
 
+namespace zelka {
 namespace {
 
 bool opposite(NSObject, bool given) { return !given; }
 CGSize sizeOfWidth(NSObject, CGFloat width) { return {width, 2 * width}; }
-NSString nameOf(NSObject object) { return classNameOf(object); }
+NSString nameOf(NSObject object) { return object.className(); }
 int add(int left, int right) { return left + right; }
 int add(int only) { return only; }
 
@@ -23,13 +25,18 @@ constexpr MethodRow kClassMethods[] = {
     classMethod<"add:to:", int(int, int), &add>(),
     classMethod<"add:", int(int), &add>(),
 };
+constexpr PropertyRow kProperties[] = {
+    property<bool>("flag", "_flag"),
+    property<NSObject>("object", "_object"),
+    dynamicProperty<NSInteger>("number"),
+};
 constexpr IvarRow kVariables[] = {ivar<bool>("_flag"), ivar<NSObject>("_object"), ivar<CGRect>("_rect")};
 
 class Registration : public testing::Test {
   protected:
     AutoreleasePool pool;
     Class cls = registerClass("RegisteredByTest", kVariables, kClassMethods, kInstanceMethods);
-    Owned<NSObject> object = Owned<NSObject>::adopt(send<NSObject, "new">(cls));
+    Owned<NSObject> object = adopt(send<NSObject, "new">(cls));
 };
 
 TEST_F(Registration, MethodsAnswerMessagesFromObjectiveC) {
@@ -62,6 +69,16 @@ TEST_F(Registration, VariablesAreAlignedAndInOrder) {
     EXPECT_EQ(offset("_rect") % static_cast<std::ptrdiff_t>(alignof(double)), 0);
 }
 
+TEST_F(Registration, PropertiesAreDeclaredAsACompilerWould) {
+    auto attributes = [this](const char* name) { return property_getAttributes(class_getProperty(cls, name)); };
+    addProperties(cls, kProperties);
+    EXPECT_STREQ(attributes("flag"), "TC,N,V_flag");
+    EXPECT_STREQ(attributes("object"), "T@,N,V_object");
+    EXPECT_STREQ(attributes("number"), "Tq,D,N");
+    EXPECT_EQ(class_getProperty(cls, "rect"), nullptr);
+    addProperties(nullptr, kProperties);
+}
+
 TEST_F(Registration, ASecondTimeAnswersTheClassThatIsThere) {
     EXPECT_EQ(registerClass("RegisteredByTest", {}, {}, {}), cls);
 }
@@ -71,6 +88,19 @@ TEST_F(Registration, AMethodThatTheClassHasStays) {
     addMethods(cls, rows);
     EXPECT_STREQ(callerText(object.get().object), "RegisteredByTest");
     addMethods(nullptr, rows);
+}
+
+NSString superDescription(NSObject object) {
+    return sendSuper<NSString, "description", NSObject>(object).appending(literal<"!">());
+}
+
+TEST(Super, IsTheSuperclasssImplementation) {
+    static constexpr MethodRow kMethods[] = {receiverMethod<"description", &superDescription>()};
+    AutoreleasePool pool;
+    Owned<NSObject> object = allocInit<NSObject>(registerClass("RegisteredWithSuper", {}, {}, kMethods));
+    const std::string description = object->description().utf8();
+    EXPECT_EQ(description.rfind("<RegisteredWithSuper: ", 0), 0U) << description;
+    EXPECT_EQ(description.back(), '!');
 }
 
 int hookedNumber(NSObject receiver, SEL command, int given);
@@ -89,14 +119,14 @@ TEST(Hooks, CallTheHostThroughASlotOfTheirOwn) {
     Class owner = objc_getClass(NumberHook::row.className);
     NumberHook::row.install(owner);
     InheritedHook::row.install(objc_getClass(InheritedHook::row.className));
-    auto object = Owned<NSObject>::adopt(send<NSObject, "new">(owner));
+    auto object = adopt(send<NSObject, "new">(owner));
     EXPECT_EQ(callerNumber(object.get().object, 1), 1101);
     EXPECT_EQ(childRuns(), 1);
-    auto child = Owned<NSObject>::adopt(NSObject{static_cast<id>(childMake())});
+    auto child = adopt(NSObject{static_cast<id>(childMake())});
     EXPECT_EQ(callerNumber(child.get().object, 1), 2002);
     EXPECT_EQ(parentRuns(), 1);
     // The superclass's own objects are left alone.
-    auto parent = Owned<NSObject>::adopt(NSObject{static_cast<id>(parentMake())});
+    auto parent = adopt(NSObject{static_cast<id>(parentMake())});
     EXPECT_EQ(callerNumber(parent.get().object, 1), 2);
 }
 
@@ -107,10 +137,11 @@ TEST(Hooks, AddedMethodsOverrideInheritedOnesButNotTheClasssOwn) {
     using ToChild = AddedMethod<"HookChild", "number:", "i@:i", &addedNumber>;
     ToOwner::row.install(objc_getClass("HookOwner"));
     ToChild::row.install(objc_getClass("HookChild"));
-    auto owner = Owned<NSObject>::adopt(send<NSObject, "new">(objc_getClass("HookOwner")));
+    auto owner = adopt(send<NSObject, "new">(objc_getClass("HookOwner")));
     EXPECT_EQ(callerNumber(owner.get().object, 5), 105);
-    auto child = Owned<NSObject>::adopt(NSObject{static_cast<id>(childMake())});
+    auto child = adopt(NSObject{static_cast<id>(childMake())});
     EXPECT_EQ(callerNumber(child.get().object, 5), 10);
 }
 
 }  // namespace
+}  // namespace zelka

@@ -2,14 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSObject.h"
 #include "tests/unit/platform/witness.h"
 
+namespace zelka {
 namespace {
 
-using platform::encodingsAgree;
-using platform::methodEncoding;
-using platform::typeEncoding;
+using detail::encodingsAgree;
+using detail::methodEncoding;
+using detail::typeEncoding;
 
 template <class... Types>
 bool agreesWithCompiler(const char* selector) {
@@ -18,7 +19,7 @@ bool agreesWithCompiler(const char* selector) {
 
 TEST(Encoding, OfTypesIsTheCompilers) {
     const char* const* types = witnessTypes();
-    EXPECT_STREQ(typeEncoding<platform::Abi<bool>>.c_str(), types[0]);
+    EXPECT_STREQ(typeEncoding<detail::Abi<bool>>.c_str(), types[0]);
     EXPECT_STREQ(typeEncoding<CGPoint>.c_str(), types[1]);
     EXPECT_STREQ(typeEncoding<CGSize>.c_str(), types[2]);
     EXPECT_STREQ(typeEncoding<CGRect>.c_str(), types[3]);
@@ -84,3 +85,4 @@ TEST(EncodingsAgree, OnlyWhenEverythingIsPassedAlike) {
 }
 
 }  // namespace
+}  // namespace zelka

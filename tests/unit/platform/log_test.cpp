@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "src/platform/foundation/NSAutoreleasePool.h"
+#include "src/platform/foundation/NSValue.h"
 #include "src/util/log.h"
 
+namespace zelka {
 namespace {
 
 using testing::EndsWith;
@@ -59,3 +62,4 @@ TEST_F(Log, TellsTheStatementsOwnLineWhenNoneIsGiven) {
 }
 
 }  // namespace
+}  // namespace zelka

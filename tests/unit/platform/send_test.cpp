@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "src/platform/foundation.h"
+#include "src/platform/foundation/NSAutoreleasePool.h"
 #include "tests/unit/platform/witness.h"
 
+namespace zelka {
 namespace {
 
 NSObject makeWitness() { return NSObject{static_cast<id>(witnessMake())}; }
@@ -12,7 +13,7 @@ NSObject makeWitness() { return NSObject{static_cast<id>(witnessMake())}; }
 class Send : public testing::Test {
   protected:
     AutoreleasePool pool;
-    Owned<NSObject> witness = Owned<NSObject>::adopt(makeWitness());
+    Owned<NSObject> witness = adopt(makeWitness());
     NSObject nothing;
 };
 
@@ -118,3 +119,4 @@ TEST_F(SendDeathTest, ToAClassThatEveryProcessShouldHaveEndsTheProcessWhenItIsMi
 }
 
 }  // namespace
+}  // namespace zelka

@@ -263,6 +263,19 @@ TEST_F(SettingsStore, HoldsSixBooleansInTheSettingsOrder) {
                      "_isShowPicturesOnRecents _isShowPicturesOnContacts ");
 }
 
+TEST_F(SettingsStore, DeclaresEachSettingAsANonatomicProperty) {
+    boot();
+    for (const std::string name :
+         {"isZelkaCBEnabled", "isRoundedPicsEnabled", "isMonogramEnabled", "isShowPicturesOnFavorites",
+          "isShowPicturesOnRecents", "isShowPicturesOnContacts"}) {
+        objc_property_t property = class_getProperty(objc_getClass("ZLKCBSettings"), name.c_str());
+        ASSERT_NE(property, nullptr) << name;
+        // BOOL as this machine's runtime spells it, or the phone's.
+        EXPECT_THAT(property_getAttributes(property),
+                    testing::AnyOf("T" + std::string(@encode(BOOL)) + ",N,V_" + name, "TB,N,V_" + name));
+    }
+}
+
 TEST_F(SettingsStore, EveryOperationAnswersWithTheDeclaredTypes) {
     boot();
     EXPECT_EQ(test::differences(@protocol(ZLKCBSettings), objc_getClass("ZLKCBSettings")), "");

@@ -13,10 +13,9 @@ struct Machine {
 class DeviceHardware : public test::ExtensionTest, public testing::WithParamInterface<Machine> {
   protected:
     void bootMachine(const char* identifier) {
-        phone::Device device;
-        ASSERT_EQ(phone::readDevice(root.path(), device), "");
+        phone::Device device = phone::readDevice(root.path()).value();
         device.machine = identifier;
-        ASSERT_EQ(phone::writeDevice(root.path(), device), "");
+        ASSERT_EQ(phone::problemOf(phone::writeDevice(root.path(), device)), "");
         boot();
     }
 };

@@ -40,12 +40,13 @@ class DeviceQueries : public test::ExtensionTest {
     }
 
     phone::Device read() const {
-        phone::Device device;
-        EXPECT_EQ(phone::readDevice(root.path(), device), "");
+        phone::Device device = phone::readDevice(root.path()).value();
         return device;
     }
 
-    void write(const phone::Device& device) const { EXPECT_EQ(phone::writeDevice(root.path(), device), ""); }
+    void write(const phone::Device& device) const {
+        EXPECT_EQ(phone::problemOf(phone::writeDevice(root.path(), device)), "");
+    }
 };
 
 TEST_F(DeviceQueries, Version616IsNeither7Nor8) {

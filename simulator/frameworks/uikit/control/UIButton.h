@@ -4,7 +4,7 @@
 
 @class UIImage, UIImageView, UILabel;
 
-enum UIButtonType : NSInteger {
+typedef NS_ENUM(NSInteger, UIButtonType) {
     UIButtonTypeCustom = 0,
     UIButtonTypeSystem = 1,
     UIButtonTypeDetailDisclosure = 2,

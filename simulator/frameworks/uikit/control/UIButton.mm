@@ -9,7 +9,7 @@
 #include "simulator/frameworks/uikit/graphics/UIImage.h"
 #include "simulator/frameworks/uikit/view/UIImageView.h"
 #include "simulator/frameworks/uikit/view/UILabel.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 
 namespace {
 

@@ -2,16 +2,14 @@
 
 #include "simulator/frameworks/uikit/view/UIView.h"
 
-using UIControlEvents = NSUInteger;
-enum : NSUInteger {
+typedef NS_OPTIONS(NSUInteger, UIControlEvents) {
     UIControlEventTouchDown = 1 << 0,
     UIControlEventTouchUpInside = 1 << 6,
     UIControlEventValueChanged = 1 << 12,
     UIControlEventAllEvents = 0xFFFFFFFF,
 };
 
-using UIControlState = NSUInteger;
-enum : NSUInteger {
+typedef NS_OPTIONS(NSUInteger, UIControlState) {
     UIControlStateNormal = 0,
     UIControlStateHighlighted = 1 << 0,
     UIControlStateDisabled = 1 << 1,

@@ -1,6 +1,6 @@
 #include "simulator/frameworks/uikit/control/UIControl.h"
 
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 
 // One registration of -addTarget:action:forControlEvents:.
 @interface UIControlAction : NSObject {

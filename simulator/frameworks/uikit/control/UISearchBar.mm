@@ -5,7 +5,7 @@
 #include "simulator/frameworks/uikit/graphics/NSString+Drawing.h"
 #include "simulator/frameworks/uikit/graphics/UIBezierPath.h"
 #include "simulator/frameworks/uikit/graphics/UIColor.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 
 namespace {
 
@@ -47,16 +47,12 @@ void drawMagnifier(CGFloat x, CGFloat y) {
 
 - (void)setText:(NSString*)text {
     [self _requireThread:_cmd];
-    NSString* copied = [text copy];
-    [_text release];
-    _text = copied;
+    ASSIGNCOPY(_text, text);
 }
 
 - (void)setPlaceholder:(NSString*)placeholder {
     [self _requireThread:_cmd];
-    NSString* copied = [placeholder copy];
-    [_placeholder release];
-    _placeholder = copied;
+    ASSIGNCOPY(_placeholder, placeholder);
 }
 
 - (CGSize)sizeThatFits:(CGSize)size {

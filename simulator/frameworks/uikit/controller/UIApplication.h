@@ -2,7 +2,7 @@
 
 #include "simulator/frameworks/uikit/controller/UIWindow.h"
 
-enum UIInterfaceOrientation : NSInteger {
+typedef NS_ENUM(NSInteger, UIInterfaceOrientation) {
     UIInterfaceOrientationUnknown = 0,
     UIInterfaceOrientationPortrait = 1,
     UIInterfaceOrientationPortraitUpsideDown = 2,
@@ -10,7 +10,7 @@ enum UIInterfaceOrientation : NSInteger {
     UIInterfaceOrientationLandscapeLeft = 4,
 };
 
-enum UIUserInterfaceLayoutDirection : NSInteger {
+typedef NS_ENUM(NSInteger, UIUserInterfaceLayoutDirection) {
     UIUserInterfaceLayoutDirectionLeftToRight,
     UIUserInterfaceLayoutDirectionRightToLeft,
 };
@@ -42,4 +42,14 @@ enum UIUserInterfaceLayoutDirection : NSInteger {
 // What UIApplicationMain does short of running the loop: makes the application (nil: UIApplication) and its delegate
 // (nil: the application itself when its class implements the delegate's methods) and tells the delegate that the
 // launch finished. Main thread. Returns the application, owned by the process; an unknown class raises.
-UIApplication* UIApplicationStart(NSString* principalClassName, NSString* delegateClassName);
+CG_EXTERN UIApplication* UIApplicationStart(NSString* principalClassName, NSString* delegateClassName);
+
+// The life of an application's process: boots in the phone root that the command line names, has the phone's injector
+// load its libraries, launches the application as UIApplicationStart does, and serves the remote control until it is
+// asked to quit; then the process ends. Returns 2 for a wrong command line only. A part of the library that hosts link
+// (simulator/hosts/own), for on a phone the process is one before its main runs. Main thread.
+//
+//   PROGRAM --root ROOT [--without-extension] [--bundle-identifier ID]
+//
+// Without an identifier the process has the program's name for one.
+CG_EXTERN int UIApplicationMain(int argc, char* argv[], NSString* principalClassName, NSString* delegateClassName);

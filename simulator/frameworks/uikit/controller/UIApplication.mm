@@ -1,6 +1,7 @@
 #include "simulator/frameworks/uikit/controller/UIApplication.h"
 
-#include "simulator/frameworks/uikit/controller/UIWindow+Private.h"
+#include "simulator/frameworks/uikit/controller/window_list.h"
+#include "simulator/frameworks/uikit/graphics/device_traits.h"
 #include "simulator/runtime/process/device.h"
 
 namespace {
@@ -36,15 +37,16 @@ id makeDelegate(UIApplication* application, NSString* className) {
     }
     self = [super init];
     shared = self;
+    uikit::setResponderBehindWindows(self);
     return self;
 }
 
 - (NSArray*)windows {
-    return [UIWindow _windows];
+    return uikit::allWindows();
 }
 
 - (UIWindow*)keyWindow {
-    return [UIWindow _keyWindow];
+    return uikit::keyWindow();
 }
 
 - (UIInterfaceOrientation)statusBarOrientation {
@@ -52,8 +54,7 @@ id makeDelegate(UIApplication* application, NSString* className) {
 }
 
 - (UIUserInterfaceLayoutDirection)userInterfaceLayoutDirection {
-    return phone::device().rightToLeft ? UIUserInterfaceLayoutDirectionRightToLeft
-                                       : UIUserInterfaceLayoutDirectionLeftToRight;
+    return uikit::rightToLeft() ? UIUserInterfaceLayoutDirectionRightToLeft : UIUserInterfaceLayoutDirectionLeftToRight;
 }
 
 @end

@@ -2,7 +2,7 @@
 
 #import <Foundation/Foundation.h>
 
-enum UIUserInterfaceIdiom : NSInteger {
+typedef NS_ENUM(NSInteger, UIUserInterfaceIdiom) {
     UIUserInterfaceIdiomPhone,
     UIUserInterfaceIdiomPad,
 };

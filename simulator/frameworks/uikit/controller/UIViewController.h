@@ -1,16 +1,17 @@
 #pragma once
 
-#include "simulator/frameworks/uikit/table/UITableView.h"
+#include "simulator/frameworks/uikit/view/UIView.h"
+#include "simulator/frameworks/uikit/view/UIViewDelegate.h"
 
-enum UIViewAppearance : NSInteger {
+typedef NS_ENUM(NSInteger, UIViewAppearance) {
     UIViewDisappeared,
     UIViewAppearing,
     UIViewAppeared,
     UIViewDisappearing,
 };
 
-// A view and its life: loaded on first use, then told when it appears and disappears.
-@interface UIViewController : UIResponder {
+// A view and its life: loaded on first use, then notified when it appears and disappears.
+@interface UIViewController : UIResponder <UIViewDelegate> {
   @private
     UIView* _view;
     NSString* _title;
@@ -43,7 +44,7 @@ enum UIViewAppearance : NSInteger {
 - (void)viewDidLayoutSubviews;
 - (void)setEditing:(BOOL)editing animated:(BOOL)animated;
 
-// What a container tells its children: sends viewWillAppear: or viewWillDisappear:, and the did form at the end.
+// What a container sends its children: these send viewWillAppear: or viewWillDisappear:, and the did form at the end.
 - (void)beginAppearanceTransition:(BOOL)isAppearing animated:(BOOL)animated;
 - (void)endAppearanceTransition;
 
@@ -51,17 +52,5 @@ enum UIViewAppearance : NSInteger {
 - (void)removeFromParentViewController;
 - (void)willMoveToParentViewController:(UIViewController*)parent;
 - (void)didMoveToParentViewController:(UIViewController*)parent;
-
-@end
-
-// A controller whose view is a table and which is its data source and delegate.
-@interface UITableViewController : UIViewController <UITableViewDataSource, UITableViewDelegate> {
-  @private
-    UITableViewStyle _style;
-}
-
-- (instancetype)initWithStyle:(UITableViewStyle)style;
-
-@property (nonatomic, retain) UITableView* tableView;  // the view
 
 @end

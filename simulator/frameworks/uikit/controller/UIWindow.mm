@@ -1,21 +1,12 @@
 #include "simulator/frameworks/uikit/controller/UIWindow.h"
 
-#include <vector>
-
-#include "simulator/frameworks/uikit/controller/UIApplication.h"
-#include "simulator/frameworks/uikit/controller/UIWindow+Private.h"
+#include "simulator/frameworks/uikit/controller/window_list.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 #include "simulator/frameworks/uikit/view/UIView+Private.h"
 #include "simulator/runtime/process/pending_work.h"
 
 namespace {
 
-// Windows are owned by whoever made them.
-std::vector<UIWindow*>& allWindows() {
-    static std::vector<UIWindow*> windows;
-    return windows;
-}
-
-UIWindow* currentKeyWindow = nil;
 BOOL layoutScheduled = NO;
 
 long scheduledPasses() { return layoutScheduled ? 1 : 0; }
@@ -31,21 +22,20 @@ long scheduledPasses() { return layoutScheduled ? 1 : 0; }
 - (instancetype)initWithFrame:(CGRect)frame {
     self = [super initWithFrame:frame];
     if (self) {
-        allWindows().push_back(self);
+        uikit::addWindow(self);
         [self setHidden:YES];
     }
     return self;
 }
 
 - (void)dealloc {
-    std::erase(allWindows(), self);
-    if (currentKeyWindow == self) currentKeyWindow = nil;
+    uikit::removeWindow(self);
     [_rootViewController release];
     [super dealloc];
 }
 
 - (UIResponder*)nextResponder {
-    return [UIApplication sharedApplication];
+    return uikit::responderBehindWindows();
 }
 
 - (UIViewController*)rootViewController {
@@ -56,19 +46,17 @@ long scheduledPasses() { return layoutScheduled ? 1 : 0; }
     [self _requireThread:_cmd];
     if (controller == _rootViewController) return;
     [self _removeRootView];
-    [controller retain];
-    [_rootViewController release];
-    _rootViewController = controller;
+    ASSIGN(_rootViewController, controller);
     if (![self isHidden]) [self _showRootView];
 }
 
 - (BOOL)isKeyWindow {
-    return currentKeyWindow == self;
+    return uikit::keyWindow() == self;
 }
 
 - (void)makeKeyAndVisible {
     [self _requireThread:_cmd];
-    currentKeyWindow = self;
+    uikit::setKeyWindow(self);
     if (![self isHidden]) return;
     [self setHidden:NO];
     [self _showRootView];
@@ -92,15 +80,16 @@ long scheduledPasses() { return layoutScheduled ? 1 : 0; }
     [_rootViewController endAppearanceTransition];
 }
 
-@end
+- (UIWindow*)window {
+    return self;
+}
 
-@implementation UIWindow (UIWindowPrivate)
-
-+ (void)_scheduleLayoutPass {
+// Has every window laid out at the end of the run loop's current turn; counted as pending work until then.
+- (void)_descendantNeedsLayout {
     if (layoutScheduled) return;
     layoutScheduled = YES;
     [[NSRunLoop mainRunLoop] performSelector:@selector(_runLayoutPass)
-                                      target:self
+                                      target:[UIWindow class]
                                     argument:nil
                                        order:NSUIntegerMax
                                        modes:[NSArray arrayWithObject:NSDefaultRunLoopMode]];
@@ -108,15 +97,7 @@ long scheduledPasses() { return layoutScheduled ? 1 : 0; }
 
 + (void)_runLayoutPass {
     layoutScheduled = NO;
-    for (UIWindow* window in [self _windows]) [window layoutIfNeeded];
-}
-
-+ (NSArray*)_windows {
-    return [NSArray arrayWithObjects:allWindows().data() count:allWindows().size()];
-}
-
-+ (UIWindow*)_keyWindow {
-    return currentKeyWindow;
+    for (UIWindow* window in uikit::allWindows()) [window layoutIfNeeded];
 }
 
 @end

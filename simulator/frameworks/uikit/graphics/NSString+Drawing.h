@@ -4,7 +4,7 @@
 
 #import "simulator/frameworks/uikit/graphics/UIFont.h"
 
-enum NSLineBreakMode : NSInteger {
+typedef NS_ENUM(NSInteger, NSLineBreakMode) {
     NSLineBreakByWordWrapping,
     NSLineBreakByCharWrapping,
     NSLineBreakByClipping,
@@ -12,7 +12,7 @@ enum NSLineBreakMode : NSInteger {
     NSLineBreakByTruncatingTail,
     NSLineBreakByTruncatingMiddle,
 };
-enum NSTextAlignment : NSInteger {
+typedef NS_ENUM(NSInteger, NSTextAlignment) {
     NSTextAlignmentLeft,
     NSTextAlignmentCenter,
     NSTextAlignmentRight,

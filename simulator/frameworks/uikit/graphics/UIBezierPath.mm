@@ -1,5 +1,7 @@
 #import "simulator/frameworks/uikit/graphics/UIBezierPath.h"
 
+#include <algorithm>
+
 #import "simulator/frameworks/uikit/graphics/UIGraphics.h"
 
 @implementation UIBezierPath
@@ -27,14 +29,7 @@
         return [self bezierPathWithRect:rect];
     }
     UIBezierPath* path = [self bezierPath];
-    const CGFloat left = CGRectGetMinX(rect), right = CGRectGetMaxX(rect);
-    const CGFloat top = CGRectGetMinY(rect), bottom = CGRectGetMaxY(rect);
-    CGPathMoveToPoint(path->_path, nullptr, left + radius, top);
-    CGPathAddArcToPoint(path->_path, nullptr, right, top, right, bottom, radius);
-    CGPathAddArcToPoint(path->_path, nullptr, right, bottom, left, bottom, radius);
-    CGPathAddArcToPoint(path->_path, nullptr, left, bottom, left, top, radius);
-    CGPathAddArcToPoint(path->_path, nullptr, left, top, right, top, radius);
-    CGPathCloseSubpath(path->_path);
+    CGPathAddRoundedRect(path->_path, nullptr, rect, radius, radius);
     return path;
 }
 

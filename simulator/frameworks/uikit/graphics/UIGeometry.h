@@ -5,28 +5,29 @@
 
 #include "simulator/frameworks/core_graphics/geometry.h"
 
-struct UIEdgeInsets {
+typedef struct UIEdgeInsets {
     CGFloat top, left, bottom, right;
-};
+} UIEdgeInsets;
 
-extern const UIEdgeInsets UIEdgeInsetsZero;
+CG_EXTERN const UIEdgeInsets UIEdgeInsetsZero;
 
-inline UIEdgeInsets UIEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom, CGFloat right) {
-    return UIEdgeInsets{top, left, bottom, right};
+CG_INLINE UIEdgeInsets UIEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom, CGFloat right) {
+    const UIEdgeInsets insets = {top, left, bottom, right};
+    return insets;
 }
 
-inline BOOL UIEdgeInsetsEqualToEdgeInsets(UIEdgeInsets a, UIEdgeInsets b) {
+CG_INLINE BOOL UIEdgeInsetsEqualToEdgeInsets(UIEdgeInsets a, UIEdgeInsets b) {
     return a.top == b.top && a.left == b.left && a.bottom == b.bottom && a.right == b.right;
 }
 
-inline CGRect UIEdgeInsetsInsetRect(CGRect rect, UIEdgeInsets insets) {
+CG_INLINE CGRect UIEdgeInsetsInsetRect(CGRect rect, UIEdgeInsets insets) {
     return CGRectMake(rect.origin.x + insets.left, rect.origin.y + insets.top,
                       rect.size.width - insets.left - insets.right, rect.size.height - insets.top - insets.bottom);
 }
 
-extern "C" {
+CG_EXTERN_BEGIN
 // "{{x, y}, {width, height}}", autoreleased.
 NSString* NSStringFromCGRect(CGRect rect);
 // "{width, height}", autoreleased.
 NSString* NSStringFromCGSize(CGSize size);
-}
+CG_EXTERN_END

@@ -1,32 +1,12 @@
 #import "simulator/frameworks/uikit/graphics/UIGraphics.h"
 
 #include <cmath>
-#include <vector>
 
+#include "simulator/frameworks/uikit/graphics/UIImage.h"
+#include "simulator/frameworks/uikit/graphics/context_stack.h"
 #include "simulator/runtime/process/device.h"
 
 namespace {
-
-struct StackEntry {
-    CGContextRef context;
-    bool isImageContext;
-    CGFloat scale;  // pixels a point, of an image context
-};
-
-struct ContextStack {
-    std::vector<StackEntry> entries;
-    ~ContextStack() {
-        while (!entries.empty()) {
-            pop();
-        }
-    }
-    void pop() {
-        CGContextRelease(entries.back().context);
-        entries.pop_back();
-    }
-};
-
-thread_local ContextStack stack;
 
 CGContextRef createImageContext(CGSize size, bool opaque, CGFloat scale) {
     const CGFloat width = std::ceil(size.width * scale), height = std::ceil(size.height * scale);
@@ -51,37 +31,28 @@ void UIGraphicsBeginImageContext(CGSize size) { UIGraphicsBeginImageContextWithO
 
 void UIGraphicsBeginImageContextWithOptions(CGSize size, BOOL opaque, CGFloat scale) {
     scale = scale > 0 ? scale : phone::device().scale;
-    stack.entries.push_back({createImageContext(size, opaque != NO, scale), true, scale});
+    uikit::pushContext({createImageContext(size, opaque != NO, scale), true, scale});
 }
 
-CGContextRef UIGraphicsGetCurrentContext() { return stack.entries.empty() ? nullptr : stack.entries.back().context; }
+CGContextRef UIGraphicsGetCurrentContext() { return uikit::currentContext(); }
 
 UIImage* UIGraphicsGetImageFromCurrentImageContext() {
-    if (stack.entries.empty() || !stack.entries.back().isImageContext || stack.entries.back().context == nullptr) {
+    const uikit::StackedContext* top = uikit::topContext();
+    if (top == nullptr || !top->isImageContext || top->context == nullptr) {
         return nil;
     }
-    const CGImageRef pixels = CGBitmapContextCreateImage(stack.entries.back().context);
-    UIImage* image = [UIImage imageWithCGImage:pixels
-                                         scale:stack.entries.back().scale
-                                   orientation:UIImageOrientationUp];
+    const CGImageRef pixels = CGBitmapContextCreateImage(top->context);
+    UIImage* image = [UIImage imageWithCGImage:pixels scale:top->scale orientation:UIImageOrientationUp];
     CGImageRelease(pixels);
     return image;
 }
 
-void UIGraphicsEndImageContext() {
-    if (!stack.entries.empty() && stack.entries.back().isImageContext) {
-        stack.pop();
-    }
-}
+void UIGraphicsEndImageContext() { uikit::popContext(true); }
 
-void UIGraphicsPushContext(CGContextRef context) { stack.entries.push_back({CGContextRetain(context), false, 1}); }
+void UIGraphicsPushContext(CGContextRef context) { uikit::pushContext({CGContextRetain(context), false, 1}); }
 
-void UIGraphicsPopContext() {
-    if (!stack.entries.empty() && !stack.entries.back().isImageContext) {
-        stack.pop();
-    }
-}
+void UIGraphicsPopContext() { uikit::popContext(false); }
 
-void UIRectFill(CGRect rect) { CGContextFillRect(UIGraphicsGetCurrentContext(), rect); }
+void UIRectFill(CGRect rect) { CGContextFillRect(uikit::currentContext(), rect); }
 
-void UIRectClip(CGRect rect) { CGContextClipToRect(UIGraphicsGetCurrentContext(), rect); }
+void UIRectClip(CGRect rect) { CGContextClipToRect(uikit::currentContext(), rect); }

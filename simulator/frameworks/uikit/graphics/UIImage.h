@@ -5,7 +5,7 @@
 
 #include "simulator/frameworks/core_graphics/core_graphics.h"
 
-enum UIImageOrientation : NSInteger {
+typedef NS_ENUM(NSInteger, UIImageOrientation) {
     UIImageOrientationUp,
     UIImageOrientationDown,
     UIImageOrientationLeft,
@@ -48,4 +48,4 @@ enum UIImageOrientation : NSInteger {
 @end
 
 /// Autoreleased PNG bytes of the picture's stored pixels; nil when there are none.
-extern "C" NSData* UIImagePNGRepresentation(UIImage* image);
+CG_EXTERN NSData* UIImagePNGRepresentation(UIImage* image);

@@ -5,7 +5,7 @@
 #include <vector>
 
 #import "simulator/frameworks/core_graphics/objects.h"
-#import "simulator/frameworks/uikit/graphics/UIGraphics.h"
+#include "simulator/frameworks/uikit/graphics/context_stack.h"
 #include "simulator/frameworks/uikit/graphics/picture_decoder.h"
 #include "simulator/runtime/file_system/phone_root.h"
 #include "simulator/runtime/process/device.h"
@@ -174,7 +174,7 @@ NSString* suffix(int scale) { return [NSString stringWithFormat:@"@%dx", scale];
 }
 
 - (void)drawInRect:(CGRect)rect {
-    const core_graphics::Drawing drawing(UIGraphicsGetCurrentContext(), "CGContextDrawImage");
+    const core_graphics::Drawing drawing(uikit::currentContext(), "CGContextDrawImage");
     if (!drawing || CGRectIsEmpty(rect)) {
         return;
     }

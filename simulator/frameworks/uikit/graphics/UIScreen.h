@@ -21,7 +21,7 @@
 
 @end
 
-// Answered from system 8 on only.
+// The screen has these methods from system 8 on only.
 @interface UIScreen (NativeResolution)
 
 @property (nonatomic, readonly) CGRect nativeBounds;  // pixels of the panel, upright

@@ -3,14 +3,14 @@
 #import <objc/runtime.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <utility>
 
+#include "simulator/frameworks/uikit/graphics/device_traits.h"
 #include "simulator/runtime/process/device.h"
 
-namespace {
+using uikit::systemMajorVersion;
 
-int majorVersion() { return atoi(phone::device().systemVersion.c_str()); }
+namespace {
 
 bool isLandscape() { return phone::device().orientation >= 3; }
 
@@ -39,7 +39,7 @@ constexpr CGFloat kStatusBarHeight = 20;
 @implementation UIScreen
 
 + (void)initialize {
-    if (self != [UIScreen class] || majorVersion() < 8) return;
+    if (self != [UIScreen class] || systemMajorVersion() < 8) return;
     for (NSString* name in @[ @"nativeBounds", @"nativeScale" ]) {
         const SEL selector = NSSelectorFromString(name);
         Method method = class_getInstanceMethod([UIScreenSince8 class], selector);
@@ -59,13 +59,13 @@ constexpr CGFloat kStatusBarHeight = 20;
 - (CGRect)bounds {
     CGFloat width = phone::device().width;
     CGFloat height = phone::device().height;
-    if (majorVersion() >= 8 && isLandscape()) std::swap(width, height);
+    if (systemMajorVersion() >= 8 && isLandscape()) std::swap(width, height);
     return CGRectMake(0, 0, width, height);
 }
 
 - (CGRect)applicationFrame {
     CGRect frame = [self bounds];
-    if (majorVersion() >= 7) return frame;
+    if (systemMajorVersion() >= 7) return frame;
     // Before 7 the screen's bounds stay upright, so in landscape the bar lies along one of their long sides.
     switch (phone::device().orientation) {
         case 3:

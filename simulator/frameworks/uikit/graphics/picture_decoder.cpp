@@ -9,13 +9,10 @@
 #include <string_view>
 
 #include "simulator/frameworks/uikit/graphics/picture_format.h"
+#include "simulator/frameworks/uikit/graphics/unref.h"
 
 namespace uikit {
 namespace {
-
-struct Unref {
-    void operator()(void* object) const { g_object_unref(object); }
-};
 
 void refuseHugeSizes(GdkPixbufLoader* loader, int width, int height, gpointer refused) {
     constexpr int greatestSide = 32767;

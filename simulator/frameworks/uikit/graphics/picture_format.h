@@ -9,7 +9,7 @@ namespace uikit {
 const char* pictureType(std::string_view data);
 
 /// Whether the bytes reach to the picture's end. The decoders for "png", "jpeg" and "bmp" take what there is of a
-/// cut-off picture for the whole; the others notice by themselves, and for them the answer is true.
+/// cut-off picture for the whole; the others notice by themselves, and for them it returns true.
 bool reachesEnd(std::string_view type, std::string_view data);
 
 }  // namespace uikit

@@ -4,12 +4,11 @@
 #include <cmath>
 #include <memory>
 
+#include "simulator/frameworks/uikit/graphics/unref.h"
+
 namespace uikit {
 namespace {
 
-struct Unref {
-    void operator()(void* object) const { g_object_unref(object); }
-};
 struct FreeFont {
     void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }
 };

@@ -1,7 +1,10 @@
-#include "simulator/frameworks/uikit/table/UITableView+Private.h"
+#include "simulator/frameworks/uikit/table/UITableView.h"
 #include "simulator/frameworks/uikit/table/UITableViewCell+Private.h"
+#include "simulator/frameworks/uikit/table/UITableViewInternals.h"
 #include "simulator/frameworks/uikit/table/UITableViewParts.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+
+@interface UITableView (UITableViewInternals) <UITableViewInternals>
+@end
 
 @implementation UITableView (UITableViewCells)
 

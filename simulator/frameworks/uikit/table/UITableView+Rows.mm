@@ -1,9 +1,12 @@
 #include <algorithm>
 #include <vector>
 
-#include "simulator/frameworks/uikit/table/UITableView+Private.h"
+#include "simulator/frameworks/uikit/table/UITableView.h"
+#include "simulator/frameworks/uikit/table/UITableViewInternals.h"
 #include "simulator/frameworks/uikit/table/UITableViewParts.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+
+@interface UITableView (UITableViewInternals) <UITableViewInternals>
+@end
 
 namespace {
 

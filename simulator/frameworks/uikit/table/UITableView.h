@@ -7,24 +7,24 @@
 @class UITableView, UITableViewIndex;
 struct UITableViewRowMap;
 
-enum UITableViewStyle : NSInteger {
+typedef NS_ENUM(NSInteger, UITableViewStyle) {
     UITableViewStylePlain,
     UITableViewStyleGrouped,
 };
 
-enum UITableViewScrollPosition : NSInteger {
+typedef NS_ENUM(NSInteger, UITableViewScrollPosition) {
     UITableViewScrollPositionNone,
     UITableViewScrollPositionTop,
     UITableViewScrollPositionMiddle,
     UITableViewScrollPositionBottom,
 };
 
-enum UITableViewCellSeparatorStyle : NSInteger {
+typedef NS_ENUM(NSInteger, UITableViewCellSeparatorStyle) {
     UITableViewCellSeparatorStyleNone,
     UITableViewCellSeparatorStyleSingleLine,
 };
 
-enum UITableViewRowAnimation : NSInteger {
+typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
     UITableViewRowAnimationFade,
     UITableViewRowAnimationNone = 5,
     UITableViewRowAnimationAutomatic = 100,
@@ -62,7 +62,7 @@ enum UITableViewRowAnimation : NSInteger {
   @private
     UITableViewStyle _style;
     id<UITableViewDataSource> _dataSource;
-    UITableViewRowMap* _rows;
+    struct UITableViewRowMap* _rows;
     NSMutableDictionary* _reusableCells;
     NSMutableDictionary* _cellClasses;
     NSMutableDictionary* _cells;
@@ -130,8 +130,4 @@ enum UITableViewRowAnimation : NSInteger {
 // The same, or a new one of the registered class; raises when no class is registered. +0.
 - (id)dequeueReusableCellWithIdentifier:(NSString*)identifier forIndexPath:(NSIndexPath*)indexPath;
 
-@end
-
-// Holds the cells on systems 7 to 10.
-@interface UITableViewWrapperView : UIView
 @end

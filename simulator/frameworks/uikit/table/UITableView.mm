@@ -2,21 +2,24 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "simulator/frameworks/uikit/graphics/UIColor.h"
 #include "simulator/frameworks/uikit/graphics/UIGraphics.h"
 #include "simulator/frameworks/uikit/graphics/UIScreen.h"
-#include "simulator/frameworks/uikit/table/UITableView+Private.h"
+#include "simulator/frameworks/uikit/graphics/device_traits.h"
+#include "simulator/frameworks/uikit/table/UITableViewInternals.h"
 #include "simulator/frameworks/uikit/table/UITableViewParts.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
-#include "simulator/runtime/process/device.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
+
+@interface UITableView (UITableViewInternals) <UITableViewInternals>
+@end
 
 namespace {
 
-int majorVersion() { return atoi(phone::device().systemVersion.c_str()); }
-
-BOOL wrapsCells() { return majorVersion() >= 7 && majorVersion() <= 10; }
+BOOL wrapsCells() {
+    const int version = uikit::systemMajorVersion();
+    return version >= 7 && version <= 10;
+}
 
 }  // namespace
 
@@ -48,10 +51,10 @@ BOOL wrapsCells() { return majorVersion() >= 7 && majorVersion() <= 10; }
         _cells = [[NSMutableDictionary alloc] init];
         _headers = [[NSMutableDictionary alloc] init];
         _rowHeight = 44;
-        _sectionHeaderHeight = style == UITableViewStyleGrouped ? 38 : majorVersion() >= 8 ? 28 : 22;
+        _sectionHeaderHeight = style == UITableViewStyleGrouped ? 38 : uikit::systemMajorVersion() >= 8 ? 28 : 22;
         _separatorStyle = UITableViewCellSeparatorStyleSingleLine;
         _separatorColor = [[UIColor colorWithRed:0.783 green:0.78 blue:0.8 alpha:1] retain];
-        _separatorInset = UIEdgeInsetsMake(0, phone::device().width >= 414 ? 20 : 15, 0, 0);
+        _separatorInset = UIEdgeInsetsMake(0, uikit::rowInset(), 0, 0);
         _needsReload = YES;
         const BOOL grouped = style == UITableViewStyleGrouped;
         [self setBackgroundColor:grouped ? [UIColor colorWithRed:0.937 green:0.937 blue:0.957 alpha:1]
@@ -104,9 +107,7 @@ BOOL wrapsCells() { return majorVersion() >= 7 && majorVersion() <= 10; }
 
 - (void)setSeparatorColor:(UIColor*)color {
     [self _requireThread:_cmd];
-    [color retain];
-    [_separatorColor release];
-    _separatorColor = color;
+    ASSIGN(_separatorColor, color);
     [self setNeedsLayout];
 }
 
@@ -190,7 +191,7 @@ BOOL wrapsCells() { return majorVersion() >= 7 && majorVersion() <= 10; }
     const CGRect bounds = [self bounds];
     const UIEdgeInsets inset = [self contentInset];
     const CGFloat width = [_index frame].size.width;
-    const CGFloat x = [UIView _mirrorsLayout] ? bounds.origin.x : CGRectGetMaxX(bounds) - width;
+    const CGFloat x = uikit::mirrorsViews() ? bounds.origin.x : CGRectGetMaxX(bounds) - width;
     [_index setFrame:CGRectMake(x, bounds.origin.y + inset.top, width, bounds.size.height - inset.top - inset.bottom)];
 }
 

@@ -3,12 +3,11 @@
 
 #include "simulator/frameworks/uikit/graphics/UIImage.h"
 #include "simulator/frameworks/uikit/graphics/UIScreen.h"
-#include "simulator/frameworks/uikit/table/UITableViewCell+Private.h"
-#include "simulator/frameworks/uikit/table/UITableViewParts.h"
+#include "simulator/frameworks/uikit/graphics/device_traits.h"
+#include "simulator/frameworks/uikit/table/UITableViewCell.h"
+#include "simulator/frameworks/uikit/table/UITableViewCellParts.h"
 #include "simulator/frameworks/uikit/view/UIImageView.h"
 #include "simulator/frameworks/uikit/view/UILabel.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
-#include "simulator/runtime/process/device.h"
 
 namespace {
 
@@ -32,7 +31,7 @@ struct TextArea {
 
     CGFloat width() const { return std::max<CGFloat>(0, right - left); }
     void place(UIView* view, CGFloat x, CGFloat y, CGSize size) const {
-        const CGFloat from = phone::device().rightToLeft ? right - x - size.width : left + x;
+        const CGFloat from = uikit::rightToLeft() ? right - x - size.width : left + x;
         [view setFrame:CGRectMake(from, y, size.width, size.height)];
     }
 };
@@ -88,7 +87,7 @@ void layOutValue2(UILabel* text, UILabel* detail, const TextArea& area) {
 }
 
 - (void)_place:(UIView*)view at:(CGRect)frame {
-    [view setFrame:[UIView _mirrorsLayout] ? flipped(frame, [self bounds].size.width) : frame];
+    [view setFrame:uikit::mirrorsViews() ? flipped(frame, [self bounds].size.width) : frame];
 }
 
 - (CGFloat)_editShift {
@@ -101,7 +100,7 @@ void layOutValue2(UILabel* text, UILabel* detail, const TextArea& area) {
     return [self bounds].size.height - (separated ? hairline() : 0);
 }
 
-// Answers how much of the row the accessory takes.
+// Returns how much of the row the accessory takes.
 - (CGFloat)_layOutAccessory {
     [_defaultAccessory setHidden:_accessoryView != nil];
     [self _placeAccessory:_defaultAccessory];
@@ -135,11 +134,11 @@ void layOutValue2(UILabel* text, UILabel* detail, const TextArea& area) {
     const CGFloat leading = _separatorInset.left + [self _layOutImageInHeight:height];
     const CGFloat trailing = accessoryWidth > 0 ? kAccessoryGap : kTrailingMargin;
     TextArea area{leading, width - trailing, height};
-    if ([UIView _mirrorsLayout]) area = {trailing, width - leading, height};
+    if (uikit::mirrorsViews()) area = {trailing, width - leading, height};
     [self _layOutLabelsIn:area.left < area.right ? area : TextArea{area.left, area.left, height}];
 }
 
-// Answers how far the picture moves the texts.
+// Returns how far the picture moves the texts.
 - (CGFloat)_layOutImageInHeight:(CGFloat)height {
     UIImage* image = [_imageView image];
     if (!image) {
@@ -152,7 +151,7 @@ void layOutValue2(UILabel* text, UILabel* detail, const TextArea& area) {
     const CGRect frame =
         CGRectMake(_separatorInset.left, std::floor((height - size.height) / 2), size.width, size.height);
     const CGFloat width = [_contentView bounds].size.width;
-    [_imageView setFrame:[UIView _mirrorsLayout] ? flipped(frame, width) : frame];
+    [_imageView setFrame:uikit::mirrorsViews() ? flipped(frame, width) : frame];
     return size.width + kImageGap;
 }
 

@@ -1,36 +1,9 @@
 #pragma once
 
+#include "simulator/frameworks/uikit/table/UITableViewCellTypes.h"
 #include "simulator/frameworks/uikit/view/UIView.h"
 
 @class UIImageView, UILabel, UITableViewCellEditControl, UITableViewCellScrollView;
-
-enum UITableViewCellStyle : NSInteger {
-    UITableViewCellStyleDefault,
-    UITableViewCellStyleValue1,
-    UITableViewCellStyleValue2,
-    UITableViewCellStyleSubtitle,
-};
-
-enum UITableViewCellAccessoryType : NSInteger {
-    UITableViewCellAccessoryNone,
-    UITableViewCellAccessoryDisclosureIndicator,
-    UITableViewCellAccessoryDetailDisclosureButton,
-    UITableViewCellAccessoryCheckmark,
-    UITableViewCellAccessoryDetailButton,
-};
-
-enum UITableViewCellEditingStyle : NSInteger {
-    UITableViewCellEditingStyleNone,
-    UITableViewCellEditingStyleDelete,
-    UITableViewCellEditingStyleInsert,
-};
-
-enum UITableViewCellSelectionStyle : NSInteger {
-    UITableViewCellSelectionStyleNone,
-    UITableViewCellSelectionStyleBlue,
-    UITableViewCellSelectionStyleGray,
-    UITableViewCellSelectionStyleDefault,
-};
 
 // A row. From system 8 on the content view stands in the cell itself; on 7 a UITableViewCellScrollView stands between
 // them; before 7 it stands in the cell. The cell's own labels are UITableViewLabels from 8 on, UILabels before.
@@ -91,8 +64,4 @@ enum UITableViewCellSelectionStyle : NSInteger {
 // cell's edge, out of sight. +0.
 - (UIView*)_defaultAccessoryView;
 
-@end
-
-// Between the cell and its content view on system 7.
-@interface UITableViewCellScrollView : UIView
 @end

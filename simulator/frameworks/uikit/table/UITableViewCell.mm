@@ -1,21 +1,13 @@
 #include "simulator/frameworks/uikit/table/UITableViewCell.h"
 
-#include <cstdlib>
-
 #include "simulator/frameworks/uikit/graphics/UIColor.h"
-#include "simulator/frameworks/uikit/table/UITableViewCell+Private.h"
-#include "simulator/frameworks/uikit/table/UITableViewParts.h"
+#include "simulator/frameworks/uikit/graphics/device_traits.h"
+#include "simulator/frameworks/uikit/table/UITableViewCellParts.h"
 #include "simulator/frameworks/uikit/view/UIImageView.h"
 #include "simulator/frameworks/uikit/view/UILabel.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
-#include "simulator/runtime/process/device.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 
 namespace {
-
-int majorVersion() { return atoi(phone::device().systemVersion.c_str()); }
-
-// Wider phones keep contents farther from the edge.
-CGFloat firstInset() { return phone::device().width >= 414 ? 20 : 15; }
 
 struct LabelLook {
     CGFloat textSize, detailSize;
@@ -65,9 +57,9 @@ LabelLook lookOf(UITableViewCellStyle style) {
         _style = style;
         _reuseIdentifier = [reuseIdentifier copy];
         _selectionStyle = UITableViewCellSelectionStyleDefault;
-        _separatorInset = UIEdgeInsetsMake(0, firstInset(), 0, 0);
+        _separatorInset = UIEdgeInsetsMake(0, uikit::rowInset(), 0, 0);
         _contentView = [[UITableViewCellContentView alloc] initWithFrame:[self bounds]];
-        if (majorVersion() == 7) {
+        if (uikit::systemMajorVersion() == 7) {
             _scrollView = [[UITableViewCellScrollView alloc] initWithFrame:[self bounds]];
             [self addSubview:_scrollView];
         }
@@ -100,7 +92,7 @@ LabelLook lookOf(UITableViewCellStyle style) {
 
 - (UILabel*)_makeLabelOfSize:(CGFloat)size {
     Class labelClass = [UILabel class];
-    if (majorVersion() >= 8) labelClass = [UITableViewLabel class];
+    if (uikit::systemMajorVersion() >= 8) labelClass = [UITableViewLabel class];
     UILabel* label = [[labelClass alloc] initWithFrame:CGRectZero];
     [label setFont:[UIFont systemFontOfSize:size]];
     [label setTextAlignment:NSTextAlignmentNatural];
@@ -183,10 +175,6 @@ LabelLook lookOf(UITableViewCellStyle style) {
 - (void)setSeparatorInset:(UIEdgeInsets)inset {
     [self _requireThread:_cmd];
     _hasOwnSeparatorInset = YES;
-    [self _showSeparatorInset:inset];
-}
-
-- (void)_showSeparatorInset:(UIEdgeInsets)inset {
     if (UIEdgeInsetsEqualToEdgeInsets(_separatorInset, inset)) return;
     _separatorInset = inset;
     [self setNeedsLayout];
@@ -244,35 +232,6 @@ LabelLook lookOf(UITableViewCellStyle style) {
 - (void)prepareForReuse {
     [self setSelected:NO animated:NO];
     [self setHighlighted:NO animated:NO];
-}
-
-@end
-
-@implementation UITableViewCell (UITableViewCellPrivate)
-
-- (void)_setEditingStyle:(UITableViewCellEditingStyle)style {
-    _editingStyle = style;
-}
-
-- (void)_setSeparatorColor:(UIColor*)color {
-    if (color == [_separatorView backgroundColor]) return;
-    if (color && !_separatorView) {
-        _separatorView = [[UIView alloc] initWithFrame:CGRectZero];
-        [[self _container] addSubview:_separatorView];
-    }
-    [_separatorView setBackgroundColor:color];
-    [_separatorView setHidden:color == nil];
-    [self setNeedsLayout];
-}
-
-- (void)_setTableSeparatorInset:(UIEdgeInsets)inset {
-    if (!_hasOwnSeparatorInset) [self _showSeparatorInset:inset];
-}
-
-- (void)_setIndexWidth:(CGFloat)width {
-    if (width == _indexWidth) return;
-    _indexWidth = width;
-    [self setNeedsLayout];
 }
 
 @end

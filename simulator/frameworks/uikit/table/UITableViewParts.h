@@ -1,32 +1,13 @@
-// The small views that a table and its cells are put together from.
+// The small views that a table is put together from.
 #pragma once
 
-#include "simulator/frameworks/uikit/control/UIControl.h"
-#include "simulator/frameworks/uikit/table/UITableViewCell.h"
+#include "simulator/frameworks/uikit/view/UIView.h"
 
 @class UILabel;
 
-@interface UITableViewCellContentView : UIView
+// Holds the cells on systems 7 to 10.
+@interface UITableViewWrapperView : UIView
 @end
-
-// The red circle with a white bar, or the green one with a plus.
-@interface UITableViewCellEditControl : UIControl {
-  @private
-    UITableViewCellEditingStyle _style;
-}
-@property (nonatomic) UITableViewCellEditingStyle style;
-@end
-
-// The chevron or the tick.
-@interface UITableViewCellAccessoryMark : UIView {
-  @private
-    UITableViewCellAccessoryType _type;
-}
-- (instancetype)initWithType:(UITableViewCellAccessoryType)type;
-@end
-
-// A view of the right size and look for the type; nil for none. +0.
-UIView* UITableViewMakeAccessory(UITableViewCellAccessoryType type);
 
 // A section's title on a grey bar.
 @interface UITableViewHeaderFooterView : UIView {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "simulator/frameworks/uikit/view/UILabel.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 #include "simulator/runtime/process/device.h"
 
 namespace {
@@ -13,7 +13,7 @@ namespace {
 // Far beyond every date that a calendar is made for, and well within what time_t and a year's number hold.
 constexpr double kFurthest = 1e12;
 
-// Nothing for a moment that no calendar tells.
+// Nothing for a moment beyond every calendar.
 std::optional<tm> localTime(NSDate* date) {
     const double since1970 = [date timeIntervalSince1970];
     if (!(fabs(since1970) <= kFurthest)) return std::nullopt;
@@ -37,7 +37,7 @@ NSString* formatted(const tm& time, const char* format) {
     return [NSString stringWithUTF8String:buffer];
 }
 
-// Empty for a date that cannot be told: a call history may hold any number.
+// Empty for a date that has no form: a call history may hold any number.
 NSString* textFor(NSDate* date) {
     const std::optional<tm> then = localTime(date);
     const std::optional<tm> now = localTime([NSDate date]);
@@ -63,9 +63,7 @@ NSString* textFor(NSDate* date) {
 
 - (void)setDate:(NSDate*)date {
     [self _requireThread:_cmd];
-    [date retain];
-    [_date release];
-    _date = date;
+    ASSIGN(_date, date);
     [self setText:date ? textFor(date) : nil];
 }
 

@@ -2,7 +2,7 @@
 
 #include "simulator/frameworks/uikit/graphics/UIGraphics.h"
 #include "simulator/frameworks/uikit/graphics/UIImage.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 
 namespace {
 
@@ -45,17 +45,13 @@ CGImageRef uprightPixels(UIImage* image) {
 
 - (void)setImage:(UIImage*)image {
     [self _requireThread:_cmd];
-    [image retain];
-    [_image release];
-    _image = image;
+    ASSIGN(_image, image);
     [self _showImage];
 }
 
 - (void)setHighlightedImage:(UIImage*)image {
     [self _requireThread:_cmd];
-    [image retain];
-    [_highlightedImage release];
-    _highlightedImage = image;
+    ASSIGN(_highlightedImage, image);
     [self _showImage];
 }
 

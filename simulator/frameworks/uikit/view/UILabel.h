@@ -38,8 +38,8 @@
 @interface UITableViewLabel : UILabel
 @end
 
-// A point in time, told the way the phone's lists tell it: the time of day for today, "Yesterday", the weekday within
-// a week, else the date.
+// A point in time in the form that the phone's lists give it: the time of day for today, "Yesterday", the weekday
+// within a week, else the date.
 @interface UIDateLabel : UILabel {
   @private
     NSDate* _date;

@@ -2,22 +2,21 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "simulator/frameworks/uikit/graphics/UIColor.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
-#include "simulator/runtime/process/device.h"
+#include "simulator/frameworks/uikit/graphics/device_traits.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 
 namespace {
 
 // Labels follow the direction of reading by themselves from system 9 on.
 NSTextAlignment firstAlignment() {
-    return atoi(phone::device().systemVersion.c_str()) >= 9 ? NSTextAlignmentNatural : NSTextAlignmentLeft;
+    return uikit::systemMajorVersion() >= 9 ? NSTextAlignmentNatural : NSTextAlignmentLeft;
 }
 
 NSTextAlignment resolved(NSTextAlignment alignment) {
     if (alignment != NSTextAlignmentNatural) return alignment;
-    return phone::device().rightToLeft ? NSTextAlignmentRight : NSTextAlignmentLeft;
+    return uikit::rightToLeft() ? NSTextAlignmentRight : NSTextAlignmentLeft;
 }
 
 }  // namespace
@@ -58,23 +57,17 @@ NSTextAlignment resolved(NSTextAlignment alignment) {
 
 - (void)setText:(NSString*)text {
     [self _requireThread:_cmd];
-    NSString* copied = [text copy];
-    [_text release];
-    _text = copied;
+    ASSIGNCOPY(_text, text);
 }
 
 - (void)setFont:(UIFont*)font {
     [self _requireThread:_cmd];
-    [font retain];
-    [_font release];
-    _font = font;
+    ASSIGN(_font, font);
 }
 
 - (void)setTextColor:(UIColor*)color {
     [self _requireThread:_cmd];
-    [color retain];
-    [_textColor release];
-    _textColor = color;
+    ASSIGN(_textColor, color);
 }
 
 - (CGSize)_textSizeForWidth:(CGFloat)width {

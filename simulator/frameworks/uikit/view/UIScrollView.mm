@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 
 @implementation UIScrollView
 

@@ -7,8 +7,8 @@
 
 // Lays the view's tree out and draws it at the main screen's scale on white, showing the part of it that its bounds
 // show. +0. Main thread.
-UIImage* UISnapshotOfView(UIView* view);
+CG_EXTERN UIImage* UISnapshotOfView(UIView* view);
 
 // The same as a PNG file at a path of the desk's file system (not the phone's). NO with *error set when it cannot be
 // written.
-BOOL UIWriteSnapshotOfView(UIView* view, NSString* path, NSError** error);
+CG_EXTERN BOOL UIWriteSnapshotOfView(UIView* view, NSString* path, NSError** error);

@@ -2,9 +2,9 @@
 
 #include "simulator/frameworks/uikit/graphics/UIColor.h"
 #include "simulator/frameworks/uikit/graphics/UIGraphics.h"
+#include "simulator/frameworks/uikit/graphics/UIImage.h"
 #include "simulator/frameworks/uikit/graphics/UIScreen.h"
 #include "simulator/frameworks/uikit/graphics/pixels.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
 
 UIImage* UISnapshotOfView(UIView* view) {
     [view layoutIfNeeded];

@@ -1,5 +1,5 @@
-#include "simulator/frameworks/uikit/controller/UIWindow.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
+#include "simulator/frameworks/uikit/view/UIView.h"
 
 namespace {
 
@@ -20,10 +20,9 @@ void tellWindowChange(UIView* view) {
     return [NSArray arrayWithArray:_subviews];
 }
 
+// A window overrides it, and so ends the search.
 - (UIWindow*)window {
-    UIView* view = self;
-    while (view->_superview) view = view->_superview;
-    return [view isKindOfClass:[UIWindow class]] ? (UIWindow*)view : nil;
+    return [_superview window];
 }
 
 - (void)addSubview:(UIView*)view {
@@ -122,7 +121,7 @@ void tellWindowChange(UIView* view) {
 }
 
 - (UIView*)viewWithTag:(NSInteger)tag {
-    // Through the getter: a subclass may answer another tag.
+    // Through the getter: a subclass may return another tag.
     if ([self tag] == tag) return self;
     for (UIView* view in _subviews) {
         UIView* found = [view viewWithTag:tag];

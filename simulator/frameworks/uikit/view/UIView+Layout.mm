@@ -1,11 +1,9 @@
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
-#include "simulator/frameworks/uikit/controller/UIViewController.h"
-#include "simulator/frameworks/uikit/controller/UIWindow+Private.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 #include "simulator/frameworks/uikit/view/UIView+Private.h"
-#include "simulator/runtime/process/device.h"
+#include "simulator/frameworks/uikit/view/UIViewDelegate.h"
 
 namespace {
 
@@ -45,15 +43,15 @@ CGPoint offsetToRoot(UIView* view) {
 - (void)setNeedsLayout {
     [self _requireThread:_cmd];
     _needsLayout = YES;
-    if ([self window]) [UIWindow _scheduleLayoutPass];
+    [self _descendantNeedsLayout];
 }
 
 - (void)layoutIfNeeded {
     [self _requireThread:_cmd];
     if (_needsLayout) {
-        [_viewController viewWillLayoutSubviews];
+        [_viewDelegate viewWillLayoutSubviews];
         [self layoutSubviews];
-        [_viewController viewDidLayoutSubviews];
+        [_viewDelegate viewDidLayoutSubviews];
         // What the view did to its own subviews just now is no reason for another pass.
         _needsLayout = NO;
     }
@@ -95,6 +93,14 @@ CGPoint offsetToRoot(UIView* view) {
     return rect;
 }
 
+@end
+
+@implementation UIView (UIViewLayerOwner)
+
+- (void)_layer:(CALayer*)layer willBeChangedBy:(SEL)method {
+    [self _requireThread:method];
+}
+
 - (void)_layer:(CALayer*)layer changedSizeFrom:(CGSize)oldSize {
     const CGSize size = [layer bounds].size;
     for (UIView* view in _subviews) {
@@ -103,10 +109,6 @@ CGPoint offsetToRoot(UIView* view) {
         [view setFrame:resized([view frame], mask, size.width - oldSize.width, size.height - oldSize.height)];
     }
     [self setNeedsLayout];
-}
-
-+ (BOOL)_mirrorsLayout {
-    return phone::device().rightToLeft && atoi(phone::device().systemVersion.c_str()) >= 9;
 }
 
 @end

@@ -7,9 +7,10 @@
 #include "simulator/frameworks/uikit/graphics/UIGeometry.h"
 #include "simulator/frameworks/uikit/view/UIResponder.h"
 
-@class UIColor, UIViewController, UIWindow;
+@class UIColor, UIWindow;
+@protocol UIViewDelegate;
 
-enum UIViewContentMode : NSInteger {
+typedef NS_ENUM(NSInteger, UIViewContentMode) {
     UIViewContentModeScaleToFill,
     UIViewContentModeScaleAspectFit,
     UIViewContentModeScaleAspectFill,
@@ -25,8 +26,7 @@ enum UIViewContentMode : NSInteger {
     UIViewContentModeBottomRight,
 };
 
-using UIViewAutoresizing = NSUInteger;
-enum : NSUInteger {
+typedef NS_OPTIONS(NSUInteger, UIViewAutoresizing) {
     UIViewAutoresizingNone = 0,
     UIViewAutoresizingFlexibleLeftMargin = 1 << 0,
     UIViewAutoresizingFlexibleWidth = 1 << 1,
@@ -43,7 +43,7 @@ enum : NSUInteger {
     NSMutableArray* _subviews;
     UIColor* _backgroundColor;
     UIColor* _tintColor;
-    UIViewController* _viewController;
+    UIResponder<UIViewDelegate>* _viewDelegate;  // the controller whose view this is; unowned
     NSInteger _tag;
     UIViewContentMode _contentMode;
     UIViewAutoresizing _autoresizingMask;

@@ -2,14 +2,9 @@
 
 #import <objc/runtime.h>
 
-#include <stdio.h>
-#include <stdlib.h>
-
-#include "simulator/frameworks/uikit/controller/UIViewController.h"
-#include "simulator/frameworks/uikit/controller/UIWindow.h"
 #include "simulator/frameworks/uikit/graphics/UIColor.h"
 #include "simulator/frameworks/uikit/graphics/UIGraphics.h"
-#include "simulator/frameworks/uikit/view/UIView+Private.h"
+#include "simulator/frameworks/uikit/view/UIResponder+Private.h"
 
 namespace {
 
@@ -93,7 +88,7 @@ NSString* gravityOf(UIViewContentMode mode) {
 }
 
 - (UIResponder*)nextResponder {
-    return _viewController ? (UIResponder*)_viewController : (UIResponder*)_superview;
+    return _viewDelegate ? _viewDelegate : (UIResponder*)_superview;
 }
 
 - (void)setTag:(NSInteger)tag {
@@ -161,9 +156,7 @@ NSString* gravityOf(UIViewContentMode mode) {
 
 - (void)setBackgroundColor:(UIColor*)color {
     [self _requireThread:_cmd];
-    [color retain];
-    [_backgroundColor release];
-    _backgroundColor = color;
+    ASSIGN(_backgroundColor, color);
     [_layer setBackgroundColor:[color CGColor]];
 }
 
@@ -175,9 +168,7 @@ NSString* gravityOf(UIViewContentMode mode) {
 
 - (void)setTintColor:(UIColor*)color {
     [self _requireThread:_cmd];
-    [color retain];
-    [_tintColor release];
-    _tintColor = color;
+    ASSIGN(_tintColor, color);
 }
 
 - (void)setContentMode:(UIViewContentMode)mode {
@@ -203,24 +194,8 @@ NSString* gravityOf(UIViewContentMode mode) {
     UIGraphicsPopContext();
 }
 
-@end
-
-@implementation UIView (UIViewPrivate)
-
-- (void)_requireThread:(SEL)method {
-    if ([NSThread isMainThread] || (_madeOffMainThread && ![self window])) return;
-    // An exception would be swallowed by the operation queue whose thread this most likely is.
-    fprintf(stderr, "UIKit: -[%s %s] must be used from the main thread only\n",
-            [NSStringFromClass([self class]) UTF8String], [NSStringFromSelector(method) UTF8String]);
-    abort();
-}
-
-- (UIViewController*)_viewController {
-    return _viewController;
-}
-
-- (void)_setViewController:(UIViewController*)controller {
-    _viewController = controller;
+- (BOOL)_mayChangeOffMainThread {
+    return _madeOffMainThread && ![self window];
 }
 
 @end

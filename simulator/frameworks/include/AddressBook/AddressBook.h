@@ -1,0 +1,1 @@
+#include "simulator/frameworks/address_book/address_book.h"

@@ -1,0 +1,1 @@
+#include "simulator/frameworks/contacts_ui/contacts_ui.h"

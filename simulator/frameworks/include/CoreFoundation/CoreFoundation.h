@@ -1,0 +1,1 @@
+#include "simulator/frameworks/core_foundation/core_foundation.h"

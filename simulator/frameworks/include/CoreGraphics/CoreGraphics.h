@@ -1,0 +1,1 @@
+#include "simulator/frameworks/core_graphics/core_graphics.h"

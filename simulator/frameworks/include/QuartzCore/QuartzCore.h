@@ -1,0 +1,1 @@
+#include "simulator/frameworks/quartz_core/quartz_core.h"

@@ -1,0 +1,1 @@
+#include "simulator/frameworks/uikit/uikit.h"

@@ -1,0 +1,1 @@
+#include "simulator/frameworks/substrate/substrate.h"

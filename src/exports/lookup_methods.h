@@ -1,0 +1,13 @@
+// Lookups of contacts and their pictures, for other code in the process.
+#pragma once
+
+#include <span>
+
+#include "src/platform/class_builder.h"
+
+namespace zelka {
+
+// Class methods of ZelkaCBUtils.
+std::span<const MethodRow> lookupMethods();
+
+}  // namespace zelka

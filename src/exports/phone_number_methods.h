@@ -1,0 +1,13 @@
+// Phone numbers as texts, for other code in the process.
+#pragma once
+
+#include <span>
+
+#include "src/platform/class_builder.h"
+
+namespace zelka {
+
+// Class methods of ZelkaCBUtils.
+std::span<const MethodRow> phoneNumberMethods();
+
+}  // namespace zelka

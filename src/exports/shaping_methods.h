@@ -1,0 +1,13 @@
+// Shaping of pictures, for other code in the process.
+#pragma once
+
+#include <span>
+
+#include "src/platform/class_builder.h"
+
+namespace zelka {
+
+// Class methods of ZelkaCBUtils.
+std::span<const MethodRow> shapingMethods();
+
+}  // namespace zelka

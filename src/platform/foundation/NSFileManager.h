@@ -1,0 +1,16 @@
+// Questions to the file system. Any thread.
+#pragma once
+
+#include "src/platform/foundation/NSString.h"
+
+struct NSFileManager : NSObject {
+    static NSFileManager shared() {
+        return zelka::send<NSFileManager, "defaultManager">(zelka::platformClass<NSFileManager>());
+    }
+    // Whether a file or directory is there.
+    bool exists(NSString path) const { return zelka::send<bool, "fileExistsAtPath:">(*this, path); }
+    // The same by the other method, with the question whether it is a directory left unasked.
+    bool existsOfAnyKind(NSString path) const {
+        return zelka::send<bool, "fileExistsAtPath:isDirectory:">(*this, path, static_cast<BOOL*>(nullptr));
+    }
+};

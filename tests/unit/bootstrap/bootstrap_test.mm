@@ -4,6 +4,7 @@
 #include "simulator/runtime/process/library_loader.h"
 #include "tests/support/extension.h"
 #include "tests/support/library_path.h"
+#include "tests/support/parameter_name.h"
 #include "tests/support/property_list.h"
 
 namespace {
@@ -210,13 +211,31 @@ TEST_P(NearlyServed, AnIdentifierThatOnlyResemblesAServedOneIsNotServed) {
 INSTANTIATE_TEST_SUITE_P(Identifiers, NearlyServed,
                          testing::Values("com.apple.SpringBoard", "com.apple.springboard.helper", "com.apple.spring",
                                          "net.vantrel.CallBarViewService", "net.vantrel.callbarviewservice2",
-                                         "net.vantrel.callbar"));
+                                         "net.vantrel.callbar"),
+                         test::ParameterName());
 
 TEST_F(Bootstrap, NothingHappensInAProcessWithoutIdentifier) {
     boot("");
     EXPECT_TRUE(observed().empty());
     EXPECT_FALSE(root.exists(kLogPath));
     EXPECT_FALSE(root.exists(kSettingsPath));
+}
+
+TEST_F(Bootstrap, WhatEndsTheProcessIsSeenThoughStandardErrorIsTheLog) {
+    EXPECT_DEATH(
+        {
+            boot();
+            fputs("the last words\n", stderr);
+            abort();
+        },
+        "the last words");
+    EXPECT_EXIT(
+        {
+            boot();
+            fputs("the last words\n", stderr);
+            exit(3);
+        },
+        testing::ExitedWithCode(3), "the last words");
 }
 
 TEST_F(Bootstrap, DoesNotMakeTheSettings) {

@@ -140,7 +140,7 @@ class Reach:
 
     def _lines_with_code(self, made):
         """The lines of src/ that an object has code of, by its line table."""
-        listed = subprocess.run(["llvm-dwarfdump-14", "--debug-line", made], capture_output=True, text=True,
+        listed = subprocess.run(["llvm-dwarfdump", "--debug-line", made], capture_output=True, text=True,
                                 check=True).stdout
         return parse_line_tables(listed, self.build.root)
 
@@ -166,9 +166,9 @@ class Reach:
         if not profiles:
             return {}
         merged = os.path.join(workplace, "merged")
-        subprocess.run(["llvm-profdata-14", "merge", "-sparse", "-o", merged, *profiles], check=True,
+        subprocess.run(["llvm-profdata", "merge", "-sparse", "-o", merged, *profiles], check=True,
                        capture_output=True)
-        command = ["llvm-cov-14", "export", "-format=lcov", "-instr-profile=" + merged, programs[0]]
+        command = ["llvm-cov", "export", "-format=lcov", "-instr-profile=" + merged, programs[0]]
         for other in programs[1:]:
             command += ["-object", other]
         listed = subprocess.run(command, check=True, capture_output=True, text=True).stdout

@@ -23,8 +23,8 @@ TEST_F(OtherProcesses, ListAndGeneratorAreTheSystems) {
     makeWidePhone();
     OtherProcess plain(options(), false);
     OtherProcess loaded(options(), true);
-    EXPECT_EQ(plain.libraries(), 0);
-    EXPECT_EQ(loaded.libraries(), 1);
+    EXPECT_EQ(plain.libraries(), 0u);
+    EXPECT_EQ(loaded.libraries(), 1u);
     const Json rows = loaded.rows();
     EXPECT_GT(rows.size(), 5u);
     EXPECT_EQ(rows, plain.rows());
@@ -56,7 +56,7 @@ TEST_F(OtherProcesses, AnIdentifierInOtherLettersIsNotServed) {
     makePhone();
     loadInto("com.apple.Springboard");
     OtherProcess loaded(optionsAs("com.apple.Springboard"), true);
-    EXPECT_EQ(loaded.libraries(), 1);
+    EXPECT_EQ(loaded.libraries(), 1u);
     for (const Json& row : loaded.rows()) EXPECT_EQ(row.at("hasPictureView"), false);
     EXPECT_FALSE(std::filesystem::exists(host("private/var/tmp/ZelkaCB.log")));
 }

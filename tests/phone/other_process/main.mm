@@ -72,23 +72,27 @@ UIWindow* CallBarWindow(void) { return window; }
 
 namespace hosts {
 
-CommandResult carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries) {
+phone::Result<Reply> carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries) {
     NSString* name = [command objectForKey:@"do"];
-    if ([name isEqualToString:@"rows"]) return {
-            @{@"rows" : rows()}, nil, false
+    if ([name isEqualToString:@"rows"]) return Reply {
+            @{@"rows" : rows()}
         };
-    if ([name isEqualToString:@"monogram"]) return {monogram([[command objectForKey:@"contact"] intValue]), nil, false};
+    if ([name isEqualToString:@"monogram"]) return Reply{monogram([[command objectForKey:@"contact"] intValue])};
     if ([name isEqualToString:@"settle"]) {
-        const bool rests = phone::settle([[command objectForKey:@"timeout"] doubleValue]);
-        return { rests ? @{} : nil, rests ? nil : @"still waiting", false };
+        if (phone::settle([[command objectForKey:@"timeout"] doubleValue])) return Reply {
+                @{}
+            };
+        return phone::failure("still waiting");
     }
-    if ([name isEqualToString:@"info"]) return {
-            @{@"libraries" : [NSNumber numberWithUnsignedLong:injectedLibraries.size()]}, nil, false
+    if ([name isEqualToString:@"info"]) {
+        return Reply {
+            @{@"libraries" : [NSNumber numberWithUnsignedLong:injectedLibraries.size()]}
         };
-    if ([name isEqualToString:@"quit"]) return {
-            @{}, nil, true
+    }
+    if ([name isEqualToString:@"quit"]) return Reply {
+            @{}, true
         };
-    return {nil, [NSString stringWithFormat:@"no command \"%@\"", name], false};
+    return phone::failure(std::string("no command \"") + [name UTF8String] + "\"");
 }
 
 }  // namespace hosts

@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "simulator/maker/contacts/address_book_builder.h"
+#include "simulator/runtime/process/process_state.h"
 #include "tests/support/extension.h"
 #include "tests/support/pictures.h"
 #include "tests/support/sqlite_calls.h"
@@ -275,6 +276,27 @@ TEST_F(Preload, KeepsMemoryFlat) {
     EXPECT_GT(before, 0);
     // The address sanitizer keeps up to 256 MB of what was freed.
     EXPECT_LT(kilobytes("VmHWM") - before, 400 * 1024);
+}
+
+// From now on the system says that this is another machine.
+void becomeAnother(const char* machine, const char* name) {
+    phone::process().device.machine = machine;
+    ASSERT_STREQ([[Hardware platformString] UTF8String], name);
+}
+
+TEST_F(Preload, IsWorthItForTheDeviceThatItWasFirstAskedOn) {
+    boot();
+    EXPECT_TRUE([Utils canprepareImageCache]);
+    becomeAnother("iPad5,3", "iPad");
+    EXPECT_TRUE([Utils canprepareImageCache]);
+}
+
+TEST_F(Preload, FindsOutTheDeviceWhenItIsFirstAskedAndNotBefore) {
+    boot();
+    becomeAnother("iPad5,3", "iPad");
+    EXPECT_FALSE([Utils canprepareImageCache]);
+    becomeAnother("iPhone3,1", "iPhone 4");
+    EXPECT_FALSE([Utils canprepareImageCache]);
 }
 
 class PreloadOnDevice : public test::ExtensionTest, public testing::WithParamInterface<std::pair<const char*, bool>> {

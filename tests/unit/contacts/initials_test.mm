@@ -98,7 +98,9 @@ TEST_F(InitialsFromName, KnowLettersMarksAndNumbersOfEveryScript) {
 // What the eye takes for one character may be several UTF-16 units, of which an initial is the first.
 TEST_F(InitialsFromName, AreUtf16UnitsAndNotWhatTheEyeTakesForOne) {
     EXPECT_EQ(of("E\xCC\x81lodie"), "E");
-    EXPECT_EQ(of("E\xCC\x81lodie C\xCC\xA7elik"), "EC");
+    EXPECT_EQ(of("E\xCC\x81lodie C\xCC\xA7"
+                 "elik"),
+              "EC");
     EXPECT_EQ(of("\u0939\u093F\u0928 \u0915\u094D\u0937"), "\u0939\u0915");
     NSString* pair = [NSString stringWithUTF8String:"\U00020BB7"];
     ASSERT_EQ([pair length], 2u);
@@ -288,6 +290,17 @@ TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFour) {
     EXPECT_EQ(loggedLines("], Error while preparing statement: 'file is not a database'"), 2);
 }
 
+TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountBeyondFour) {
+    const int contact = addNamed("John", "Smith");
+    replaceByGarbage(kAddressBook);
+    boot();
+    Restoring restoring(*this, kAddressBook, 0.4);
+    EXPECT_TRUE([[Utils getMonogramTextFromAB:contact currentReadCount:9] isEqualToString:@"JS"]);
+    EXPECT_EQ(loggedLines("], Max waiting attempts over, hence returning monogram thorugh AB API for contact: " +
+                          std::to_string(contact)),
+              1);
+}
+
 TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFourWhenTheDatabaseCannotBeOpened) {
     const int contact = addNamed("John", "Smith");
     replaceByDirectory(kAddressBook);
@@ -328,7 +341,8 @@ TEST_F(InitialsFromAddressBook, TakeNamesAsTheyAre) {
 }
 
 TEST_F(InitialsFromAddressBook, AreUtf16UnitsAndNotWhatTheEyeTakesForOne) {
-    const int contact = addNamed("E\xCC\x81lodie", "C\xCC\xA7elik");
+    const int contact = addNamed("E\xCC\x81lodie", "C\xCC\xA7"
+                                                   "elik");
     boot();
     EXPECT_TRUE([[Utils monogramTextFromContactID:contact] isEqualToString:@"EC"]);
     EXPECT_TRUE([[Utils monogramTextFromAB:contact] isEqualToString:@"EC"]);

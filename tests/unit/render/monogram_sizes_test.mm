@@ -87,6 +87,19 @@ TEST_F(MonogramSizes, OfADiscOverASourceGoByTheSizeAskedForAndNotByTheSource) {
     }
 }
 
+TEST_F(MonogramSizes, OfADiscThatIsLargerThanItsSourceShowWhatOfItFallsOntoTheSource) {
+    boot();
+    UIImage* picture = [Utils getMonogramImage:0
+                                        source:test::redPicture(40, 40, 2)
+                                          size:CGSizeMake(60, 60)
+                                         color:[UIColor blueColor]];
+    EXPECT_EQ([picture size].width, 40);
+    // 7 points from the corner is outside of a disc of 60 points, but would be inside of one of 40.
+    EXPECT_EQ(pixel(picture, 14, 14).a, 0);
+    EXPECT_TRUE(near(pixel(picture, 20, 20), kRed));
+    EXPECT_TRUE(near(pixel(picture, 79, 79), kRed));
+}
+
 class MonogramsOfNobody : public test::ExtensionTest {
   protected:
     // Keeps a picture under the number.

@@ -1,6 +1,16 @@
 // The host's labels and icon where a row is read from the right, or has several details.
 #include "tests/unit/hooks/transparent_cell_test.h"
 
+// By descent from the host's: a date, and an icon.
+@interface LongDateLabel : UIDateLabel
+@end
+@implementation LongDateLabel
+@end
+@interface FancyIcon : UIImageView
+@end
+@implementation FancyIcon
+@end
+
 namespace {
 
 using test::frameOf;
@@ -55,6 +65,27 @@ TEST_F(TransparentCell, TheIconFollowsTheFirstOfSeveralDetails) {
     ASSERT_EQ([second tag], kDetailTag);
     ASSERT_NE(CGRectGetMaxX([first frame]), CGRectGetMaxX([second frame]));
     EXPECT_EQ([icon frame].origin.x, CGRectGetMaxX([first frame]) + 5);
+}
+
+TEST_F(TransparentCell, OnlyAnExactDateLabelIsTheDate) {
+    boot();
+    makeCell();
+    UILabel* name = label([cell_ contentView], @"Ann", CGRectMake(15, 5, 250, 20), [UITableViewLabel class]);
+    UILabel* date = label(cell_, @"6/9/15", CGRectMake(240, 10, 60, 20), [LongDateLabel class]);
+    layOut();
+    EXPECT_EQ(frameOf(name), "52 5 250 20");
+    EXPECT_EQ([date tag], kDetailTag);
+    EXPECT_EQ([date frame].origin.x, 52);
+}
+
+TEST_F(TransparentCell, EveryKindOfImageViewIsAnIcon) {
+    boot();
+    makeCell();
+    UILabel* detail = label(cell_, @"mobile", CGRectMake(15, 30, 80, 16));
+    FancyIcon* fancy = [[[FancyIcon alloc] initWithFrame:CGRectMake(200, 30, 12, 10)] autorelease];
+    [[cell_ contentView] addSubview:fancy];
+    layOut();
+    EXPECT_EQ([fancy frame].origin.x, CGRectGetMaxX([detail frame]) + 5);
 }
 
 }  // namespace

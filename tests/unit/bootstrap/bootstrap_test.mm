@@ -198,6 +198,15 @@ TEST_F(Bootstrap, AProcessThatIsNotServedIsObservedForAndLeftAlone) {
     EXPECT_FALSE(root.exists(kSettingsPath));
 }
 
+TEST_F(Bootstrap, ASettingsFileIsLeftAsItIsInAProcessThatIsNotServed) {
+    const std::string before = propertyList({{"ZelkaCBEnabledRecents", false}});
+    root.write(kSettingsPath, before);
+    std::filesystem::create_hard_link(root.host(kSettingsPath), root.host("/tmp/old.plist"));
+    boot("com.apple.mobilephone");
+    EXPECT_EQ(root.read(kSettingsPath), before);
+    EXPECT_TRUE(std::filesystem::equivalent(root.host(kSettingsPath), root.host("/tmp/old.plist"))) << "written anew";
+}
+
 class NearlyServed : public Bootstrap, public testing::WithParamInterface<const char*> {};
 
 // Letter case and length of the identifier count.

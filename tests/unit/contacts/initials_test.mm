@@ -88,6 +88,23 @@ TEST_F(InitialsFromName, KnowLettersMarksAndNumbersOfEveryScript) {
     EXPECT_EQ(of("\xCC\x81 x"), "\xCC\x81x");
 }
 
+// What the eye takes for one character may be several UTF-16 units, of which an initial is the first.
+TEST_F(InitialsFromName, AreUtf16UnitsAndNotWhatTheEyeTakesForOne) {
+    EXPECT_EQ(of("E\xCC\x81lodie"), "E");
+    EXPECT_EQ(of("E\xCC\x81lodie C\xCC\xA7"
+                 "elik"),
+              "EC");
+    EXPECT_EQ(of("\u0939\u093F\u0928 \u0915\u094D\u0937"), "\u0939\u0915");
+    NSString* pair = [NSString stringWithUTF8String:"\U00020BB7"];
+    ASSERT_EQ([pair length], 2u);
+    NSString* one = [Utils monogramTextFromName:pair];
+    ASSERT_EQ([one length], 1u);
+    EXPECT_EQ([one characterAtIndex:0], [pair characterAtIndex:0]);
+    NSString* two = [Utils monogramTextFromName:[NSString stringWithFormat:@"%@ %@", pair, pair]];
+    ASSERT_EQ([two length], 2u);
+    for (NSUInteger i : {0u, 1u}) EXPECT_EQ([two characterAtIndex:i], [pair characterAtIndex:0]);
+}
+
 TEST_F(InitialsFromName, TakeSymbolsForSeparators) {
     EXPECT_EQ(of("☎ Office"), " ");
     EXPECT_EQ(of("Anna ☎"), "A");
@@ -260,6 +277,17 @@ TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFour) {
     EXPECT_EQ(loggedLines("], Error while preparing statement: 'file is not a database'"), 2);
 }
 
+TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountBeyondFour) {
+    const int contact = addNamed("John", "Smith");
+    replaceByGarbage(kAddressBook);
+    boot();
+    Restoring restoring(*this, kAddressBook, 0.4);
+    EXPECT_TRUE([[Utils getMonogramTextFromAB:contact currentReadCount:9] isEqualToString:@"JS"]);
+    EXPECT_EQ(loggedLines("], Max waiting attempts over, hence returning monogram thorugh AB API for contact: " +
+                          std::to_string(contact)),
+              1);
+}
+
 TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFourWhenTheDatabaseCannotBeOpened) {
     const int contact = addNamed("John", "Smith");
     replaceByDirectory(kAddressBook);
@@ -297,6 +325,14 @@ TEST_F(InitialsFromAddressBook, TakeNamesAsTheyAre) {
     EXPECT_TRUE([[Utils monogramTextFromContactID:last] isEqualToString:@"P"]);
     EXPECT_EQ([Utils monogramTextFromContactID:none], nil);
     EXPECT_EQ([Utils monogramTextFromContactID:4711], nil);
+}
+
+TEST_F(InitialsFromAddressBook, AreUtf16UnitsAndNotWhatTheEyeTakesForOne) {
+    const int contact = addNamed("E\xCC\x81lodie", "C\xCC\xA7"
+                                                   "elik");
+    boot();
+    EXPECT_TRUE([[Utils monogramTextFromContactID:contact] isEqualToString:@"EC"]);
+    EXPECT_TRUE([[Utils monogramTextFromAB:contact] isEqualToString:@"EC"]);
 }
 
 TEST_F(InitialsFromAddressBook, LeaveNoCopiesOfTheNamesInTheCallersPool) {

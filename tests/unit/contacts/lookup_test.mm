@@ -1,5 +1,7 @@
 #include "tests/unit/contacts/contacts_test.h"
 
+#include <sqlite3.h>
+
 #include <filesystem>
 
 namespace {
@@ -93,6 +95,25 @@ TEST_F(Lookup, TakesTheFirstLinkedContactWithAThumbnail) {
     EXPECT_EQ([Utils getContactImageInCache:red], nil);
     EXPECT_EQ(loggedLines("], Getting image for " + std::to_string(contact)), 1);
     EXPECT_TRUE(logged("com.norvex.ZelkaCB: Information => +[ZelkaCBUtils getContactImageDataFromAB:], [Line "));
+}
+
+TEST_F(Lookup, TakesLinkedContactsInTheBooksOrderAndNotThatOfTheirIDs) {
+    const int contact = addNamed("Anna", "Zuse");
+    int nine = 0;
+    while (nine < 9) nine = addWithThumbnail(test::kRed);
+    const int ten = addWithThumbnail(test::kBlue);
+    link({contact, nine, ten});
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(root.host(test::kAddressBook).c_str(), &database), SQLITE_OK);
+    // The book lists by ID, and 10 comes before 9 when the IDs are text.
+    EXPECT_EQ(sqlite3_exec(database,
+                           "ALTER TABLE ABPerson RENAME TO Everybody;"
+                           "CREATE VIEW ABPerson AS SELECT CAST(ROWID AS TEXT) AS ROWID, * FROM Everybody",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(database);
+    boot();
+    EXPECT_TRUE(shows(look(contact), kBlue));
 }
 
 TEST_F(Lookup, OfLinkedThumbnailsLeavesOutTheContactsOwn) {

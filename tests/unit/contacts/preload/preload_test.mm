@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "simulator/maker/contacts/address_book_builder.h"
+#include "simulator/runtime/process/process_state.h"
 #include "tests/support/extension.h"
 #include "tests/support/parameter_name.h"
 #include "tests/support/pictures.h"
@@ -278,6 +279,7 @@ TEST_F(Preload, KeepsMemoryFlat) {
     EXPECT_LT(kilobytes("VmHWM") - before, 400 * 1024);
 }
 
+<<<<<<< HEAD:tests/unit/contacts/preload/preload_test.mm
 struct Machine {
     const char* identifier;
     bool worthIt;
@@ -286,6 +288,30 @@ struct Machine {
 void PrintTo(const Machine& machine, std::ostream* out) { *out << machine.identifier; }
 
 class PreloadOnDevice : public test::ExtensionTest, public testing::WithParamInterface<Machine> {
+=======
+// From now on the system says that this is another machine.
+void becomeAnother(const char* machine, const char* name) {
+    phone::process().device.machine = machine;
+    ASSERT_STREQ([[Hardware platformString] UTF8String], name);
+}
+
+TEST_F(Preload, IsWorthItForTheDeviceThatItWasFirstAskedOn) {
+    boot();
+    EXPECT_TRUE([Utils canprepareImageCache]);
+    becomeAnother("iPad5,3", "iPad");
+    EXPECT_TRUE([Utils canprepareImageCache]);
+}
+
+TEST_F(Preload, FindsOutTheDeviceWhenItIsFirstAskedAndNotBefore) {
+    boot();
+    becomeAnother("iPad5,3", "iPad");
+    EXPECT_FALSE([Utils canprepareImageCache]);
+    becomeAnother("iPhone3,1", "iPhone 4");
+    EXPECT_FALSE([Utils canprepareImageCache]);
+}
+
+class PreloadOnDevice : public test::ExtensionTest, public testing::WithParamInterface<std::pair<const char*, bool>> {
+>>>>>>> muttests:tests/unit/cache_preload/preload_test.mm
   protected:
     void becomeMachine(const char* machine) {
         NSMutableDictionary* device =

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/phone/phone_test.h"
+#include "tests/support/parameter_name.h"
 
 namespace test {
 namespace {
@@ -68,7 +69,7 @@ TEST_F(OtherProcesses, TheContactsListOfAServedProcessHasPictures) {
 
 // Where Darwin notifications are delivered: the list is reloaded on the main thread and waited for in either case.
 class Delivery : public PhoneTest, public testing::WithParamInterface<const char*> {};
-INSTANTIATE_TEST_SUITE_P(Threads, Delivery, testing::Values("main", "watcher"));
+INSTANTIATE_TEST_SUITE_P(Threads, Delivery, testing::Values("main", "watcher"), test::ParameterName());
 
 TEST_P(Delivery, ReloadsTheContactsListOnTheMainThread) {
     makePhone();

@@ -10,6 +10,7 @@
 #include <ostream>
 
 #include "simulator/runtime/macho/format.h"
+#include "tests/support/parameter_name.h"
 
 namespace {
 
@@ -240,8 +241,7 @@ const Damage kDamages[] = {
      "outside its segments: a"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Damages, DamagedImage, testing::ValuesIn(kDamages),
-                         [](const auto& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(Damages, DamagedImage, testing::ValuesIn(kDamages), test::ParameterName());
 
 TEST(DamagedImage, NoBeginningOfAFileIsTakenForTheWhole) {
     const File file = fixture();

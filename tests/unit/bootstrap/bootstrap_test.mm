@@ -4,6 +4,7 @@
 #include "simulator/runtime/process/library_loader.h"
 #include "tests/support/extension.h"
 #include "tests/support/library_path.h"
+#include "tests/support/parameter_name.h"
 #include "tests/support/property_list.h"
 
 namespace {
@@ -210,7 +211,8 @@ TEST_P(NearlyServed, AnIdentifierThatOnlyResemblesAServedOneIsNotServed) {
 INSTANTIATE_TEST_SUITE_P(Identifiers, NearlyServed,
                          testing::Values("com.apple.SpringBoard", "com.apple.springboard.helper", "com.apple.spring",
                                          "net.vantrel.CallBarViewService", "net.vantrel.callbarviewservice2",
-                                         "net.vantrel.callbar"));
+                                         "net.vantrel.callbar"),
+                         test::ParameterName());
 
 TEST_F(Bootstrap, NothingHappensInAProcessWithoutIdentifier) {
     boot("");

@@ -2,3 +2,11 @@
 // in the tests that run without a phone's process: that one turns the leak checker off.
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() { return "leak:libobjc.so\nleak:libgnustep-base.so\n"; }
+
+// Builds without a leak checker have nothing to switch off.
+extern "C" {
+void __lsan_disable();
+void __lsan_enable();
+__attribute__((weak)) void __lsan_disable() {}
+__attribute__((weak)) void __lsan_enable() {}
+}

@@ -221,6 +221,23 @@ TEST_F(Bootstrap, NothingHappensInAProcessWithoutIdentifier) {
     EXPECT_FALSE(root.exists(kSettingsPath));
 }
 
+TEST_F(Bootstrap, WhatEndsTheProcessIsSeenThoughStandardErrorIsTheLog) {
+    EXPECT_DEATH(
+        {
+            boot();
+            fputs("the last words\n", stderr);
+            abort();
+        },
+        "the last words");
+    EXPECT_EXIT(
+        {
+            boot();
+            fputs("the last words\n", stderr);
+            exit(3);
+        },
+        testing::ExitedWithCode(3), "the last words");
+}
+
 TEST_F(Bootstrap, DoesNotMakeTheSettings) {
     boot();
     EXPECT_EQ(loggedLines("Initiallizing settings for first time.."), 0);

@@ -3,9 +3,7 @@
 #include <sanitizer/lsan_interface.h>
 #include <sqlite3.h>
 
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 namespace {
 
@@ -207,10 +205,9 @@ TEST_F(InitialsFromDatabase, WaitOnceASecondForADatabaseThatCannotBePrepared) {
     const int contact = addNamed("John", "Smith");
     replaceByGarbage(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 1.2);
-    const double start = test::now();
+    restoreWhenSlept(1.2, kAddressBook);
     EXPECT_EQ(of(contact), "JS");
-    EXPECT_GE(test::now() - start, 1.9);
+    EXPECT_EQ(test::slept(), 2u);
     EXPECT_EQ(loggedLines("], Error while preparing statement: 'file is not a database'"), 2);
 }
 
@@ -218,7 +215,7 @@ TEST_F(InitialsFromDatabase, WaitForADatabaseThatCannotBeOpened) {
     const int contact = addNamed("John", "Smith");
     replaceByDirectory(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 0.4);
+    restoreWhenSlept(0.4, kAddressBook);
     const int opened = test::sqliteCalls().opened;
     const int closed = test::sqliteCalls().closed;
     __lsan_disable();  // a connection that failed to open is never closed
@@ -235,17 +232,12 @@ TEST_F(InitialsFromDatabase, AreNilOnceTheDatabaseThatTheyWaitForIsGone) {
     const int contact = addNamed("John", "Smith");
     replaceByGarbage(kAddressBook);
     boot();
-    // Back after the test's time, for a reader that would wait without end.
-    Restoring restoring(*this, kAddressBook, 3);
-    std::thread removing([this] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(400));
-        std::filesystem::remove(root.host(kAddressBook));
-    });
-    const double start = test::now();
+    test::whenSlept(0.4, [this] { std::filesystem::remove(root.host(kAddressBook)); });
+    // Back in the end, for a reader that would wait without end.
+    restoreWhenSlept(3, kAddressBook);
     EXPECT_EQ([Utils getMonogramTextFromAB:contact], nil);
-    EXPECT_LT(test::now() - start, 2.5);
+    EXPECT_EQ(test::slept(), 1u);
     EXPECT_FALSE(root.exists(kAddressBook));
-    removing.join();
 }
 
 TEST_F(InitialsFromDatabase, LeaveNothingInTheCallersPoolForTheSecondsThatTheyWait) {
@@ -255,7 +247,7 @@ TEST_F(InitialsFromDatabase, LeaveNothingInTheCallersPoolForTheSecondsThatTheyWa
     leftInPool(initials);  // what is made once
     const unsigned withoutWaiting = leftInPool(initials);
     replaceByGarbage(kAddressBook);
-    Restoring restoring(*this, kAddressBook, 1.2);
+    restoreWhenSlept(1.2, kAddressBook);
     EXPECT_EQ(leftInPool(initials), withoutWaiting);
 }
 
@@ -263,7 +255,7 @@ TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFour) {
     const int contact = addNamed("John", "Smith");
     replaceByGarbage(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 0.4);
+    restoreWhenSlept(0.4, kAddressBook);
     EXPECT_TRUE([[Utils getMonogramTextFromAB:contact currentReadCount:4] isEqualToString:@"JS"]);
     const std::string line =
         "], Max waiting attempts over, hence returning monogram thorugh AB API for contact: " + std::to_string(contact);
@@ -277,7 +269,7 @@ TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFourWhenTheDatabaseCanno
     const int contact = addNamed("John", "Smith");
     replaceByDirectory(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 0.4);
+    restoreWhenSlept(0.4, kAddressBook);
     __lsan_disable();  // a connection that failed to open is never closed
     NSString* text = [Utils getMonogramTextFromAB:contact currentReadCount:4];
     __lsan_enable();
@@ -292,7 +284,7 @@ TEST_F(InitialsFromDatabase, WaitWithAReadCountOfThreeWithoutGivingUp) {
     const int contact = addNamed("John", "Smith");
     replaceByGarbage(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 0.4);
+    restoreWhenSlept(0.4, kAddressBook);
     EXPECT_TRUE([[Utils getMonogramTextFromAB:contact currentReadCount:3] isEqualToString:@"JS"]);
     EXPECT_EQ(log().find("Max waiting attempts over"), std::string::npos);
 }

@@ -223,10 +223,9 @@ TEST_F(Lookup, WaitsOnceASecondForImagesThatCannotBePrepared) {
     const int contact = addWithThumbnail(test::kRed);
     replaceByGarbage(kImages);
     boot();
-    Restoring restoring(*this, kImages, 1.2);
-    const double start = test::now();
+    restoreWhenSlept(1.2, kImages);
     EXPECT_TRUE(shows(look(contact), kRed));
-    EXPECT_GE(test::now() - start, 1.9);
+    EXPECT_EQ(test::slept(), 2u);
     const std::string ending = "], Error while preparing statement: 'file is not a database'";
     EXPECT_EQ(loggedLines(ending), 2);
     EXPECT_TRUE(logged(std::string("com.norvex.ZelkaCB: Error => ") + kReader + ", [Line "));
@@ -236,7 +235,7 @@ TEST_F(Lookup, WaitsForImagesThatCannotBeOpened) {
     const int contact = addWithThumbnail(test::kRed);
     replaceByDirectory(kImages);
     boot();
-    Restoring restoring(*this, kImages, 0.4);
+    restoreWhenSlept(0.4, kImages);
     EXPECT_TRUE(shows(look(contact), kRed));
     EXPECT_EQ(loggedLines("], Error while opening database connection: 'unable to open database file'"), 1);
     EXPECT_TRUE(logged(std::string("com.norvex.ZelkaCB: Error => ") + kReader + ", [Line "));
@@ -251,7 +250,7 @@ TEST_F(Lookup, LeavesNothingInTheCallersPoolForTheSecondsThatItWaits) {
     leftInPool(read);  // what is made once
     const unsigned withoutWaiting = leftInPool(read);
     replaceByGarbage(kImages);
-    Restoring restoring(*this, kImages, 1.2);
+    restoreWhenSlept(1.2, kImages);
     EXPECT_EQ(leftInPool(read), withoutWaiting);
 }
 
@@ -260,7 +259,7 @@ TEST_F(Lookup, WaitsForImagesThatAreNotThere) {
     std::error_code error;
     std::filesystem::rename(root.host(kImages), root.host(kImages) + ".aside", error);
     boot();
-    Restoring restoring(*this, kImages, 0.4);
+    restoreWhenSlept(0.4, kImages);
     EXPECT_TRUE(shows(look(contact), kRed));
     EXPECT_EQ(loggedLines("], Error while preparing statement: 'no such table: ABThumbnailImage'"), 1);
 }

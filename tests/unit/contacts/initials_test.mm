@@ -281,7 +281,7 @@ TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountBeyondFour) {
     const int contact = addNamed("John", "Smith");
     replaceByGarbage(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 0.4);
+    restoreWhenSlept(0.4, kAddressBook);
     EXPECT_TRUE([[Utils getMonogramTextFromAB:contact currentReadCount:9] isEqualToString:@"JS"]);
     EXPECT_EQ(loggedLines("], Max waiting attempts over, hence returning monogram thorugh AB API for contact: " +
                           std::to_string(contact)),

@@ -65,9 +65,9 @@ class LogLines : public test::ContactsTest {
         [Utils getMonogramTextFromAB:-7];
         replaceByGarbage(test::kAddressBook);
         replaceByGarbage(test::kImages);
-        Restoring book(*this, test::kAddressBook, 0.4);
+        restoreWhenSlept(0.4, test::kAddressBook);
         [Utils getMonogramTextFromAB:contact currentReadCount:4];
-        Restoring images(*this, test::kImages, 0.4);
+        restoreWhenSlept(0.4, test::kImages);
         [Utils getContactImageDataFromAB:contact];
         [Utils getContactImageFromAB:contact monogramText:@"AZ"];
     }

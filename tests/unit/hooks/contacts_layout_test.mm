@@ -171,10 +171,9 @@ struct LandscapeContacts : ContactsList {
 };
 
 TEST_F(LandscapeContacts, TheNameIsAsWideAsTheScreenLies) {
-    phone::Device device;
-    ASSERT_EQ(phone::readDevice(root.path(), device), "");
+    phone::Device device = phone::readDevice(root.path()).value();
     device.orientation = 3;
-    ASSERT_EQ(phone::writeDevice(root.path(), device), "");
+    ASSERT_TRUE(phone::writeDevice(root.path(), device));
     startWithList();
     UIApplicationStart(nil, nil);
     ASSERT_EQ([[UIScreen mainScreen] bounds].size.width, 320);

@@ -9,7 +9,7 @@
 #include <fstream>
 
 #include "simulator/maker/contacts/address_book_builder.h"
-#include "simulator/runtime/process/process_state.h"
+#include "simulator/runtime/process/device.h"
 #include "tests/support/extension.h"
 #include "tests/support/parameter_name.h"
 #include "tests/support/pictures.h"
@@ -279,19 +279,11 @@ TEST_F(Preload, KeepsMemoryFlat) {
     EXPECT_LT(kilobytes("VmHWM") - before, 400 * 1024);
 }
 
-<<<<<<< HEAD:tests/unit/contacts/preload/preload_test.mm
-struct Machine {
-    const char* identifier;
-    bool worthIt;
-};
-
-void PrintTo(const Machine& machine, std::ostream* out) { *out << machine.identifier; }
-
-class PreloadOnDevice : public test::ExtensionTest, public testing::WithParamInterface<Machine> {
-=======
 // From now on the system says that this is another machine.
 void becomeAnother(const char* machine, const char* name) {
-    phone::process().device.machine = machine;
+    phone::Device device = phone::device();
+    device.machine = machine;
+    phone::setDevice(device);
     ASSERT_STREQ([[Hardware platformString] UTF8String], name);
 }
 
@@ -310,8 +302,14 @@ TEST_F(Preload, FindsOutTheDeviceWhenItIsFirstAskedAndNotBefore) {
     EXPECT_FALSE([Utils canprepareImageCache]);
 }
 
-class PreloadOnDevice : public test::ExtensionTest, public testing::WithParamInterface<std::pair<const char*, bool>> {
->>>>>>> muttests:tests/unit/cache_preload/preload_test.mm
+struct Machine {
+    const char* identifier;
+    bool worthIt;
+};
+
+void PrintTo(const Machine& machine, std::ostream* out) { *out << machine.identifier; }
+
+class PreloadOnDevice : public test::ExtensionTest, public testing::WithParamInterface<Machine> {
   protected:
     void becomeMachine(const char* machine) {
         NSMutableDictionary* device =

@@ -43,13 +43,13 @@ int run(int argc, char** argv) {
         "\"phonesim VERB --help\" tells more about each, with examples.\n"
         "Exit status: 0 done, 1 something went wrong, 2 the command line is wrong.");
     tool::addNew(app);
-    tool::addInstall(app);
     tool::addShot(app);
     tool::addRun(app);
     tool::addLog(app);
     tool::addSet(app);
     tool::addNotify(app);
     tool::addEdit(app);
+    tool::addInstall(app);
     try {
         if (argc > 1 && argv[1][0] != '-') requireKnownVerb(app, argv[1]);
         app.parse(argc, argv);

@@ -1,6 +1,8 @@
 #include "simulator/runtime/macho/symbols.h"
 
 #include <dlfcn.h>
+#include <errno.h>
+#include <pthread.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -23,17 +25,39 @@ void* phoneDlsym(void* handle, const char* name) {
     return dlsym(reinterpret_cast<intptr_t>(handle) == kPhoneDefault ? RTLD_DEFAULT : handle, name);
 }
 
+// A phone's mutex, as Apple's published <sys/_pthread/_pthread_types.h> lays it out: a mark that says how it was
+// initialised, and room for the system. After PTHREAD_MUTEX_INITIALIZER the room is zero, which is this machine's
+// initialiser as well.
+struct PhoneMutex {
+    static constexpr long kInitialized = 0x32AAABA7;
+    static constexpr std::size_t kRoom = 56;
+
+    long mark;
+    pthread_mutex_t mutex;
+};
+static_assert(sizeof(pthread_mutex_t) <= PhoneMutex::kRoom);
+
+int lockMutex(PhoneMutex* mutex) {
+    return mutex->mark == PhoneMutex::kInitialized ? pthread_mutex_lock(&mutex->mutex) : EINVAL;
+}
+
+int unlockMutex(PhoneMutex* mutex) {
+    return mutex->mark == PhoneMutex::kInitialized ? pthread_mutex_unlock(&mutex->mutex) : EINVAL;
+}
+
 struct Name {
     std::string_view name;
     void* address;
 };
 
-// Names that this machine's C library has not, or gives to something else.
+// Names that this machine's C library has not, or gives to something else, or that take other structures.
 void* ownSymbol(std::string_view name) {
     static const Name names[] = {
         {"___stderrp", &stderr},
         {"_bzero", reinterpret_cast<void*>(&bzero)},
         {"_dlsym", reinterpret_cast<void*>(&phoneDlsym)},
+        {"_pthread_mutex_lock", reinterpret_cast<void*>(&lockMutex)},
+        {"_pthread_mutex_unlock", reinterpret_cast<void*>(&unlockMutex)},
         {"dyld_stub_binder", reinterpret_cast<void*>(&bindLater)},
     };
     for (const Name& known : names) {

@@ -1,6 +1,7 @@
 #include "tests/golden/golden.h"
 
 #include "tests/phone/phone_test.h"
+#include "tests/support/parameter_name.h"
 
 namespace test {
 namespace {
@@ -14,6 +15,8 @@ struct Screen {
     bool editing = false;
     const char* off = nullptr;  // a setting that is off
 };
+
+void PrintTo(const Screen& screen, std::ostream* out) { *out << screen.name; }
 
 class Golden : public PhoneTest, public testing::WithParamInterface<Screen> {};
 
@@ -53,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(Screens, Golden,
                                          Screen{"contacts_system7", "iphone5s-7.1", "contacts", 2},
                                          Screen{"recents_large", "iphone6plus-9.3", "recents", 3},
                                          Screen{"recents_tablet_system6", "ipad2-6.1", "recents", 2}),
-                         [](const auto& each) { return each.param.name; });
+                         ParameterName());
 
 }  // namespace
 }  // namespace test

@@ -12,6 +12,7 @@
 #include "tests/package/code_signature.h"
 #include "tests/package/command.h"
 #include "tests/package/link_stub.h"
+#include "tests/support/parameter_name.h"
 
 namespace {
 
@@ -31,7 +32,7 @@ struct Binary {
 const Binary kPhone{"Phone", ZELKA_PHONE, "ARM64", "arm64-ios"};
 const Binary kTwin{"Twin", ZELKA_TWIN, "X86_64", "x86_64-ios-simulator"};
 
-void PrintTo(const Binary& binary, std::ostream* out) { *out << binary.path; }
+void PrintTo(const Binary& binary, std::ostream* out) { *out << binary.name; }
 
 class PhoneBinary : public testing::TestWithParam<Binary> {
   protected:
@@ -41,8 +42,7 @@ class PhoneBinary : public testing::TestWithParam<Binary> {
     std::string loadCommands() const { return read("llvm-otool-19 -l"); }
 };
 
-INSTANTIATE_TEST_SUITE_P(Binaries, PhoneBinary, testing::Values(kPhone, kTwin),
-                         [](const auto& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(Binaries, PhoneBinary, testing::Values(kPhone, kTwin), test::ParameterName());
 
 TEST_P(PhoneBinary, IsALibraryForItsProcessor) {
     const std::string header = test::linesOf(read("llvm-otool-19 -hv")).back();

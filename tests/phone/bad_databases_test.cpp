@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "tests/phone/phone_test.h"
+#include "tests/support/parameter_name.h"
 
 namespace test {
 namespace {
@@ -14,6 +15,8 @@ namespace fs = std::filesystem;
 
 enum class Damage { missing, empty, truncated, noDatabase, directory, otherTables };
 constexpr const char* kDamageNames[] = {"Missing", "Empty", "Truncated", "NoDatabase", "Directory", "OtherTables"};
+
+void PrintTo(Damage damage, std::ostream* out) { *out << kDamageNames[static_cast<int>(damage)]; }
 
 void damage(const fs::path& file, Damage how) {
     const fs::path aside = file.string() + ".aside";
@@ -58,17 +61,18 @@ class DamagedBoth : public PhoneTest, public testing::WithParamInterface<Damage>
 
 const auto kDamages = testing::Values(Damage::missing, Damage::empty, Damage::truncated, Damage::noDatabase,
                                       Damage::directory, Damage::otherTables);
-const auto kName = [](const auto& each) { return kDamageNames[static_cast<int>(each.param)]; };
-INSTANTIATE_TEST_SUITE_P(Kinds, DamagedImages, kDamages, kName);
-INSTANTIATE_TEST_SUITE_P(Kinds, DamagedBook, kDamages, kName);
-INSTANTIATE_TEST_SUITE_P(Kinds, DamagedBoth, kDamages, kName);
+INSTANTIATE_TEST_SUITE_P(Kinds, DamagedImages, kDamages, ParameterName());
+INSTANTIATE_TEST_SUITE_P(Kinds, DamagedBook, kDamages, ParameterName());
+INSTANTIATE_TEST_SUITE_P(Kinds, DamagedBoth, kDamages, ParameterName());
 
 // The rows come at once with their placeholders; the pictures wait for the images and come once these can be read.
 TEST_P(DamagedImages, RecentsShowPlaceholdersUntilTheImagesCanBeRead) {
     makePhone();
     const fs::path images = root_ / kImagesPath;
     damage(images, GetParam());
-    HostProcess host(HostKind::springBoard, options());
+    hosts::HostOptions impatient = options();
+    impatient.environment.emplace_back("PHONESIM_SECOND", "0.02");
+    HostProcess host(HostKind::springBoard, impatient);
     host.call({{"do", "show"}, {"screen", "recents"}});
     const Json before = host.call({{"do", "rows"}});
     for (const Json& row : before.at("rows")) {

@@ -5,13 +5,14 @@
 #include <fstream>
 
 #include "tests/phone/phone_test.h"
+#include "tests/support/parameter_name.h"
 
 namespace test {
 namespace {
 
 class LiveContacts : public PhoneTest, public testing::WithParamInterface<const char*> {};
 
-INSTANTIATE_TEST_SUITE_P(Lists, LiveContacts, testing::Values("recents", "contacts"));
+INSTANTIATE_TEST_SUITE_P(Lists, LiveContacts, testing::Values("recents", "contacts"), test::ParameterName());
 
 TEST_P(LiveContacts, ANewPhotoReplacesTheMonogram) {
     makePhone();

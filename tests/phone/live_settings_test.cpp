@@ -4,13 +4,15 @@
 #include <cstdlib>
 
 #include "tests/phone/phone_test.h"
+#include "tests/support/parameter_name.h"
 
 namespace test {
 namespace {
 
 class LiveSettings : public PhoneTest, public testing::WithParamInterface<HostKind> {};
 
-INSTANTIATE_TEST_SUITE_P(Hosts, LiveSettings, testing::Values(HostKind::springBoard, HostKind::callBarViewService));
+INSTANTIATE_TEST_SUITE_P(Hosts, LiveSettings, testing::Values(HostKind::springBoard, HostKind::callBarViewService),
+                         test::ParameterName());
 
 TEST_P(LiveSettings, RecentsFlippedOffAndOnRedrawTheVisibleRows) {
     makePhone();

@@ -15,7 +15,7 @@ class OtherProcess {
     OtherProcess(hosts::HostOptions options, bool withLibrary)
         : host_(hosts::HostKind::springBoard, with(std::move(options), withLibrary)) {}
 
-    int libraries() { return host_.call({{"do", "info"}}).at("libraries"); }
+    size_t libraries() { return host_.call({{"do", "info"}}).at("libraries").size(); }
     // What was posted has been dealt with before.
     nlohmann::json rows() {
         for (int i = 0; i < 2; ++i) host_.call({{"do", "settle"}, {"timeout", 20}});

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/phone/phone_test.h"
+#include "tests/support/parameter_name.h"
 
 namespace test {
 namespace {
@@ -22,8 +23,8 @@ TEST_F(OtherProcesses, ListAndGeneratorAreTheSystems) {
     makeWidePhone();
     OtherProcess plain(options(), false);
     OtherProcess loaded(options(), true);
-    EXPECT_EQ(plain.libraries(), 0);
-    EXPECT_EQ(loaded.libraries(), 1);
+    EXPECT_EQ(plain.libraries(), 0u);
+    EXPECT_EQ(loaded.libraries(), 1u);
     const Json rows = loaded.rows();
     EXPECT_GT(rows.size(), 5u);
     EXPECT_EQ(rows, plain.rows());
@@ -55,7 +56,7 @@ TEST_F(OtherProcesses, AnIdentifierInOtherLettersIsNotServed) {
     makePhone();
     loadInto("com.apple.Springboard");
     OtherProcess loaded(optionsAs("com.apple.Springboard"), true);
-    EXPECT_EQ(loaded.libraries(), 1);
+    EXPECT_EQ(loaded.libraries(), 1u);
     for (const Json& row : loaded.rows()) EXPECT_EQ(row.at("hasPictureView"), false);
     EXPECT_FALSE(std::filesystem::exists(host("private/var/tmp/ZelkaCB.log")));
 }
@@ -68,7 +69,7 @@ TEST_F(OtherProcesses, TheContactsListOfAServedProcessHasPictures) {
 
 // Where Darwin notifications are delivered: the list is reloaded on the main thread and waited for in either case.
 class Delivery : public PhoneTest, public testing::WithParamInterface<const char*> {};
-INSTANTIATE_TEST_SUITE_P(Threads, Delivery, testing::Values("main", "watcher"));
+INSTANTIATE_TEST_SUITE_P(Threads, Delivery, testing::Values("main", "watcher"), test::ParameterName());
 
 TEST_P(Delivery, ReloadsTheContactsListOnTheMainThread) {
     makePhone();

@@ -12,6 +12,14 @@
 #include "simulator/hosts/remote/host_process.h"
 #include "simulator/maker/contacts/address_book_builder.h"
 
+namespace hosts {
+
+inline void PrintTo(HostKind kind, std::ostream* out) {
+    *out << (kind == HostKind::springBoard ? "SpringBoard" : "CallBarViewService");
+}
+
+}  // namespace hosts
+
 namespace test {
 
 using Json = nlohmann::json;

@@ -2,12 +2,14 @@
 #include <gmock/gmock.h>
 
 #include "tests/phone/phone_test.h"
+#include "tests/support/parameter_name.h"
 
 namespace test {
 namespace {
 
 class Served : public PhoneTest, public testing::WithParamInterface<HostKind> {};
-INSTANTIATE_TEST_SUITE_P(Hosts, Served, testing::Values(HostKind::springBoard, HostKind::callBarViewService));
+INSTANTIATE_TEST_SUITE_P(Hosts, Served, testing::Values(HostKind::springBoard, HostKind::callBarViewService),
+                         test::ParameterName());
 
 TEST_P(Served, EveryCallerHasAPicture) {
     makePhone();
@@ -68,6 +70,10 @@ struct Look {
     double pictureX;
 };
 
+void PrintTo(const Look& look, std::ostream* out) {
+    *out << look.device << (look.rightToLeft ? " right to left" : "") << (look.editing ? " editing" : "");
+}
+
 class RowLayout : public PhoneTest, public testing::WithParamInterface<Look> {};
 
 TEST_P(RowLayout, NamesStandBesideThePictureAndEndBeforeTheDate) {
@@ -96,7 +102,8 @@ INSTANTIATE_TEST_SUITE_P(Looks, RowLayout,
                                          Look{"iphone5s-7.1", false, false, 2}, Look{"iphone5s-7.1", false, true, 2},
                                          Look{"iphone6plus-9.3", false, false, 2}, Look{"ipad2-6.1", false, false, 2},
                                          Look{"iphone6-8.4", true, false, 375 - 12 - 22 - 48},
-                                         Look{"iphone6-8.4", true, true, 375 - 70}));
+                                         Look{"iphone6-8.4", true, true, 375 - 70}),
+                         test::ParameterName());
 
 using System6 = PhoneTest;
 

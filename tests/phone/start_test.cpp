@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "tests/phone/phone_test.h"
+#include "tests/support/parameter_name.h"
 #include "tests/support/property_list.h"
 
 namespace test {
@@ -54,6 +55,8 @@ struct BadFile {
     const char* contents;
 };
 
+void PrintTo(const BadFile& file, std::ostream* out) { *out << file.name; }
+
 class BadSettings : public Start, public testing::WithParamInterface<BadFile> {};
 
 // A file that is no dictionary is replaced, so that everything is on.
@@ -72,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BadFile{"Truncated", "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Ze"},
                     BadFile{"Array", "<?xml version=\"1.0\"?><plist version=\"1.0\"><array/></plist>"},
                     BadFile{"BinaryHeader", "bplist00\xff\xff\xff\xff"}),
-    [](const auto& each) { return each.param.name; });
+    test::ParameterName());
 
 // Values that have no truth value count as off, and nothing raises.
 TEST_F(Start, ValuesOfOtherTypesAreKeptAndTheHostLives) {

@@ -8,6 +8,7 @@
 #include "tests/phone/other_process.h"
 #include "tests/phone/phone_test.h"
 #include "tests/random/model.h"
+#include "tests/support/parameter_name.h"
 
 namespace test {
 namespace {
@@ -408,7 +409,7 @@ TEST_P(RandomSequences, EveryVisibleRowShowsWhatTheModelSays) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Shards, RandomSequences, testing::Range(0, kShards));
+INSTANTIATE_TEST_SUITE_P(Shards, RandomSequences, testing::Range(0, kShards), ParameterName());
 
 }  // namespace
 }  // namespace test

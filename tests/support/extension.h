@@ -10,14 +10,15 @@
 
 namespace test {
 
-// One process, one root: every test of a fixture derived from this runs in a process of its own.
+// One process, one root: every test of a fixture derived from this runs in a process of its own (each_apart.cpp).
 class ExtensionTest : public testing::Test {
   protected:
     explicit ExtensionTest(const char* profile = "iphone6-8.4") : root(profile) {}
     ~ExtensionTest() override;
 
     // Puts the preference bundle into the root and becomes its process of that identifier. What the library logs in a
-    // served process goes to the log file from now on; sanitizers still report to the terminal.
+    // served process goes to the log file from now on; sanitizers still report to the terminal, and a process that
+    // fails shows its log there.
     void boot(const char* bundleIdentifier = "com.apple.springboard");
     // The two halves of it: the process as it is without the library, and the library.
     void bootPhone(const char* bundleIdentifier);

@@ -1,10 +1,9 @@
 #include "tests/support/extension.h"
 
-#include <unistd.h>
-
 #include "simulator/runtime/process/library_loader.h"
 #include "simulator/runtime/process/process.h"
 #include "tests/support/library_path.h"
+#include "tests/support/standard_error.h"
 
 extern "C" void __sanitizer_set_report_fd(void* descriptor) __attribute__((weak));
 
@@ -22,8 +21,9 @@ void ExtensionTest::bootPhone(const char* bundleIdentifier) {
     std::filesystem::copy(ZELKA_BUNDLE, root.host("/System/Library/PreferenceBundles/ZelkaCBSettings.bundle"),
                           std::filesystem::copy_options::recursive, error);
     ASSERT_FALSE(error) << error.message();
+    const int standardError = keepStandardError();
     if (__sanitizer_set_report_fd != nullptr)
-        __sanitizer_set_report_fd(reinterpret_cast<void*>(static_cast<intptr_t>(dup(STDERR_FILENO))));
+        __sanitizer_set_report_fd(reinterpret_cast<void*>(static_cast<intptr_t>(standardError)));
     phone::boot(root.path(), bundleIdentifier);
     pool_ = [[NSAutoreleasePool alloc] init];
 }

@@ -6,6 +6,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <unistd.h>
 
 #include "simulator/runtime/file_system/phone_root.h"
 #include "simulator/runtime/process/device.h"
@@ -27,6 +28,15 @@ __attribute__((weak)) uint32_t arc4random() {
     static const auto number = static_cast<uint32_t>(fixed != nullptr ? strtoul(fixed, nullptr, 10) : 0);
     static const auto before = reinterpret_cast<uint32_t (*)()>(dlsym(RTLD_NEXT, "arc4random"));
     return fixed != nullptr ? number : before();
+}
+
+// Ahead of the C library's, unless the program brings its own. The environment variable PHONESIM_SECOND holds how many
+// seconds a second takes.
+__attribute__((weak)) unsigned sleep(unsigned seconds) {
+    static const char* const length = getenv("PHONESIM_SECOND");
+    static const double second = length != nullptr ? strtod(length, nullptr) : 1;
+    usleep(static_cast<useconds_t>(seconds * second * 1e6));
+    return 0;
 }
 
 // BSD's: knows "hw.machine", the machine identifier. With a null `value` it stores the length needed in

@@ -43,6 +43,7 @@ struct HostOptions {
     // Another program that serves a remote control; empty: the kind's own.
     std::filesystem::path program;
     // Added to (and winning over) this process's environment. A host heeds
+    //   PHONESIM_SECOND         how many seconds a second of sleep takes, for waits that a test looks at
     //   PHONESIM_RANDOM         a number that arc4random always returns, for pictures that must come out the same
     //   PHONESIM_NOTIFICATIONS  "watcher": Darwin notifications are delivered on a thread of their own, not on the main
     //   PHONESIM_COUNT_OBJECTS  set: the command "objects" can be asked

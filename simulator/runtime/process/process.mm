@@ -11,11 +11,6 @@
 #include "simulator/runtime/process/device.h"
 #include "simulator/runtime/process/pending_work.h"
 
-// The runtime's method tables, Foundation's singletons and the text libraries' caches live as long as the process;
-// reporting them as leaks would hide every other message. Foundation's readers of damaged files ask for more memory
-// than there can be, and handle the refusal.
-extern "C" const char* __asan_default_options() { return "detect_leaks=0:allocator_may_return_null=1"; }
-
 namespace phone {
 namespace {
 

@@ -1,11 +1,11 @@
 // A process of the phone that is none of CallBar's: the system's own Contacts list and a monogram generator of its own.
-// It shows its list and answers the same remote control as the hosts do, with these commands: rows, monogram, settle,
-// info, quit.
+// It shows its list and takes the commands rows and monogram besides those that every host does.
 #include "simulator/frameworks/contacts_ui/contacts_ui.h"
 #include "simulator/hosts/program/host_main.h"
 #include "simulator/hosts/remote/commands.h"
 #include "simulator/hosts/remote/pixels.h"
 #include "simulator/hosts/remote/screen_window.h"
+#include "simulator/hosts/remote/window_commands.h"
 #include "simulator/runtime/process/process.h"
 
 namespace {
@@ -71,23 +71,19 @@ namespace hosts {
 
 UIWindow* screenWindow() { return window; }
 
-CommandResult carryOut(NSDictionary* command, const std::vector<std::string>& injectedLibraries) {
-    NSString* name = [command objectForKey:@"do"];
-    if ([name isEqualToString:@"rows"]) return {
-            @{@"rows" : rows()}, nil, false
-        };
-    if ([name isEqualToString:@"monogram"]) return {monogram([[command objectForKey:@"contact"] intValue]), nil, false};
-    if ([name isEqualToString:@"settle"]) {
-        const bool rests = phone::settle([[command objectForKey:@"timeout"] doubleValue]);
-        return { rests ? @{} : nil, rests ? nil : @"still waiting", false };
-    }
-    if ([name isEqualToString:@"info"]) return {
-            @{@"libraries" : [NSNumber numberWithUnsignedLong:injectedLibraries.size()]}, nil, false
-        };
-    if ([name isEqualToString:@"quit"]) return {
-            @{}, nil, true
-        };
-    return {nil, [NSString stringWithFormat:@"no command \"%@\"", name], false};
+namespace {
+
+CommandResult rowsOfMembers(NSDictionary*, const Libraries&) { return done(@{@"rows" : rows()}); }
+
+CommandResult monogramOf(NSDictionary* command, const Libraries&) {
+    return done(monogram([numberOf(command, @"contact") intValue]));
+}
+
+}  // namespace
+
+CommandResult carryOut(NSDictionary* command, const Libraries& injectedLibraries) {
+    static const Handlers table = withWindowHandlers({{"rows", rowsOfMembers}, {"monogram", monogramOf}});
+    return carryOutBy(table, command, injectedLibraries);
 }
 
 }  // namespace hosts

@@ -11,6 +11,7 @@
 #include "simulator/maker/database/schema.h"
 #include "simulator/runtime/process/device.h"
 #include "simulator/runtime/process/process.h"
+#include "tests/support/parameter_name.h"
 #include "tests/support/temp_root.h"
 
 namespace {
@@ -187,6 +188,10 @@ struct Spelling {
     bool found;
 };
 
+void PrintTo(const Spelling& spelling, std::ostream* out) {
+    *out << spelling.region << ' ' << spelling.stored << " for " << spelling.asked;
+}
+
 class MatchingNumbers : public AddressBook, public testing::WithParamInterface<Spelling> {};
 
 TEST_P(MatchingNumbers, FindTheirOwner) {
@@ -210,7 +215,8 @@ INSTANTIATE_TEST_SUITE_P(All, MatchingNumbers,
                                          Spelling{"DE", "+49 151 23456789", "0151/23456789", true},
                                          Spelling{"IL", "052-234-5678", "+972522345678", true},
                                          Spelling{"JP", "090-1234-5678", "+819012345678", true},
-                                         Spelling{"JP", "+81 90 1234 5678", "０９０１２３４５６７８", true}));
+                                         Spelling{"JP", "+81 90 1234 5678", "０９０１２３４５６７８", true}),
+                         test::ParameterName());
 
 TEST_F(AddressBook, TheSurestMatchOwnsANumberThenTheLowestID) {
     boot();

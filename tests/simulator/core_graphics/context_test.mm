@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "tests/simulator/core_graphics/canvas.h"
+#include "tests/support/parameter_name.h"
 
 using testing::HasSubstr;
 
@@ -46,20 +47,25 @@ TEST(BitmapContext, RefusesWhatItCannotHoldAndSaysSo) {
 }
 
 struct Layout {
+    const char* name;
     CGBitmapInfo info;
     std::array<uint8_t, 4> halfOrange;  // premultiplied (128, 64, 0) with alpha 128
 };
+
+void PrintTo(const Layout& layout, std::ostream* out) { *out << layout.name; }
 
 class Layouts : public testing::TestWithParam<Layout> {};
 
 INSTANTIATE_TEST_SUITE_P(
     All, Layouts,
-    testing::Values(Layout{kCGImageAlphaPremultipliedLast, {128, 64, 0, 128}},
-                    Layout{kCGImageAlphaPremultipliedFirst, {128, 128, 64, 0}},
-                    Layout{kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big, {128, 64, 0, 128}},
-                    Layout{kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Big, {128, 128, 64, 0}},
-                    Layout{kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Little, {128, 0, 64, 128}},
-                    Layout{kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Little, {0, 64, 128, 128}}));
+    testing::Values(
+        Layout{"AlphaLast", kCGImageAlphaPremultipliedLast, {128, 64, 0, 128}},
+        Layout{"AlphaFirst", kCGImageAlphaPremultipliedFirst, {128, 128, 64, 0}},
+        Layout{"AlphaLastBig", kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big, {128, 64, 0, 128}},
+        Layout{"AlphaFirstBig", kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Big, {128, 128, 64, 0}},
+        Layout{"AlphaLastLittle", kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Little, {128, 0, 64, 128}},
+        Layout{"AlphaFirstLittle", kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Little, {0, 64, 128, 128}}),
+    test::ParameterName());
 
 TEST_P(Layouts, StorePremultipliedBytesInTheirOrder) {
     constexpr size_t row = 3 * 4 + 8;

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "tests/simulator/core_graphics/canvas.h"
+#include "tests/support/parameter_name.h"
 
 namespace {
 
@@ -46,7 +47,8 @@ class StretchedImages : public testing::TestWithParam<std::pair<int, int>> {};
 
 INSTANTIATE_TEST_SUITE_P(Sizes, StretchedImages,
                          testing::Values(std::pair{1, 1}, std::pair{7, 5}, std::pair{80, 80}, std::pair{100, 67},
-                                         std::pair{333, 10}, std::pair{1000, 1000}));
+                                         std::pair{333, 10}, std::pair{1000, 1000}),
+                         test::ParameterName());
 
 TEST_P(StretchedImages, AreOpaqueUpToTheEdgeAndKeepTheirColors) {
     const auto [width, height] = GetParam();

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/simulator/core_graphics/canvas.h"
+#include "tests/support/parameter_name.h"
 
 namespace {
 
@@ -109,19 +110,22 @@ TEST(TangentArcs, RoundACornerAndGoNoFurther) {
 }
 
 struct Degenerate {
+    const char* name;
     double x1, y1, x2, y2, radius;
 };
+
+void PrintTo(const Degenerate& arc, std::ostream* out) { *out << arc.name; }
 
 class DegenerateTangentArcs : public testing::TestWithParam<Degenerate> {};
 
 INSTANTIATE_TEST_SUITE_P(All, DegenerateTangentArcs,
-                         testing::Values(Degenerate{10, 10, 20, 10, 5},   // corner where the path is
-                                         Degenerate{20, 10, 20, 10, 5},   // end at the corner
-                                         Degenerate{20, 10, 30, 10, 5},   // straight on
-                                         Degenerate{20, 10, 12, 10, 5},   // straight back
-                                         Degenerate{20, 10, 20, 20, 0},   // no radius
-                                         Degenerate{1e-7, 1e-7, 0, 0, 5}  // nearly straight
-                                         ));
+                         testing::Values(Degenerate{"CornerWhereThePathIs", 10, 10, 20, 10, 5},
+                                         Degenerate{"EndAtTheCorner", 20, 10, 20, 10, 5},
+                                         Degenerate{"StraightOn", 20, 10, 30, 10, 5},
+                                         Degenerate{"StraightBack", 20, 10, 12, 10, 5},
+                                         Degenerate{"NoRadius", 20, 10, 20, 20, 0},
+                                         Degenerate{"NearlyStraight", 1e-7, 1e-7, 0, 0, 5}),
+                         test::ParameterName());
 
 TEST_P(DegenerateTangentArcs, AreALineToTheCorner) {
     Canvas canvas(4, 4);

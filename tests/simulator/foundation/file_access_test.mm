@@ -105,17 +105,19 @@ TEST_F(FileAccess, DamagedPropertyListsReadAsNothingAndSayNothing) {
 }
 
 TEST_F(FileAccess, FreopenOpensPhonePathsAndKeepsTheDescriptor) {
+    // A name of its own: nothing of that name lies in the machine's folder.
+    const std::string path = "/tmp/" + root_.path().filename().string() + ".log";
     FILE* stream = fopen("/dev/null", "w");
     ASSERT_NE(stream, nullptr);
     const int descriptor = fileno(stream);
-    ASSERT_EQ(freopen("/tmp/ZelkaCB.log", "a+", stream), stream);
+    ASSERT_EQ(freopen(path.c_str(), "a+", stream), stream);
     EXPECT_EQ(fileno(stream), descriptor);
     EXPECT_EQ(write(descriptor, "first\n", 6), 6);
-    ASSERT_EQ(freopen("/tmp/ZelkaCB.log", "a+", stream), stream);
+    ASSERT_EQ(freopen(path.c_str(), "a+", stream), stream);
     fputs("second\n", stream);
     fclose(stream);
-    EXPECT_EQ(root_.read("/tmp/ZelkaCB.log"), "first\nsecond\n");
-    EXPECT_FALSE(fs::exists("/tmp/ZelkaCB.log"));
+    EXPECT_EQ(root_.read(path), "first\nsecond\n");
+    EXPECT_FALSE(fs::exists(path));
 }
 
 TEST_F(FileAccess, SysctlKnowsTheMachine) {

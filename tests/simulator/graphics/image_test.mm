@@ -6,6 +6,7 @@
 
 #import "tests/simulator/graphics/drawing.h"
 #include "tests/simulator/graphics/encoded_pictures.h"
+#include "tests/support/parameter_name.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ class Images : public DrawingTest {};
 
 class Formats : public DrawingTest, public testing::WithParamInterface<const char*> {};
 
-INSTANTIATE_TEST_SUITE_P(All, Formats, testing::Values("png", "jpeg", "tiff", "bmp"));
+INSTANTIATE_TEST_SUITE_P(All, Formats, testing::Values("png", "jpeg", "tiff", "bmp"), test::ParameterName());
 
 TEST_P(Formats, AreDecoded) {
     const std::string bytes = encode(quarters(64, 32), GetParam());
@@ -89,6 +90,8 @@ struct Turn {
     bool sideways;
 };
 
+void PrintTo(const Turn& turn, std::ostream* out) { *out << "orientation " << turn.exif; }
+
 class Orientations : public DrawingTest, public testing::WithParamInterface<Turn> {};
 
 constexpr phone::Pixel black{0, 0, 0, 255};
@@ -100,7 +103,8 @@ INSTANTIATE_TEST_SUITE_P(All, Orientations,
                                          Turn{5, UIImageOrientationLeftMirrored, red, blue, green, true},
                                          Turn{6, UIImageOrientationRight, blue, red, black, true},
                                          Turn{7, UIImageOrientationRightMirrored, black, green, blue, true},
-                                         Turn{8, UIImageOrientationLeft, green, black, red, true}));
+                                         Turn{8, UIImageOrientationLeft, green, black, red, true}),
+                         test::ParameterName());
 
 TEST_P(Orientations, AreDrawnUpright) {
     RawPicture picture = quarters(64, 32);

@@ -5,6 +5,7 @@
 
 #include "simulator/maker/database/database.h"
 #include "tests/simulator/hosts/host_fixture.h"
+#include "tests/support/parameter_name.h"
 
 namespace {
 
@@ -87,6 +88,10 @@ struct Look {
     bool editing;
 };
 
+void PrintTo(const Look& look, std::ostream* out) {
+    *out << look.device << (look.rightToLeft ? " right to left" : "") << (look.editing ? " editing" : "");
+}
+
 class RecentsLayout : public HostTest, public testing::WithParamInterface<Look> {};
 
 TEST_P(RecentsLayout, TextsStandApartInsideTheRow) {
@@ -128,7 +133,8 @@ INSTANTIATE_TEST_SUITE_P(Devices, RecentsLayout,
                                          Look{"iphone6-8.4", false, false}, Look{"iphone6-8.4", false, true},
                                          Look{"iphone6-8.4", true, false}, Look{"iphone6-8.4", true, true},
                                          Look{"iphone5s-7.1", true, false}, Look{"iphone6plus-9.3", true, true},
-                                         Look{"ipad2-6.1", true, false}));
+                                         Look{"ipad2-6.1", true, false}),
+                         test::ParameterName());
 
 TEST_F(HostTest, ScrollingToARowShowsIt) {
     makePhone("iphone4-7.1");

@@ -9,6 +9,7 @@
 
 #include "simulator/runtime/macho/format.h"
 #include "simulator/runtime/macho/image_reader.h"
+#include "tests/support/parameter_name.h"
 
 namespace {
 
@@ -234,8 +235,7 @@ const Damage kDamages[] = {
      "outside its segments: a"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Damages, DamagedImage, testing::ValuesIn(kDamages),
-                         [](const auto& info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(Damages, DamagedImage, testing::ValuesIn(kDamages), test::ParameterName());
 
 TEST(DamagedImage, NoBeginningOfAFileIsTakenForTheWhole) {
     const File file = fixture();

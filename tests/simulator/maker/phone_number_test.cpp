@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/parameter_name.h"
+
 namespace {
 
 using phone_number::compare;
@@ -14,6 +16,13 @@ struct Pair {
     const char *region, *a, *b;
     Match match;
 };
+
+void PrintTo(const Pair& pair, std::ostream* out) {
+    *out << pair.region << ' ' << pair.a << " and " << pair.b
+         << (pair.match == Match::exact       ? " match"
+             : pair.match == Match::shortForm ? " match in short"
+                                              : " differ");
+}
 
 class PhoneNumberPairs : public testing::TestWithParam<Pair> {};
 
@@ -42,7 +51,8 @@ INSTANTIATE_TEST_SUITE_P(All, PhoneNumberPairs,
                                          Pair{"EG", "٠١٠٠١٢٣٤٥٦٧", "+20 100 123 4567", Match::exact},
                                          Pair{"US", "*1", "*1", Match::exact}, Pair{"US", "*1", "#1", Match::none},
                                          Pair{"US", "Unknown", "Unknown", Match::none}, Pair{"US", "", "", Match::none},
-                                         Pair{"US", "611", "(212) 555-0611", Match::none}));
+                                         Pair{"US", "611", "(212) 555-0611", Match::none}),
+                         test::ParameterName());
 
 TEST(PhoneNumber, LastFourDigitsLeaveTheExtensionOutFirst) {
     EXPECT_THAT(phone_number::lastFour("+1 (212) 555-0142", "US"), ElementsAre("0142"));

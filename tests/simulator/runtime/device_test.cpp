@@ -5,6 +5,7 @@
 #include <set>
 
 #include "simulator/runtime/process/device_profiles.h"
+#include "tests/support/parameter_name.h"
 #include "tests/support/temp_root.h"
 
 namespace {
@@ -75,7 +76,8 @@ INSTANTIATE_TEST_SUITE_P(Device, UnusableDeviceFile,
                          testing::Values("", "garbage {{", "<plist><dict><key>a", "bplist00xxxx", "( a, b )",
                                          "{ Scale = many; }", "{ Model = (); }",
                                          "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>Scale</key>"
-                                         "<integer>-3</integer></dict></plist>"));
+                                         "<integer>-3</integer></dict></plist>"),
+                         test::ParameterName());
 
 TEST(DeviceFile, NoFileIsRefused) {
     test::TempRoot root;

@@ -5,6 +5,7 @@
 #include "tests/support/emptied_dictionaries.h"
 #include "tests/support/extension.h"
 #include "tests/support/library_path.h"
+#include "tests/support/parameter_name.h"
 #include "tests/support/property_list.h"
 
 namespace {
@@ -208,6 +209,15 @@ TEST_F(Bootstrap, AProcessThatIsNotServedIsObservedForAndLeftAlone) {
     EXPECT_FALSE(root.exists(kSettingsPath));
 }
 
+TEST_F(Bootstrap, ASettingsFileIsLeftAsItIsInAProcessThatIsNotServed) {
+    const std::string before = propertyList({{"ZelkaCBEnabledRecents", false}});
+    root.write(kSettingsPath, before);
+    std::filesystem::create_hard_link(root.host(kSettingsPath), root.host("/tmp/old.plist"));
+    boot("com.apple.mobilephone");
+    EXPECT_EQ(root.read(kSettingsPath), before);
+    EXPECT_TRUE(std::filesystem::equivalent(root.host(kSettingsPath), root.host("/tmp/old.plist"))) << "written anew";
+}
+
 class NearlyServed : public Bootstrap, public testing::WithParamInterface<const char*> {};
 
 // Letter case and length of the identifier count.
@@ -221,13 +231,31 @@ TEST_P(NearlyServed, AnIdentifierThatOnlyResemblesAServedOneIsNotServed) {
 INSTANTIATE_TEST_SUITE_P(Identifiers, NearlyServed,
                          testing::Values("com.apple.SpringBoard", "com.apple.springboard.helper", "com.apple.spring",
                                          "net.vantrel.CallBarViewService", "net.vantrel.callbarviewservice2",
-                                         "net.vantrel.callbar"));
+                                         "net.vantrel.callbar"),
+                         test::ParameterName());
 
 TEST_F(Bootstrap, NothingHappensInAProcessWithoutIdentifier) {
     boot("");
     EXPECT_TRUE(observed().empty());
     EXPECT_FALSE(root.exists(kLogPath));
     EXPECT_FALSE(root.exists(kSettingsPath));
+}
+
+TEST_F(Bootstrap, WhatEndsTheProcessIsSeenThoughStandardErrorIsTheLog) {
+    EXPECT_DEATH(
+        {
+            boot();
+            fputs("the last words\n", stderr);
+            abort();
+        },
+        "the last words");
+    EXPECT_EXIT(
+        {
+            boot();
+            fputs("the last words\n", stderr);
+            exit(3);
+        },
+        testing::ExitedWithCode(3), "the last words");
 }
 
 TEST_F(Bootstrap, DoesNotMakeTheSettings) {

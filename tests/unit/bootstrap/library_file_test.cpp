@@ -28,7 +28,7 @@ class LibraryFileTest : public testing::Test {
 
 TEST_F(LibraryFileTest, HasExactlyTwoInitialisersInTheirOrder) {
     EXPECT_THAT(ours(file.initialisers),
-                ElementsAre("(anonymous namespace)::bootstrap()", "(anonymous namespace)::hookHost()"));
+                ElementsAre("zelka::(anonymous namespace)::bootstrap()", "zelka::(anonymous namespace)::hookHost()"));
     EXPECT_FALSE(file.hasOldInitialisers);
 }
 

@@ -1,6 +1,9 @@
+#include <sqlite3.h>
+
 #include "simulator/maker/contacts/address_book_builder.h"
 #include "tests/support/darwin.h"
 #include "tests/support/extension.h"
+#include "tests/support/sqlite_calls.h"
 
 @interface RedrawCounter : NSObject {
   @public
@@ -157,6 +160,26 @@ TEST_F(AddressBookChanges, AnEmptyFileChangesNothing) {
     [Utils setContactImage:picture_ contactId:1];
     test::deliver(kChanged);
     EXPECT_NE([Utils getContactImageInCache:1], nil);
+}
+
+TEST_F(AddressBookChanges, AReadThatFailsIsNoEmptyBook) {
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(root.host(kDatabase).c_str(), &database), SQLITE_OK);
+    // A number that is too large for its sign to change: an error, but only when the row is asked for.
+    EXPECT_EQ(sqlite3_exec(database,
+                           "CREATE VIEW ABPerson AS SELECT 7 AS ROWID, abs(-9223372036854775807 - 1) AS "
+                           "ModificationDate",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(database);
+    start();
+    for (int contact : {0, 7}) [Utils setContactImage:picture_ contactId:contact];
+    const int stepped = test::sqliteCalls().stepped;
+    test::deliver(kChanged);
+    EXPECT_EQ(test::sqliteCalls().stepped - stepped, 1);
+    EXPECT_EQ(log().find("Unabe to get ROWID"), std::string::npos);
+    for (int contact : {0, 7}) EXPECT_NE([Utils getContactImageInCache:contact], nil) << contact;
+    EXPECT_EQ(counter_->redraws, 0);
 }
 
 TEST_F(AddressBookChanges, TheHandlerActsOnItsOwnNotificationOnly) {

@@ -8,6 +8,7 @@
 #include "simulator/maker/contacts/address_book_builder.h"
 #include "tests/support/extension.h"
 #include "tests/support/pictures.h"
+#include "tests/support/sleep.h"
 #include "tests/support/sqlite_calls.h"
 
 namespace test {
@@ -37,16 +38,8 @@ class ContactsTest : public ExtensionTest {
     void replaceByDirectory(std::string_view database);
     void restore(std::string_view database);
 
-    // Runs `restore(database)` on another thread after so many seconds; the destructor of the result waits for it.
-    class Restoring {
-      public:
-        Restoring(ContactsTest& test, std::string_view database, double seconds);
-        ~Restoring();
-
-      private:
-        struct State;
-        State* state_;
-    };
+    // Runs `restore(database)` once the library has slept for so many seconds, which pass at once (support/sleep.h).
+    void restoreWhenSlept(double seconds, std::string_view database);
 
   private:
     maker::AddressBookBuilder builder();

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <filesystem>
-#include <thread>
 
 namespace test {
 
@@ -92,19 +91,8 @@ void ContactsTest::restore(std::string_view database) {
     EXPECT_FALSE(error) << error.message();
 }
 
-struct ContactsTest::Restoring::State {
-    std::thread thread;
-};
-
-ContactsTest::Restoring::Restoring(ContactsTest& test, std::string_view database, double seconds)
-    : state_(new State{std::thread([&test, database, seconds] {
-          std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
-          test.restore(database);
-      })}) {}
-
-ContactsTest::Restoring::~Restoring() {
-    state_->thread.join();
-    delete state_;
+void ContactsTest::restoreWhenSlept(double seconds, std::string_view database) {
+    whenSlept(seconds, [this, database] { restore(database); });
 }
 
 }  // namespace test

@@ -3,9 +3,7 @@
 #include <sanitizer/lsan_interface.h>
 #include <sqlite3.h>
 
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 namespace {
 
@@ -88,6 +86,23 @@ TEST_F(InitialsFromName, KnowLettersMarksAndNumbersOfEveryScript) {
     // A combining acute accent (a mark) joins its letters and stays behind.
     EXPECT_EQ(of("Jose\xCC\x81 Ruiz"), "JR");
     EXPECT_EQ(of("\xCC\x81 x"), "\xCC\x81x");
+}
+
+// What the eye takes for one character may be several UTF-16 units, of which an initial is the first.
+TEST_F(InitialsFromName, AreUtf16UnitsAndNotWhatTheEyeTakesForOne) {
+    EXPECT_EQ(of("E\xCC\x81lodie"), "E");
+    EXPECT_EQ(of("E\xCC\x81lodie C\xCC\xA7"
+                 "elik"),
+              "EC");
+    EXPECT_EQ(of("\u0939\u093F\u0928 \u0915\u094D\u0937"), "\u0939\u0915");
+    NSString* pair = [NSString stringWithUTF8String:"\U00020BB7"];
+    ASSERT_EQ([pair length], 2u);
+    NSString* one = [Utils monogramTextFromName:pair];
+    ASSERT_EQ([one length], 1u);
+    EXPECT_EQ([one characterAtIndex:0], [pair characterAtIndex:0]);
+    NSString* two = [Utils monogramTextFromName:[NSString stringWithFormat:@"%@ %@", pair, pair]];
+    ASSERT_EQ([two length], 2u);
+    for (NSUInteger i : {0u, 1u}) EXPECT_EQ([two characterAtIndex:i], [pair characterAtIndex:0]);
 }
 
 TEST_F(InitialsFromName, TakeSymbolsForSeparators) {
@@ -202,10 +217,9 @@ TEST_F(InitialsFromDatabase, WaitOnceASecondForADatabaseThatCannotBePrepared) {
     const int contact = addNamed("John", "Smith");
     replaceByGarbage(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 1.2);
-    const double start = test::now();
+    restoreWhenSlept(1.2, kAddressBook);
     EXPECT_EQ(of(contact), "JS");
-    EXPECT_GE(test::now() - start, 1.9);
+    EXPECT_EQ(test::slept(), 2u);
     EXPECT_EQ(loggedLines("], Error while preparing statement: 'file is not a database'"), 2);
 }
 
@@ -213,7 +227,7 @@ TEST_F(InitialsFromDatabase, WaitForADatabaseThatCannotBeOpened) {
     const int contact = addNamed("John", "Smith");
     replaceByDirectory(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 0.4);
+    restoreWhenSlept(0.4, kAddressBook);
     const int opened = test::sqliteCalls().opened;
     const int closed = test::sqliteCalls().closed;
     __lsan_disable();  // a connection that failed to open is never closed
@@ -230,17 +244,12 @@ TEST_F(InitialsFromDatabase, AreNilOnceTheDatabaseThatTheyWaitForIsGone) {
     const int contact = addNamed("John", "Smith");
     replaceByGarbage(kAddressBook);
     boot();
-    // Back after the test's time, for a reader that would wait without end.
-    Restoring restoring(*this, kAddressBook, 3);
-    std::thread removing([this] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(400));
-        std::filesystem::remove(root.host(kAddressBook));
-    });
-    const double start = test::now();
+    test::whenSlept(0.4, [this] { std::filesystem::remove(root.host(kAddressBook)); });
+    // Back in the end, for a reader that would wait without end.
+    restoreWhenSlept(3, kAddressBook);
     EXPECT_EQ([Utils getMonogramTextFromAB:contact], nil);
-    EXPECT_LT(test::now() - start, 2.5);
+    EXPECT_EQ(test::slept(), 1u);
     EXPECT_FALSE(root.exists(kAddressBook));
-    removing.join();
 }
 
 TEST_F(InitialsFromDatabase, LeaveNothingInTheCallersPoolForTheSecondsThatTheyWait) {
@@ -250,7 +259,7 @@ TEST_F(InitialsFromDatabase, LeaveNothingInTheCallersPoolForTheSecondsThatTheyWa
     leftInPool(initials);  // what is made once
     const unsigned withoutWaiting = leftInPool(initials);
     replaceByGarbage(kAddressBook);
-    Restoring restoring(*this, kAddressBook, 1.2);
+    restoreWhenSlept(1.2, kAddressBook);
     EXPECT_EQ(leftInPool(initials), withoutWaiting);
 }
 
@@ -258,7 +267,7 @@ TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFour) {
     const int contact = addNamed("John", "Smith");
     replaceByGarbage(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 0.4);
+    restoreWhenSlept(0.4, kAddressBook);
     EXPECT_TRUE([[Utils getMonogramTextFromAB:contact currentReadCount:4] isEqualToString:@"JS"]);
     const std::string line =
         "], Max waiting attempts over, hence returning monogram thorugh AB API for contact: " + std::to_string(contact);
@@ -268,11 +277,22 @@ TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFour) {
     EXPECT_EQ(loggedLines("], Error while preparing statement: 'file is not a database'"), 2);
 }
 
+TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountBeyondFour) {
+    const int contact = addNamed("John", "Smith");
+    replaceByGarbage(kAddressBook);
+    boot();
+    restoreWhenSlept(0.4, kAddressBook);
+    EXPECT_TRUE([[Utils getMonogramTextFromAB:contact currentReadCount:9] isEqualToString:@"JS"]);
+    EXPECT_EQ(loggedLines("], Max waiting attempts over, hence returning monogram thorugh AB API for contact: " +
+                          std::to_string(contact)),
+              1);
+}
+
 TEST_F(InitialsFromDatabase, StartAfreshFromAReadCountOfFourWhenTheDatabaseCannotBeOpened) {
     const int contact = addNamed("John", "Smith");
     replaceByDirectory(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 0.4);
+    restoreWhenSlept(0.4, kAddressBook);
     __lsan_disable();  // a connection that failed to open is never closed
     NSString* text = [Utils getMonogramTextFromAB:contact currentReadCount:4];
     __lsan_enable();
@@ -287,7 +307,7 @@ TEST_F(InitialsFromDatabase, WaitWithAReadCountOfThreeWithoutGivingUp) {
     const int contact = addNamed("John", "Smith");
     replaceByGarbage(kAddressBook);
     boot();
-    Restoring restoring(*this, kAddressBook, 0.4);
+    restoreWhenSlept(0.4, kAddressBook);
     EXPECT_TRUE([[Utils getMonogramTextFromAB:contact currentReadCount:3] isEqualToString:@"JS"]);
     EXPECT_EQ(log().find("Max waiting attempts over"), std::string::npos);
 }
@@ -305,6 +325,14 @@ TEST_F(InitialsFromAddressBook, TakeNamesAsTheyAre) {
     EXPECT_TRUE([[Utils monogramTextFromContactID:last] isEqualToString:@"P"]);
     EXPECT_EQ([Utils monogramTextFromContactID:none], nil);
     EXPECT_EQ([Utils monogramTextFromContactID:4711], nil);
+}
+
+TEST_F(InitialsFromAddressBook, AreUtf16UnitsAndNotWhatTheEyeTakesForOne) {
+    const int contact = addNamed("E\xCC\x81lodie", "C\xCC\xA7"
+                                                   "elik");
+    boot();
+    EXPECT_TRUE([[Utils monogramTextFromContactID:contact] isEqualToString:@"EC"]);
+    EXPECT_TRUE([[Utils monogramTextFromAB:contact] isEqualToString:@"EC"]);
 }
 
 TEST_F(InitialsFromAddressBook, LeaveNoCopiesOfTheNamesInTheCallersPool) {

@@ -1,5 +1,7 @@
 #include "tests/unit/contacts/contacts_test.h"
 
+#include <sqlite3.h>
+
 #include <filesystem>
 
 namespace {
@@ -93,6 +95,25 @@ TEST_F(Lookup, TakesTheFirstLinkedContactWithAThumbnail) {
     EXPECT_EQ([Utils getContactImageInCache:red], nil);
     EXPECT_EQ(loggedLines("], Getting image for " + std::to_string(contact)), 1);
     EXPECT_TRUE(logged("com.norvex.ZelkaCB: Information => +[ZelkaCBUtils getContactImageDataFromAB:], [Line "));
+}
+
+TEST_F(Lookup, TakesLinkedContactsInTheBooksOrderAndNotThatOfTheirIDs) {
+    const int contact = addNamed("Anna", "Zuse");
+    int nine = 0;
+    while (nine < 9) nine = addWithThumbnail(test::kRed);
+    const int ten = addWithThumbnail(test::kBlue);
+    link({contact, nine, ten});
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(root.host(test::kAddressBook).c_str(), &database), SQLITE_OK);
+    // The book lists by ID, and 10 comes before 9 when the IDs are text.
+    EXPECT_EQ(sqlite3_exec(database,
+                           "ALTER TABLE ABPerson RENAME TO Everybody;"
+                           "CREATE VIEW ABPerson AS SELECT CAST(ROWID AS TEXT) AS ROWID, * FROM Everybody",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(database);
+    boot();
+    EXPECT_TRUE(shows(look(contact), kBlue));
 }
 
 TEST_F(Lookup, OfLinkedThumbnailsLeavesOutTheContactsOwn) {
@@ -244,10 +265,9 @@ TEST_F(Lookup, WaitsOnceASecondForImagesThatCannotBePrepared) {
     const int contact = addWithThumbnail(test::kRed);
     replaceByGarbage(kImages);
     boot();
-    Restoring restoring(*this, kImages, 1.2);
-    const double start = test::now();
+    restoreWhenSlept(1.2, kImages);
     EXPECT_TRUE(shows(look(contact), kRed));
-    EXPECT_GE(test::now() - start, 1.9);
+    EXPECT_EQ(test::slept(), 2u);
     const std::string ending = "], Error while preparing statement: 'file is not a database'";
     EXPECT_EQ(loggedLines(ending), 2);
     EXPECT_TRUE(logged(std::string("com.norvex.ZelkaCB: Error => ") + kReader + ", [Line "));
@@ -257,7 +277,7 @@ TEST_F(Lookup, WaitsForImagesThatCannotBeOpened) {
     const int contact = addWithThumbnail(test::kRed);
     replaceByDirectory(kImages);
     boot();
-    Restoring restoring(*this, kImages, 0.4);
+    restoreWhenSlept(0.4, kImages);
     EXPECT_TRUE(shows(look(contact), kRed));
     EXPECT_EQ(loggedLines("], Error while opening database connection: 'unable to open database file'"), 1);
     EXPECT_TRUE(logged(std::string("com.norvex.ZelkaCB: Error => ") + kReader + ", [Line "));
@@ -272,7 +292,7 @@ TEST_F(Lookup, LeavesNothingInTheCallersPoolForTheSecondsThatItWaits) {
     leftInPool(read);  // what is made once
     const unsigned withoutWaiting = leftInPool(read);
     replaceByGarbage(kImages);
-    Restoring restoring(*this, kImages, 1.2);
+    restoreWhenSlept(1.2, kImages);
     EXPECT_EQ(leftInPool(read), withoutWaiting);
 }
 
@@ -281,7 +301,7 @@ TEST_F(Lookup, WaitsForImagesThatAreNotThere) {
     std::error_code error;
     std::filesystem::rename(root.host(kImages), root.host(kImages) + ".aside", error);
     boot();
-    Restoring restoring(*this, kImages, 0.4);
+    restoreWhenSlept(0.4, kImages);
     EXPECT_TRUE(shows(look(contact), kRed));
     EXPECT_EQ(loggedLines("], Error while preparing statement: 'no such table: ABThumbnailImage'"), 1);
 }

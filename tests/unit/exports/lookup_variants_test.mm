@@ -85,6 +85,13 @@ TEST_F(Variants, OfAnInterfacePersonAskItsLinkedPeopleInOrder) {
     EXPECT_EQ([Utils getContactImageInCache:blue], nil);
 }
 
+TEST_F(Variants, OfAnInterfacePersonPreferItsOwnThumbnailToThoseOfItsLinkedPeople) {
+    const int contact = addWithThumbnail(test::kRed);
+    const int blue = addWithThumbnail(test::kBlue);
+    boot();
+    EXPECT_TRUE(shows([Utils getContactImageOnlyIOS7:person(contact, @[ person(blue), person(contact) ])], kRed));
+}
+
 TEST_F(Variants, OfAnInterfacePersonWithoutPhotoAreAMonogramOrTheDefaultPicture) {
     const int contact = addNamed("\"Anna\"", "Zuse");
     const int other = addNamed("Bob", "Zuse");
@@ -158,6 +165,13 @@ TEST_F(Variants, ThroughTheInterfaceTakeTheThumbnailOrAMonogram) {
     EXPECT_TRUE(isMonogramOf(@"A", [Utils getContactImageFromAB:plain addressBook:YES monogramText:@"A"]));
     EXPECT_NE([Utils getContactImageInCache:plain], nil);
     EXPECT_TRUE(isMonogramOf(@"A", [Utils getContactImageFromAB:4711 addressBook:YES monogramText:@"A"]));
+}
+
+TEST_F(Variants, ThroughTheInterfaceLeaveTheFullSizeImageAlone) {
+    const int contact = addWithThumbnail(test::kRed);
+    setFullSize(contact, test::kBlue);
+    boot();
+    EXPECT_TRUE(shows([Utils getContactImageFromAB:contact addressBook:YES monogramText:@"A"], kRed));
 }
 
 TEST_F(Variants, ThroughTheInterfaceNeverTakeALinkedContactsThumbnail) {

@@ -1,3 +1,4 @@
+#include "simulator/runtime/process/device.h"
 #include "tests/support/property_list.h"
 #include "tests/unit/hooks/contacts_list_test.h"
 
@@ -45,6 +46,7 @@ using test::ContactsList;
 using test::frameOf;
 using test::kRed;
 using test::kYellow;
+using test::System6Contacts;
 
 TEST_F(ContactsList, LayoutPutsTheNameBesideThePicture) {
     startWithList();
@@ -158,6 +160,39 @@ TEST_F(ContactsList, SwitchedOffTheNextLayoutClearsThePictureAndRunsTheHostsTwic
     EXPECT_EQ(frameOf([cell_ contactNameView]), "5 3 200 38");
     ask();
     EXPECT_EQ(picture(), nil);
+}
+
+TEST_F(System6Contacts, SwitchedOffTheHostLaysOutOnce) {
+    startWithList();
+    ask();
+    [settings() setIsShowPicturesOnContacts:NO];
+    forget();
+    [cell_ layoutSubviews];
+    EXPECT_EQ(happened(), "host-layout ");
+}
+
+TEST_F(ContactsList, SwitchedOffTheHostLaysOutOnceInAnotherProcess) {
+    startWithList("com.apple.mobilephone");
+    ASSERT_FALSE([settings() isShowPicturesOnContacts]);
+    [cell_ layoutSubviews];
+    EXPECT_EQ(happened(), "host-layout ");
+}
+
+struct LandscapeContacts : ContactsList {
+    LandscapeContacts() : ContactsList("iphone5s-7.1") {}
+};
+
+TEST_F(LandscapeContacts, TheNameIsAsWideAsTheScreenLies) {
+    phone::Device device = phone::readDevice(root.path()).value();
+    device.orientation = 3;
+    ASSERT_TRUE(phone::writeDevice(root.path(), device));
+    startWithList();
+    UIApplicationStart(nil, nil);
+    ASSERT_EQ([[UIScreen mainScreen] bounds].size.width, 320);
+    give(7, test::bmp(8, 8, kRed));
+    ask();
+    [cell_ layoutSubviews];
+    EXPECT_EQ(frameOf([cell_ contactNameView]), "40 3 513 38");
 }
 
 class NameDrawing : public ContactsList {

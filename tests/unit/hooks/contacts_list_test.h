@@ -34,6 +34,7 @@
 namespace test {
 
 enum class List { all, found };
+inline void PrintTo(List list, std::ostream* out) { *out << (list == List::all ? "all" : "found"); }
 
 class ContactsList : public HookTest {
   protected:

@@ -1,6 +1,7 @@
 #include "tests/unit/hooks/contacts_list_test.h"
 
 #include "tests/support/darwin.h"
+#include "tests/support/parameter_name.h"
 #include "tests/support/property_list.h"
 
 namespace {
@@ -14,7 +15,7 @@ using test::List;
 using test::System6Contacts;
 
 class EitherList : public ContactsList, public testing::WithParamInterface<List> {};
-INSTANTIATE_TEST_SUITE_P(Lists, EitherList, testing::Values(List::all, List::found));
+INSTANTIATE_TEST_SUITE_P(Lists, EitherList, testing::Values(List::all, List::found), test::ParameterName());
 
 TEST_P(EitherList, ShowsThePhotoAtOnceAndKeepsIt) {
     startWithList();

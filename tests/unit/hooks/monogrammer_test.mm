@@ -1,6 +1,18 @@
 #include "tests/support/property_list.h"
 #include "tests/unit/hooks/hook_test.h"
 
+// Equal to every other one.
+@interface EqualGenerator : ABMonogrammer
+@end
+@implementation EqualGenerator
+- (BOOL)isEqual:(id)other {
+    return [other isKindOfClass:[ABMonogrammer class]];
+}
+- (NSUInteger)hash {
+    return 1;
+}
+@end
+
 namespace {
 
 using test::kGreen;
@@ -220,6 +232,23 @@ TEST_F(Monogrammer, AnotherGeneratorAlwaysGetsTheSystemsPictures) {
     EXPECT_EQ(sizeOf(fromData(system_, test::data(test::bmp(8, 8, kRed)))), "60 x 60");
 }
 
+TEST_F(Monogrammer, AnotherGeneratorThatIsEqualGetsTheSystemsPicturesToo) {
+    start();
+    generator_ = [[EqualGenerator alloc] initWithDiameter:60];
+    system_ = [[EqualGenerator alloc] initWithDiameter:60];
+    ASSERT_TRUE([system_ isEqual:generator_] && [generator_ isEqual:system_]);
+    CallBarControllerModern* controller = [[[CallBarControllerModern alloc] init] autorelease];
+    controller->generator = generator_;
+    [controller monogrammer];
+    [settings() setIsRoundedPicsEnabled:NO];
+    const int ann = addNamed("Ann", "Lee");
+    EXPECT_FALSE(isSystemDisc(initials(generator_)));
+    EXPECT_FALSE(isSystemDisc(person(generator_, ann)));
+    EXPECT_TRUE(isSystemDisc(initials(system_)));
+    EXPECT_TRUE(isSystemDisc(person(system_, ann)));
+    EXPECT_EQ(fromData(system_, nil), nil);
+}
+
 TEST_F(Monogrammer, NothingRememberedMeansTheSystemsPictures) {
     start();
     ABMonogrammer* generator = [[[ABMonogrammer alloc] initWithDiameter:60] autorelease];
@@ -281,6 +310,20 @@ TEST_F(System6Monogrammer, BeforeSystem7AContactWithoutPhotoGetsTheRecentPicture
     replaceBundlePicture("recent", kRed);
     [settings() setIsRoundedPicsEnabled:NO];
     EXPECT_TRUE(isMiddle(person(generator_, addNamed("Ann", "Lee")), kRed));
+}
+
+TEST_F(System6Monogrammer, TheSettingAloneDecidesWhetherInitialsAreAsked) {
+    startWithGenerator();
+    [settings() setIsRoundedPicsEnabled:NO];
+    ABRecordRef ann = [[ABUIPerson personWithRecordID:addWithPhoto(kGreen)] record];
+    ASSERT_FALSE([Utils isMonogramEnabled]);
+    for (const BOOL monograms : {YES, NO}) {
+        [settings() setIsMonogramEnabled:monograms];
+        [Utils clearImageCache];
+        const int before = test::sqliteCalls().prepared;
+        [[generator_ monogramForPerson:ann isPersonImage:&flag_] release];
+        EXPECT_EQ(test::sqliteCalls().prepared - before, monograms ? 2 : 1);
+    }
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "tests/support/parameter_name.h"
 #include "tests/unit/hooks/recents_test.h"
 
 namespace {
@@ -187,6 +188,8 @@ struct PlaceholderFile {
     const char *profile, *file;
 };
 
+void PrintTo(const PlaceholderFile& file, std::ostream* out) { *out << file.profile; }
+
 class RecentsPlaceholder : public RecentsList, public testing::WithParamInterface<PlaceholderFile> {
   protected:
     RecentsPlaceholder() : RecentsList(GetParam().profile) {}
@@ -208,7 +211,8 @@ TEST_P(RecentsPlaceholder, IsTheFileOfTheScreensScale) {
 INSTANTIATE_TEST_SUITE_P(Screens, RecentsPlaceholder,
                          testing::Values(PlaceholderFile{"iphone6plus-9.3", "recent@3x.png"},
                                          PlaceholderFile{"iphone6-8.4", "recent@2x.png"},
-                                         PlaceholderFile{"ipad2-6.1", "recent.png"}));
+                                         PlaceholderFile{"ipad2-6.1", "recent.png"}),
+                         test::ParameterName());
 
 TEST_F(RecentsList, TheFeatureSwitchedOffWhileTheRowIsMadeGivesTheRecentPicture) {
     for (NSString* flip in @[ @"isZelkaCBEnabled", @"isMonogramEnabled" ]) {

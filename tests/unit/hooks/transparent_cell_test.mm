@@ -1,4 +1,4 @@
-#include "tests/unit/hooks/hook_test.h"
+#include "tests/unit/hooks/transparent_cell_test.h"
 
 // A label of a class that is neither the name's nor the date's.
 @interface FancyLabel : UILabel
@@ -23,34 +23,8 @@ namespace {
 using test::frameOf;
 using test::kDetailTag;
 using test::kNameTag;
-
-class TransparentCell : public test::HookTest {
-  protected:
-    explicit TransparentCell(const char* profile = "iphone6-8.4") : HookTest(profile) {}
-
-    void makeCell(CGFloat height = 48) {
-        cell_ = [[CallBarTableViewTransparentCell alloc] initWithStyle:UITableViewCellStyleDefault
-                                                       reuseIdentifier:@"row"];
-        [cell_ setFrame:CGRectMake(0, 0, 375, height)];
-        [cell_ setAccessoryType:UITableViewCellAccessoryDetailButton];
-    }
-
-    template <class Label>
-    Label* addLabel(UIView* container, NSString* text, CGRect frame, Class kind) {
-        Label* label = [[[kind alloc] initWithFrame:frame] autorelease];
-        [label setText:text];
-        [container addSubview:label];
-        return label;
-    }
-    UILabel* label(UIView* container, NSString* text, CGRect frame, Class kind = [UILabel class]) {
-        return addLabel<UILabel>(container, text, frame, kind);
-    }
-
-    // Runs the replaced method alone; the labels stand where they were put, since no table lays the cell out.
-    void layOut() { [cell_ layoutSubviews]; }
-
-    CallBarTableViewTransparentCell* cell_ = nil;
-};
+using test::RightToLeft;
+using test::TransparentCell;
 
 struct System7 : TransparentCell {
     System7() : TransparentCell("iphone5s-7.1") {}
@@ -161,22 +135,6 @@ TEST_F(TransparentCell, SwitchedOffThePictureKeepsItsLastFrameAndTheLabelsTheHos
         EXPECT_EQ([detail tag], 0) << [key UTF8String];
     }
 }
-
-// The accessory is laid out by the cell itself, so a cell is asked that keeps it where the test put it.
-struct RightToLeft : TransparentCell {
-    void start(bool editing) {
-        root.setDevice("iphone6-8.4", true);
-        boot();
-        UIApplicationStart(nil, nil);
-        makeCell();
-        [cell_ setEditing:editing animated:NO];
-        // The superclass's layout moves the accessory; this puts it where it is wanted.
-        Method layout = class_getInstanceMethod([UITableViewCell class], @selector(layoutSubviews));
-        method_setImplementation(
-            layout, (IMP) + [](id self, SEL) { [[self _defaultAccessoryView] setFrame:CGRectMake(300, 13, 22, 22)]; });
-        layOut();
-    }
-};
 
 TEST_F(RightToLeft, PictureStandsBeforeTheAccessory) {
     start(false);

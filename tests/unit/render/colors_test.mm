@@ -52,6 +52,27 @@ TEST_F(Colors, OfComponentsAreDividedBy255AndKeepTheirAlpha) {
     EXPECT_DOUBLE_EQ(alpha, 0.25);
 }
 
+// What the platform's colours are made of, in the order of the request.
+std::string requested;
+id noteComponents(id, SEL, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
+    char text[128];
+    snprintf(text, sizeof text, "%g %g %g %g", red, green, blue, alpha);
+    requested = text;
+    return nil;
+}
+
+TEST_F(Colors, OfComponentsOutOfRangeAreLeftToThePlatform) {
+    boot();
+    method_setImplementation(class_getClassMethod([UIColor class], @selector(colorWithRed:green:blue:alpha:)),
+                             reinterpret_cast<IMP>(noteComponents));
+    [UIColor ZelkaCBColorWithRed:-255 green:510 blue:51 alpha:2];
+    EXPECT_EQ(requested, "-1 2 0.2 2");
+    [UIColor ZelkaCBColorWithRed:510 green:-51 blue:765 alpha:-1];
+    EXPECT_EQ(requested, "2 -0.2 3 -1");
+    [UIColor ZelkaCBColorWithHexaCode:@"#00ff33" alpha:1.5];
+    EXPECT_EQ(requested, "0 1 0.2 1.5");
+}
+
 TEST_F(Colors, OfATextIgnoreItsFirstCharacterAndLetterCase) {
     boot();
     EXPECT_EQ(spelt([UIColor ZelkaCBColorWithHexaCode:@"#4b9484" alpha:1]), "#4b9484");

@@ -6,6 +6,8 @@
 #include <memory>
 #include <string>
 
+#include "tests/support/parameter_name.h"
+
 namespace {
 
 struct Unreference {
@@ -73,7 +75,7 @@ TEST_P(PictureAtScale, DefaultPictureFillsItsSquare) {
         for (int x = 0; x < side; x++) ASSERT_EQ(255, alpha(picture, x, y)) << x << ", " << y;
 }
 
-INSTANTIATE_TEST_SUITE_P(AllScales, PictureAtScale, testing::Values(1, 2, 3));
+INSTANTIATE_TEST_SUITE_P(AllScales, PictureAtScale, testing::Values(1, 2, 3), test::ParameterName());
 
 TEST(Bundle, NamesTheProductAndItsVersion) {
     @autoreleasepool {

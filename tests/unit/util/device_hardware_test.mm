@@ -1,6 +1,7 @@
 #include "tests/support/extension.h"
 
 #include "simulator/runtime/process/device.h"
+#include "tests/support/parameter_name.h"
 
 namespace {
 
@@ -9,6 +10,8 @@ struct Machine {
     const char* identifier;
     const char* name;
 };
+
+void PrintTo(const Machine& machine, std::ostream* out) { *out << machine.identifier; }
 
 class DeviceHardware : public test::ExtensionTest, public testing::WithParamInterface<Machine> {
   protected:
@@ -33,7 +36,8 @@ INSTANTIATE_TEST_SUITE_P(Machines, DeviceHardware,
                                          Machine{"iPhone30,1", "iPhone 4"}, Machine{"iPhone4,1", "iPhone4,1"},
                                          Machine{"iPod4,1", "iPod"}, Machine{"iPad5,3", "iPad"},
                                          Machine{"i386", "Simulator"}, Machine{"x86_64", "x86_64"},
-                                         Machine{"iphone3,1", "iphone3,1"}));
+                                         Machine{"iphone3,1", "iphone3,1"}),
+                         test::ParameterName());
 
 TEST_F(DeviceHardware, InstancesAnswerLikeTheClass) {
     bootMachine("iPhone3,1");

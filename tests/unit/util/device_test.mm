@@ -150,6 +150,19 @@ TEST_F(DeviceQueries, ATabletAsHighAsAPlusIsNone) {
     EXPECT_FALSE([Utils isIPhone6OR6Plus]);
 }
 
+TEST_F(DeviceQueries, ADeviceThatLacksTheIdiomIsNotAskedForIt) {
+    bootTablet("iphone6-8.4");
+    // A device of the first systems, whose answer nobody can know.
+    class_replaceMethod([UIDevice class], @selector(respondsToSelector:),
+                        reinterpret_cast<IMP>(+[](id, SEL, SEL asked) {
+                            return static_cast<BOOL>(!sel_isEqual(asked, @selector(userInterfaceIdiom)));
+                        }),
+                        "C@::");
+    EXPECT_TRUE([Utils isIPhone6]);
+    EXPECT_FALSE([Utils isIPhone6Plus]);
+    EXPECT_TRUE([Utils isIPhone6OR6Plus]);
+}
+
 TEST_F(DeviceQueries, FromVersion8TheNativeHeightCountsHoweverThePhoneIsTurned) {
     bootOrientation("iphone6-8.4", 3);
     ASSERT_EQ([[UIScreen mainScreen] bounds].size.height, 375);

@@ -1,4 +1,16 @@
+#include <dlfcn.h>
+#include <string.h>
+
 #include "tests/support/extension.h"
+
+// A class that the runtime says is not there.
+static const char* missing = nullptr;
+
+// Ahead of the runtime's own by definition order.
+extern "C" __attribute__((visibility("default"))) Class objc_getClass(const char* name) {
+    static const auto before = reinterpret_cast<decltype(&objc_getClass)>(dlsym(RTLD_NEXT, "objc_getClass"));
+    return missing != nullptr && strcmp(name, missing) == 0 ? Nil : before(name);
+}
 
 namespace {
 
@@ -16,6 +28,11 @@ TEST_F(PhoneNumbers, AreFormattedByThePlatform) {
         [formatted isEqualToString:[[ABPhoneFormatting abCopyPhoneNumberFromString:@"+15550100199"] autorelease]]);
     EXPECT_GT([formatted length], 12u);
     EXPECT_EQ([Utils getFormattedPhoneNumber:nil], nil);
+}
+
+TEST_F(PhoneNumbers, WithoutThePlatformsFormatterThereIsNoFormattedForm) {
+    missing = "ABPhoneFormatting";
+    EXPECT_EQ([Utils getFormattedPhoneNumber:@"+15550100199"], nil);
 }
 
 TEST_F(PhoneNumbers, PlainFormDropsSpacesParenthesesAndHyphens) {

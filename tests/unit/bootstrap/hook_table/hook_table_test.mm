@@ -1,6 +1,9 @@
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 
+#include <array>
+#include <utility>
+
 #include "simulator/runtime/process/library_loader.h"
 #include "tests/support/encodings.h"
 #include "tests/support/extension.h"
@@ -18,12 +21,6 @@
 }
 @end
 
-// Stands in for the host's methods, whatever their signatures: notes who was asked for what with which first argument,
-// and answers nil. A method's code, unlike a function's, may be called as one of another type under the sanitizers.
-@interface NotedHost : NSObject
-- (id)noted:(id)first;
-@end
-
 // An argument of every kind that a replacement asks something of: a button, an index path.
 @interface AnyArgument : NSObject
 - (BOOL)isSelected;
@@ -31,18 +28,12 @@
 @end
 
 struct Call {
+    size_t row;  // whose method was called
     id receiver;
     SEL command;
     id first;
 };
 static std::vector<Call> noted;
-
-@implementation NotedHost
-- (id)noted:(id)first {
-    noted.push_back({self, _cmd, first});
-    return nil;
-}
-@end
 
 @implementation AnyArgument
 - (BOOL)isSelected {
@@ -112,6 +103,27 @@ bool isInLibrary(IMP implementation) {
     return phone::libraryOf(reinterpret_cast<void*>(implementation)) == test::libraryPath();
 }
 
+// The host's method of a row, whatever its signature: notes whose it is and who was asked for what with which first
+// argument, and returns nil. The sanitizer would have a function called as one of its own type alone.
+template <size_t row>
+__attribute__((no_sanitize("function"))) id notedMethod(id receiver, SEL command, id first) {
+    noted.push_back({row, receiver, command, first});
+    return nil;
+}
+
+using NotedMethod = id (*)(id, SEL, id);
+
+template <size_t... rows>
+constexpr std::array<NotedMethod, sizeof...(rows)> notedMethods(std::index_sequence<rows...>) {
+    return {&notedMethod<rows>...};
+}
+
+constexpr auto kNotedMethods = notedMethods(std::make_index_sequence<std::size(kRows)>());
+
+IMP notedMethodOf(const Row& row) {
+    return reinterpret_cast<IMP>(kNotedMethods[static_cast<size_t>(&row - std::begin(kRows))]);
+}
+
 class HookTable : public test::ExtensionTest {};
 
 TEST_F(HookTable, ReplacesOrAddsEveryRowsMethod) {
@@ -149,7 +161,7 @@ TEST_F(HookTable, LooksEachClassUpOnceAndInOrder) {
 void takeOver(const Row& row) {
     Class cls = objc_getClass(row.className);
     const SEL selector = sel_registerName(row.selector);
-    const IMP code = class_getMethodImplementation([NotedHost class], @selector(noted:));
+    const IMP code = notedMethodOf(row);
     Method method = class_getInstanceMethod(cls, selector);
     if (!class_addMethod(cls, selector, code, method_getTypeEncoding(method))) method_setImplementation(method, code);
 }
@@ -171,6 +183,9 @@ TEST_F(HookTable, EveryReplacementCallsTheHostOnceWithWhatItWasGiven) {
         noted.clear();
         [receiver performSelector:command withObject:first withObject:argument];
         ASSERT_EQ(noted.size(), 1u);
+        // Of two methods that shared a slot, one would be called in the other's place.
+        EXPECT_EQ(kRows[noted.front().row].className + std::string(" ") + kRows[noted.front().row].selector,
+                  row.className + std::string(" ") + row.selector);
         EXPECT_EQ(noted.front().receiver, receiver);
         EXPECT_STREQ(sel_getName(noted.front().command), row.selector);
         if (name.ends_with(':')) EXPECT_EQ(noted.front().first, first);
@@ -190,6 +205,44 @@ TEST_F(HookTable, HookedMethodsKeepTheirEncodingAndAddedOnesGetTheirs) {
         EXPECT_EQ(encodingOf(row), row.kind == Kind::added ? row.encoding : before[index])
             << row.className << row.selector;
         ++index;
+    }
+}
+
+TEST_F(HookTable, AnAddedMethodLeavesTheHostsOwnInPlace) {
+    bootPhone("com.apple.springboard");
+    for (const Row& row : kRows) {
+        if (row.kind == Kind::hooked) continue;
+        ASSERT_TRUE(
+            class_addMethod(objc_getClass(row.className), sel_registerName(row.selector), notedMethodOf(row), "@@:@"));
+    }
+    loadExtension();
+    for (const Row& row : kRows) {
+        if (row.kind == Kind::hooked) continue;
+        SCOPED_TRACE(std::string(row.className) + " " + row.selector);
+        EXPECT_EQ(implementationOf(row), notedMethodOf(row));
+        Method method = class_getInstanceMethod(objc_getClass(row.className), sel_registerName(row.selector));
+        EXPECT_STREQ(method_getTypeEncoding(method), "@@:@");
+    }
+}
+
+TEST_F(HookTable, AnAddedMethodOverridesAnInheritedOne) {
+    bootPhone("com.apple.springboard");
+    std::vector<IMP> inherited;
+    for (const Row& row : kRows) {
+        if (row.kind == Kind::hooked) continue;
+        // Two of the classes have one superclass, which takes the first row's method.
+        Class superclass = class_getSuperclass(objc_getClass(row.className));
+        class_addMethod(superclass, sel_registerName(row.selector), notedMethodOf(row), "@@:@");
+        inherited.push_back(class_getMethodImplementation(superclass, sel_registerName(row.selector)));
+    }
+    loadExtension();
+    size_t index = 0;
+    for (const Row& row : kRows) {
+        if (row.kind == Kind::hooked) continue;
+        SCOPED_TRACE(std::string(row.className) + " " + row.selector);
+        EXPECT_TRUE(isInLibrary(implementationOf(row)));
+        Class superclass = class_getSuperclass(objc_getClass(row.className));
+        EXPECT_EQ(class_getMethodImplementation(superclass, sel_registerName(row.selector)), inherited[index++]);
     }
 }
 

@@ -9,7 +9,9 @@
 #include <fstream>
 
 #include "simulator/maker/contacts/address_book_builder.h"
+#include "simulator/runtime/process/device.h"
 #include "tests/support/extension.h"
+#include "tests/support/parameter_name.h"
 #include "tests/support/pictures.h"
 #include "tests/support/sqlite_calls.h"
 
@@ -277,7 +279,37 @@ TEST_F(Preload, KeepsMemoryFlat) {
     EXPECT_LT(kilobytes("VmHWM") - before, 400 * 1024);
 }
 
-class PreloadOnDevice : public test::ExtensionTest, public testing::WithParamInterface<std::pair<const char*, bool>> {
+// From now on the system says that this is another machine.
+void becomeAnother(const char* machine, const char* name) {
+    phone::Device device = phone::device();
+    device.machine = machine;
+    phone::setDevice(device);
+    ASSERT_STREQ([[Hardware platformString] UTF8String], name);
+}
+
+TEST_F(Preload, IsWorthItForTheDeviceThatItWasFirstAskedOn) {
+    boot();
+    EXPECT_TRUE([Utils canprepareImageCache]);
+    becomeAnother("iPad5,3", "iPad");
+    EXPECT_TRUE([Utils canprepareImageCache]);
+}
+
+TEST_F(Preload, FindsOutTheDeviceWhenItIsFirstAskedAndNotBefore) {
+    boot();
+    becomeAnother("iPad5,3", "iPad");
+    EXPECT_FALSE([Utils canprepareImageCache]);
+    becomeAnother("iPhone3,1", "iPhone 4");
+    EXPECT_FALSE([Utils canprepareImageCache]);
+}
+
+struct Machine {
+    const char* identifier;
+    bool worthIt;
+};
+
+void PrintTo(const Machine& machine, std::ostream* out) { *out << machine.identifier; }
+
+class PreloadOnDevice : public test::ExtensionTest, public testing::WithParamInterface<Machine> {
   protected:
     void becomeMachine(const char* machine) {
         NSMutableDictionary* device =
@@ -290,24 +322,21 @@ class PreloadOnDevice : public test::ExtensionTest, public testing::WithParamInt
 
 TEST_P(PreloadOnDevice, IsWorthItOnPhonesNewerThanThe3GS) {
     @autoreleasepool {
-        becomeMachine(GetParam().first);
+        becomeMachine(GetParam().identifier);
     }
     boot();
-    EXPECT_EQ([Utils canprepareImageCache] != NO, GetParam().second);
-    EXPECT_EQ([Utils canprepareImageCache] != NO, GetParam().second);
+    EXPECT_EQ([Utils canprepareImageCache] != NO, GetParam().worthIt);
+    EXPECT_EQ([Utils canprepareImageCache] != NO, GetParam().worthIt);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Machines, PreloadOnDevice,
-    testing::Values(std::pair("iPhone1,1", false), std::pair("iPhone1,2", false), std::pair("iPhone2,1", false),
-                    std::pair("iPhone2,2", false), std::pair("iPhone3,1", true), std::pair("iPhone3,3", true),
-                    std::pair("iPhone4,1", true), std::pair("iPhone7,2", true), std::pair("iPhone12,1", true),
-                    std::pair("iPod5,1", false), std::pair("iPad5,3", false), std::pair("i386", false),
-                    std::pair("x86_64", false), std::pair("iPhone", false), std::pair("iphone7,2", false)),
-    [](const auto& test) {
-        std::string name;
-        for (char letter : std::string(test.param.first)) name += isalnum(letter) ? letter : '_';
-        return name;
-    });
+INSTANTIATE_TEST_SUITE_P(Machines, PreloadOnDevice,
+                         testing::Values(Machine{"iPhone1,1", false}, Machine{"iPhone1,2", false},
+                                         Machine{"iPhone2,1", false}, Machine{"iPhone2,2", false},
+                                         Machine{"iPhone3,1", true}, Machine{"iPhone3,3", true},
+                                         Machine{"iPhone4,1", true}, Machine{"iPhone7,2", true},
+                                         Machine{"iPhone12,1", true}, Machine{"iPod5,1", false},
+                                         Machine{"iPad5,3", false}, Machine{"i386", false}, Machine{"x86_64", false},
+                                         Machine{"iPhone", false}, Machine{"iphone7,2", false}),
+                         test::ParameterName());
 
 }  // namespace

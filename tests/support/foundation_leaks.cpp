@@ -1,4 +1,0 @@
-// Foundation and its runtime keep their class tables and constants until the process ends. Leaks of our own still fail,
-// in the tests that run without a phone's process: that one turns the leak checker off.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() { return "leak:libobjc.so\nleak:libgnustep-base.so\n"; }

@@ -1,4 +1,6 @@
 // A library in the phone's binary format for the loader's tests, which offer the functions that it calls.
+#include <pthread.h>
+
 extern "C" {
 void fixtureNote(int number);
 void fixtureRaise();
@@ -41,6 +43,21 @@ EXPORTED int fixtureCatches() {
         return cleaned;
     }
     return -1;
+}
+
+// How often it has been called, by whichever threads.
+EXPORTED int fixtureCounts() {
+    static pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
+    static int calls = 0;
+    if (pthread_mutex_lock(&mutex) != 0) return -1;
+    const int counted = ++calls;
+    return pthread_mutex_unlock(&mutex) == 0 ? counted : -1;
+}
+
+// The mutex is none: nobody has initialised it.
+EXPORTED int fixtureLocksZeros() {
+    static pthread_mutex_t mutex;
+    return pthread_mutex_lock(&mutex);
 }
 
 // With several registers in use across the call, which unwinding must bring back.

@@ -3,10 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
 #include "simulator/runtime/process/library_loader.h"
@@ -57,6 +59,20 @@ TEST_F(MachoLoader, BindsVariablesOfTheProcess) {
 }
 
 TEST_F(MachoLoader, LeavesMissingOptionalSymbolsNull) { EXPECT_FALSE(fixture<bool()>("fixtureHasOptional")()); }
+
+TEST_F(MachoLoader, LibrariesLockMutexesOfThePhonesLayout) {
+    constexpr int kThreads = 4, kCalls = 20000;
+    const auto count = fixture<int()>("fixtureCounts");
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < kThreads; ++thread) {
+        threads.emplace_back([count] {
+            for (int call = 0; call < kCalls; ++call) count();
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(count(), kThreads * kCalls + 1);
+    EXPECT_EQ(fixture<int()>("fixtureLocksZeros")(), EINVAL);
+}
 
 TEST_F(MachoLoader, LibrariesCatchWhatThePlatformRaises) { EXPECT_EQ(fixture<int()>("fixtureCatches")(), 1); }
 

@@ -2,6 +2,7 @@
 #include "simulator/frameworks/core_foundation/darwin_notifications.h"
 
 #include "simulator/runtime/process/library_loader.h"
+#include "tests/support/emptied_dictionaries.h"
 #include "tests/support/extension.h"
 #include "tests/support/library_path.h"
 #include "tests/support/parameter_name.h"
@@ -167,6 +168,16 @@ TEST_F(Bootstrap, SeedsInTheHomeDirectory) {
     boot();
     EXPECT_EQ(seeded(), "111111");
     EXPECT_FALSE(root.exists("/User/Library/Preferences/com.norvex.ZelkaCB.plist"));
+}
+
+TEST_F(Bootstrap, TheSeededDictionaryIsEmptiedBeforeItGoes) {
+    bootPhone("com.apple.springboard");
+    test::watchEmptiedDictionaries();
+    loadExtension();
+    NSArray* emptied = test::emptiedDictionariesWith(@"ZelkaCBEnabled");
+    ASSERT_EQ([emptied count], 1u);
+    EXPECT_EQ([[emptied objectAtIndex:0] count], 6u);
+    EXPECT_EQ(seeded(), "111111");
 }
 
 TEST_F(Bootstrap, AppendsToTheLogFile) {

@@ -7,6 +7,25 @@
 #include "simulator/maker/contacts/address_book_builder.h"
 #include "tests/support/extension.h"
 
+// Stands for a picture; counts how many there are, and how many each thread destroyed.
+@interface CountedPicture : NSObject
+@end
+
+static std::atomic<int> pictures{0};
+static thread_local int picturesDestroyedHere = 0;
+
+@implementation CountedPicture
+- (id)init {
+    ++pictures;
+    return [super init];
+}
+- (void)dealloc {
+    --pictures;
+    ++picturesDestroyedHere;
+    [super dealloc];
+}
+@end
+
 namespace {
 
 constexpr int kThreads = 4;
@@ -100,6 +119,26 @@ TEST_F(SharedState, WhatLeavesTheCacheIsLetGo) {
     }
     EXPECT_EQ([picture retainCount], before);
     [picture release];
+}
+
+// Who clears a large cache does not wait for all of it to be destroyed.
+TEST_F(SharedState, ALargeCacheIsDestroyedInPartsOnTheQueue) {
+    constexpr int kPictures = 5000;
+    boot();
+    @autoreleasepool {
+        for (int contact = 1; contact <= kPictures; ++contact) {
+            CountedPicture* picture = [[CountedPicture alloc] init];
+            [Utils setContactImage:(UIImage*)picture contactId:contact];
+            [picture release];
+        }
+    }
+    EXPECT_EQ(pictures, kPictures);
+    [Utils clearImageCache];
+    EXPECT_GT(picturesDestroyedHere, 0);
+    EXPECT_LE(picturesDestroyedHere, 512);
+    EXPECT_EQ([Utils getContactImageInCache:1], nil);
+    [[Utils queue] waitUntilAllOperationsAreFinished];
+    EXPECT_EQ(pictures, 0);
 }
 
 TEST_F(SharedState, AKeyThatChangesAfterwardsChangesNothing) {

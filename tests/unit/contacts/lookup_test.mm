@@ -139,6 +139,27 @@ TEST_F(Lookup, OfLinkedThumbnailsNeedsNoSharedAddressBook) {
     EXPECT_TRUE([[Utils getContactImageDataFromAB:contact] isEqual:test::data(test::bmp(16, 16, test::kRed))]);
 }
 
+TEST_F(Lookup, OfLinkedThumbnailsLeavesAnAddressBookBehind) {
+    const int contact = addNamed("Anna", "Zuse");
+    boot();
+    static int freed = 0;
+    static IMP dealloc = nullptr;
+    dealloc = method_setImplementation(
+        class_getInstanceMethod(objc_getClass("ABCAddressBook"), @selector(dealloc)), (IMP) + [](id self, SEL command) {
+            ++freed;
+            reinterpret_cast<void (*)(id, SEL)>(dealloc)(self, command);
+        });
+    @autoreleasepool {
+        for (int round = 0; round < 3; ++round) [Utils getContactImageDataFromAB:contact];
+    }
+    EXPECT_EQ(freed, 0);
+    // Another lookup that makes one releases it.
+    @autoreleasepool {
+        [Utils getContactImageFromAB:contact addressBook:YES monogramText:@"AZ"];
+    }
+    EXPECT_EQ(freed, 1);
+}
+
 TEST_F(Lookup, WithoutAnyPictureDrawsAMonogramOfTheSizeAndFont) {
     const int contact = addNamed("Anna", "Zuse");
     const int other = addNamed("Anna", "Zuse");

@@ -102,6 +102,18 @@ TEST_F(ContactsList, LayoutOfAnEditedCellInAnEditedTable) {
     EXPECT_EQ(frameOf(picture()), "2 1 40 40");
 }
 
+TEST_F(ContactsList, RightToLeftThePictureStaysAtTheLeft) {
+    root.setDevice("iphone6-8.4", true);
+    startWithList();
+    UIApplicationStart(nil, nil);
+    ASSERT_EQ([[UIApplication sharedApplication] userInterfaceLayoutDirection], 1);
+    give(7, test::bmp(8, 8, kRed));
+    ask();
+    [cell_ layoutSubviews];
+    EXPECT_EQ(frameOf([cell_ contactNameView]), "40 3 320 38");
+    EXPECT_EQ(frameOf(picture()), "2 1 40 40");
+}
+
 TEST_F(ContactsList, WithoutNameViewTheContentViewMoves) {
     startWithList();
     ABMemberCell* bare = [[ABMemberCell alloc] initWithStyle:UITableViewCellStyleDefault reuseIdentifier:@"row"];

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "tests/support/emptied_dictionaries.h"
 #include "tests/unit/hooks/hook_test.h"
 
 // Notes being asked whether it is selected.
@@ -157,6 +158,14 @@ TEST_F(Controller, SpringBoardTellsItsNameAndVersionAfterItsStart) {
     EXPECT_EQ(happened(), [expected UTF8String]);
     EXPECT_EQ(loggedLines("com.norvex.ZelkaCB => Info: Zelka (1.2-3) loading...."), 1);
     EXPECT_LT(log().find("the host has launched"), log().find("loading...."));
+}
+
+TEST_F(Controller, SpringBoardEmptiesThePropertyListThatItHasRead) {
+    start();
+    test::watchEmptiedDictionaries();
+    [[[[SpringBoard alloc] init] autorelease] applicationDidFinishLaunching:nil];
+    EXPECT_EQ([test::emptiedDictionariesWith(@"Version") count], 1u);
+    EXPECT_EQ(log().find("(null)"), std::string::npos);
 }
 
 TEST_F(Controller, SpringBoardSaysNothingWhileTheFeatureIsOff) {

@@ -374,7 +374,7 @@ TEST(SharedMap, NoStoreAndNoRemovalIsLost) {
 
 // However many store the same new key at the same time, one entry comes of it.
 TEST(SharedMap, AKeyIsThereOnce) {
-    constexpr int kKeys = 20000;
+    constexpr int kKeys = 5000;
     const long before = Item::alive;
     zelka::SharedMap<Reference, WideIdentity> map;
     std::atomic<int> arrived{0};

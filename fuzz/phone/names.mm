@@ -2,7 +2,6 @@
 
 #include <glib.h>
 
-#include <optional>
 #include <vector>
 
 #include "fuzz/phone/utf16.h"

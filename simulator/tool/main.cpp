@@ -68,13 +68,13 @@ int run(int argc, char** argv) {
         "  PHONESIM_RANDOM         a number that takes the place of chance, for pictures that come out the same\n"
         "  PHONESIM_NOTIFICATIONS  \"watcher\" delivers Darwin notifications on a thread of their own");
     tool::addNew(app);
-    tool::addInstall(app);
     tool::addShot(app);
     tool::addRun(app);
     tool::addLog(app);
     tool::addSet(app);
     tool::addNotify(app);
     tool::addEdit(app);
+    tool::addInstall(app);
     if (doneForOthers(app, {argv + 1, argv + argc})) return 0;
     try {
         if (argc > 1 && argv[1][0] != '-') requireKnownVerb(app, argv[1]);

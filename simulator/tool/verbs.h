@@ -17,13 +17,13 @@ class Problem : public std::runtime_error {
 };
 
 void addNew(CLI::App& app);
-void addInstall(CLI::App& app);
 void addShot(CLI::App& app);
 void addRun(CLI::App& app);
 void addLog(CLI::App& app);
 void addSet(CLI::App& app);
 void addNotify(CLI::App& app);
 void addEdit(CLI::App& app);
+void addInstall(CLI::App& app);
 
 // Throws unless the directory is a phone root.
 void requireRoot(const std::string& root);

@@ -38,13 +38,16 @@ class SharedMap {
       public:
         Held() = default;
         explicit Held(Entry& entry) : entry_(&entry) { entry.holders.fetch_add(1, std::memory_order_relaxed); }
+        Held(const Held&) = delete;
+        Held& operator=(const Held&) = delete;
         Held(Held&& other) noexcept : entry_(std::exchange(other.entry_, nullptr)) {}
         Held& operator=(Held&& other) noexcept {
             std::swap(entry_, other.entry_);
             return *this;
         }
         ~Held() {
-            if (entry_ != nullptr && entry_->holders.fetch_sub(1, std::memory_order_acq_rel) == 1) delete entry_;
+            if (entry_ == nullptr || entry_->holders.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
+            delete entry_;  // NOLINT(clang-analyzer-cplusplus.NewDelete): it does not follow the count of holders
         }
 
         // Takes over a hold that somebody else has.
@@ -74,6 +77,8 @@ class SharedMap {
     class [[nodiscard]] Contents {
       public:
         explicit Contents(ByKey entries) : entries_(entries) {}
+        Contents(const Contents&) = delete;
+        Contents& operator=(const Contents&) = delete;
         Contents(Contents&& other) noexcept : entries_(std::exchange(other.entries_, ByKey())) {}
         Contents& operator=(Contents&&) = delete;
         ~Contents() {

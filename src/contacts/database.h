@@ -14,7 +14,7 @@ namespace zelka {
 class Database {
   public:
     // Opens the file; makes an empty one where there is none, if its folder exists.
-    explicit Database(const char* path) { isOpen_ = sqlite3_open(path, &handle_) == SQLITE_OK; }
+    explicit Database(const char* path) : isOpen_(sqlite3_open(path, &handle_) == SQLITE_OK) {}
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
     ~Database() { sqlite3_close(handle_); }
@@ -36,9 +36,9 @@ class Database {
 class Statement {
   public:
     // The SQL may be nullptr, for a text that UTF-8 cannot express: the statement is then not prepared.
-    Statement(const Database& database, const char* sql) {
-        isPrepared_ = sql != nullptr && sqlite3_prepare_v2(database.handle(), sql, -1, &handle_, nullptr) == SQLITE_OK;
-    }
+    Statement(const Database& database, const char* sql)
+        : isPrepared_(sql != nullptr &&
+                      sqlite3_prepare_v2(database.handle(), sql, -1, &handle_, nullptr) == SQLITE_OK) {}
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;
     ~Statement() { sqlite3_finalize(handle_); }

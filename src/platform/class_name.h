@@ -19,7 +19,7 @@ template <class T>
 constexpr auto unqualifiedTypeName() {
     constexpr std::string_view kQualified = qualifiedTypeName<T>();
     constexpr std::size_t kScope = kQualified.rfind("::");
-    constexpr std::string_view kName = kScope == kQualified.npos ? kQualified : kQualified.substr(kScope + 2);
+    constexpr std::string_view kName = kScope == std::string_view::npos ? kQualified : kQualified.substr(kScope + 2);
     FixedString<kName.size()> name;
     for (std::size_t i = 0; i < kName.size(); ++i) name.text[i] = kName[i];
     return name;

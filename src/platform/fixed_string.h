@@ -11,6 +11,7 @@ struct FixedString {
     char text[Size + 1] = {};
 
     constexpr FixedString() = default;
+    // NOLINTNEXTLINE(google-explicit-constructor): a literal becomes a template argument by it
     constexpr FixedString(const char (&literal)[Size + 1]) {
         for (std::size_t i = 0; i < Size; ++i) text[i] = literal[i];
     }

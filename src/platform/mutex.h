@@ -13,6 +13,7 @@ class Mutex {
     constexpr Mutex() = default;
     Mutex(const Mutex&) = delete;
     Mutex& operator=(const Mutex&) = delete;
+    ~Mutex() = default;
 
     // Holds the mutex for as long as it lives.
     class [[nodiscard]] Lock {

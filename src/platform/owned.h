@@ -34,6 +34,7 @@ template <class T>
 // such as CGImageRef), and gives it back when it goes, on whichever thread that is. Copies retain; moves do not. Made
 // by adopt, retain and allocInit.
 template <class T>
+// NOLINTNEXTLINE(cppcoreguidelines-special-member-functions): assignment copies or moves into its argument
 class [[nodiscard]] Owned {
   public:
     constexpr Owned() = default;
@@ -43,6 +44,7 @@ class [[nodiscard]] Owned {
     Owned(Owned&& other) noexcept : value_(std::exchange(other.value_, T{})) {}
     // From the handle of a subclass.
     template <detail::SubclassOf<T> Derived>
+    // NOLINTNEXTLINE(google-explicit-constructor): a pointer to a subclass converts in the same way
     Owned(Owned<Derived> other) noexcept : value_(other.leak()) {}
     Owned& operator=(Owned other) noexcept {
         std::swap(value_, other.value_);

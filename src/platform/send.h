@@ -15,17 +15,18 @@ namespace detail {
 // those of Apple's "Mac OS X ABI Function Call Guide" and "iOS ABI Function Call Guide".
 template <class Result>
 constexpr bool returnedThroughMemory() {
-    if constexpr (!std::is_class_v<Result>) return false;
 #if defined(__x86_64__)
-    else
-        return sizeof(Result) > 2 * sizeof(void*);
+    constexpr std::size_t kLargestInRegisters = 2 * sizeof(void*);
 #elif defined(__arm__)
-    else
-        return sizeof(Result) > sizeof(void*);
+    constexpr std::size_t kLargestInRegisters = sizeof(void*);
 #else
-    else
-        return false;
+    constexpr auto kLargestInRegisters = static_cast<std::size_t>(-1);
 #endif
+    if constexpr (std::is_class_v<Result>) {
+        return sizeof(Result) > kLargestInRegisters;
+    } else {
+        return false;
+    }
 }
 
 template <class Result>

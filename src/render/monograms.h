@@ -19,8 +19,9 @@ inline UIFont systemMonogramFont() { return UIFont::system(17); }
 
 // How a monogram is to look. Without a font it is the one above; without a colour it is one of the palette, of the dark
 // palette when there is a font.
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): it does not see the size initialised
 struct MonogramStyle {
-    CGSize size{40, 40};
+    CGSize size = {40, 40};
     std::optional<UIColor> color = std::nullopt;
     std::optional<UIFont> font = std::nullopt;
 };

@@ -1,4 +1,5 @@
 // The host's labels and icon where a row is read from the right, or has several details.
+#include "tests/support/property_list.h"
 #include "tests/unit/hooks/transparent_cell_test.h"
 
 // By descent from the host's: a date, and an icon.
@@ -86,6 +87,16 @@ TEST_F(TransparentCell, EveryKindOfImageViewIsAnIcon) {
     [[cell_ contentView] addSubview:fancy];
     layOut();
     EXPECT_EQ([fancy frame].origin.x, CGRectGetMaxX([detail frame]) + 5);
+}
+
+TEST_F(TransparentCell, IsLaidOutInEveryProcess) {
+    root.write(test::kSettingsPath, test::propertyList({{"ZelkaCBEnabled", true}, {"ZelkaCBEnabledRecents", true}}));
+    boot("com.apple.mobilephone");
+    makeCell(60);
+    UILabel* name = label([cell_ contentView], @"Ann", CGRectMake(15, 5, 100, 20), [UITableViewLabel class]);
+    layOut();
+    EXPECT_EQ(frameOf(pictureOf(cell_)), "2 10 40 40");
+    EXPECT_EQ(frameOf(name), "52 5 100 20");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Rows of cells, calls and names that differ a little from the usual ones.
+#include "tests/support/property_list.h"
 #include "tests/unit/hooks/recents_test.h"
 
 // CallBar's cell by descent.
@@ -54,6 +55,15 @@ TEST_F(RecentsList, ACallerWithoutNameHasNoInitialsThoughTheAddressBookKnowsThem
     [[Utils queue] setSuspended:NO];
     settle();
     EXPECT_TRUE(shows(cell(), kYellow));
+}
+
+// Only the Contacts list and the generator look at the process.
+TEST_F(RecentsList, RowsGetTheirPictureInEveryProcess) {
+    root.write(test::kSettingsPath, test::propertyList({{"ZelkaCBEnabled", true}, {"ZelkaCBEnabledRecents", true}}));
+    startWithList("com.apple.mobilephone");
+    showRow(uidCall(addWithPhoto(kRed)));
+    settle();
+    EXPECT_TRUE(shows(cell(), kRed));
 }
 
 }  // namespace

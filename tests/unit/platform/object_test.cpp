@@ -16,6 +16,11 @@ struct RegisteredHandle : NSObject {};
 namespace zelka {
 namespace {
 
+// A handle that is not global.
+namespace scope {
+struct NSArray : ::NSArray {};
+}  // namespace scope
+
 class Object : public testing::Test {
   protected:
     AutoreleasePool pool;
@@ -107,8 +112,7 @@ TEST_F(Object, HasTheClassThatItsHandleIsNamedAfter) {
     EXPECT_EQ(platformClass<NSMutableString>(), objc_getClass("NSMutableString"));
     EXPECT_EQ(platformClass<NSMutableString>(), platformClass<"NSMutableString">());
     EXPECT_EQ(optionalClass<NoSuchClassAnywhere>(), nullptr);
-    struct NSArray : ::NSArray {};
-    EXPECT_EQ(platformClass<NSArray>(), objc_getClass("NSArray"));
+    EXPECT_EQ(platformClass<scope::NSArray>(), objc_getClass("NSArray"));
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace zelka {
 namespace {
 
 // From here on, the lines of the library and of its host in this process are appended to the log file; when that cannot
-// be opened, they are lost.
+// be opened, they are lost. Where it lies is kept (docs/compatibility.md).
 void redirectLog() { static_cast<void>(std::freopen("/tmp/ZelkaCB.log", "a+", stderr)); }
 
 void observe(const char* name, CFNotificationCallback callback) {

@@ -9,7 +9,7 @@ namespace zelka {
 // process's life; nothing once it has been given up, because it is made only once. Any thread.
 ABAddressBookRef getAddressBook();
 
-// Gives up the shared handle for the rest of the process's life. Any thread.
+// Gives up the shared handle for the rest of the process's life (docs/compatibility.md). Any thread.
 void releaseSharedAddressBook();
 
 }  // namespace zelka

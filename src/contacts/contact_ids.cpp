@@ -22,7 +22,7 @@ ABRecordID contactOfEmailAddress(NSString address) {
     Database database(kAddressBookDatabase);
     if (!database.isOpen()) return kUnknownAddress;
     // The address stands in the statement as it is: a quote in it ends the pattern, and what follows is SQL. Mostly
-    // that cannot be prepared; when it can, its result counts, an error while stepping as a 0.
+    // that cannot be prepared; when it can, its result counts, an error while stepping as a 0 (docs/compatibility.md).
     NSString query = joinText("Select record_id from ABMULTIVALUE where value like'", address, "'");
     Statement statement(database, query.utf8());
     if (!statement.isPrepared() || statement.step() == SQLITE_DONE) return kUnknownAddress;

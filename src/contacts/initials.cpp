@@ -44,7 +44,7 @@ bool readNames(ABRecordID contactID, Names& names) {
     Database database(kAddressBookDatabase);
     if (!database.isOpen()) {
         logOpenError(LogSite(kDatabaseReader), database);
-        database.leaveOpen();
+        database.leaveOpen();  // docs/compatibility.md
         return false;
     }
     char query[64];

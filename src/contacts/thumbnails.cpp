@@ -46,7 +46,7 @@ NSData photoOfContact(ABRecordID contactID) {
 
 NSData getContactImageDataFromAB(ABRecordID contactID) {
     logInformation(LogSite("+[ZelkaCBUtils getContactImageDataFromAB:]"), "Getting image for ", contactID);
-    // Kept for the life of the process, one for each lookup.
+    // Kept for the life of the process, one for each lookup (docs/compatibility.md).
     ABAddressBookRef book = ABAddressBookCreate();
     ABRecordRef person = ABAddressBookGetPersonWithRecordID(book, contactID);
     if (person == nullptr || !isIOS_7()) return {};

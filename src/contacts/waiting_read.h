@@ -1,4 +1,5 @@
-// What the reads of a single contact do while a database cannot be read: they log it and try again, without end.
+// What the reads of a single contact do while a database cannot be read: they log it and try again, without end
+// (docs/compatibility.md).
 #pragma once
 
 #include <unistd.h>

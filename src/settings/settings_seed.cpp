@@ -40,7 +40,7 @@ void seedSettingsFile() {
         if (!settings->objectFor(key)) settings->setObject(NSNumber::of(true), key);
     }
     settings->writeToFile(path, true);
-    settings->removeAllObjects();
+    settings->removeAllObjects();  // docs/compatibility.md
 }
 
 }  // namespace zelka

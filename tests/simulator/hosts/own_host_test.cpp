@@ -13,7 +13,6 @@ using hosts::HostProcess;
 
 using Colour = std::array<int, 3>;
 
-
 class Picture {
   public:
     explicit Picture(const std::filesystem::path& file) : picture_(gdk_pixbuf_new_from_file(file.c_str(), nullptr)) {}

@@ -27,10 +27,11 @@ struct Binary {
     const char* path;
     const char* processor;
     const char* stubTarget;
+    const char* objects;
 };
 
-const Binary kPhone{"Phone", ZELKA_PHONE, "ARM64", "arm64-ios"};
-const Binary kTwin{"Twin", ZELKA_TWIN, "X86_64", "x86_64-ios-simulator"};
+const Binary kPhone{"Phone", ZELKA_PHONE, "ARM64", "arm64-ios", ZELKA_OBJECTS "/arm64"};
+const Binary kTwin{"Twin", ZELKA_TWIN, "X86_64", "x86_64-ios-simulator", ZELKA_OBJECTS "/x86_64"};
 
 void PrintTo(const Binary& binary, std::ostream* out) { *out << binary.name; }
 
@@ -116,8 +117,7 @@ TEST_P(PhoneBinary, HasTwoInitialisersInTheirOrder) {
     EXPECT_THAT(commands, Not(HasSubstr("__mod_term_func")));
 
     // Names are gone from the library, so their order is read from the object that has both.
-    const std::string object =
-        std::filesystem::path(GetParam().path).parent_path() / "src/bootstrap/initialisers.cpp.o";
+    const std::string object = std::string(GetParam().objects) + "/src/bootstrap/initialisers.cpp.o";
     std::map<std::string, std::string> byOffset;
     for (const std::string& line :
          test::linesOf(test::outputOf("llvm-objdump-19 -r --section=__mod_init_func '" + object + "'"))) {
@@ -185,7 +185,7 @@ TEST(PhoneCode, RunsOnTheFirst64BitPhone) {
 // No linker for 32-bit phones is to be had; their objects are kept buildable.
 TEST(ObjectsFor32BitPhones, AreMadeOfEverySource) {
     int objects = 0;
-    for (const auto& file : std::filesystem::recursive_directory_iterator(ZELKA_ARMV7_FOLDER)) {
+    for (const auto& file : std::filesystem::recursive_directory_iterator(ZELKA_OBJECTS "/armv7")) {
         if (file.path().extension() != ".o") continue;
         ++objects;
         const std::string header =

@@ -24,7 +24,7 @@ void checkLoaded(NSDictionary* expected) {
     ZLKCBSettings* settings = [SettingsClass sharedSettings];
     [settings loadSettings];
     const BOOL loaded[] = {
-#define SETTING(name, stem, standard, group, property, label) [settings property],
+#define SETTING(name, stem, standard, group, getter, label) [settings getter],
 #include "resources/settings.def"
 #undef SETTING
     };

@@ -17,7 +17,7 @@
 @protocol ZLKCBSettings <NSObject>
 + (ZLKCBSettings*)sharedSettings;
 + (NSDictionary*)settingsDictionary:(NSString*)path;
-#define SETTING(name, stem, standard, group, property, label) @property (nonatomic) BOOL property ;
+#define SETTING(name, stem, standard, group, getter, label) @property (nonatomic) BOOL getter;
 #include "resources/settings.def"
 #undef SETTING
 - (void)loadSettings;

@@ -93,6 +93,12 @@ TEST_P(Table, PutsInWhatTheEnglishPutsIn) {
     }
 }
 
+TEST_P(Table, NamesSwitchesAndButtonsAsTheyAreLabelled) {
+    NSDictionary* table = tableOf(GetParam());
+    EXPECT_TRUE([[table objectForKey:@"cannotReadSettings"] containsString:[table objectForKey:@"restoreDefaults"]]);
+    EXPECT_TRUE([[table objectForKey:@"picturesFooter"] containsString:[table objectForKey:@"monograms"]]);
+}
+
 // Whole sentences are alike in no two languages.
 TEST_P(Table, IsTranslated) {
     if (GetParam() == "en") return;

@@ -135,6 +135,13 @@ TEST(Entry, ShowsTheBundlesController) {
         EXPECT_TRUE([[entry objectForKey:@"bundle"] isEqual:@"ZelkaCBSettings"]);
         EXPECT_TRUE([[entry objectForKey:@"isController"] boolValue]);
         EXPECT_TRUE([[entry objectForKey:@"label"] isEqual:@"ZelkaCB"]);
+        // The page's class, by the two names by which it may be looked up.
+        NSDictionary* info = [NSDictionary dictionaryWithContentsOfFile:@ZELKA_BUNDLE "/Info.plist"];
+        EXPECT_TRUE([[info objectForKey:@"NSPrincipalClass"] isEqual:@"ZelkaCBSettingsController"]);
+        EXPECT_TRUE([[entry objectForKey:@"detail"] isEqual:[info objectForKey:@"NSPrincipalClass"]]);
+        EXPECT_TRUE([[info objectForKey:@"CFBundleExecutable"] isEqual:@"ZelkaCBSettings"]);
+        EXPECT_TRUE([[info objectForKey:@"CFBundleIdentifier"] isEqual:@"com.norvex.ZelkaCBSettings"]);
+        EXPECT_TRUE([[info objectForKey:@"CFBundleShortVersionString"] isEqual:@ZELKA_VERSION]);
         EXPECT_TRUE([[NSFileManager defaultManager]
             fileExistsAtPath:[@ZELKA_ENTRY stringByAppendingPathComponent:[entry objectForKey:@"icon"]]]);
         EXPECT_EQ([file objectForKey:@"items"], nil);

@@ -13,6 +13,28 @@
 
 namespace test {
 
+namespace {
+
+const Product kLibrary{"/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.dylib",
+                       "com.norvex.ZelkaCB",
+                       {"createRoundedCornerPath"},
+                       {"bootstrap", "hookHost"}};
+const Product kPage{"/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/ZelkaCBSettings",
+                    "com.norvex.ZelkaCBSettings",
+                    {},
+                    {"loadPage"}};
+
+}  // namespace
+
+const Binary kArm64{"Arm64", &kLibrary, ZELKA_PHONE, "arm64", "ARM64", "arm64-ios", ZELKA_ARM64 ".map", 8};
+const Binary kArmv7{"Armv7", &kLibrary, ZELKA_PHONE, "armv7", "ARM", "armv7-ios", ZELKA_ARMV7 ".map", 4};
+const Binary kTwin{"Twin", &kLibrary, ZELKA_TWIN, nullptr, "X86_64", "x86_64-ios-simulator", ZELKA_TWIN ".map", 8};
+const Binary kPageArm64{"PageArm64", &kPage,      ZELKA_PAGE_PHONE,        "arm64",
+                        "ARM64",     "arm64-ios", ZELKA_PAGE_ARM64 ".map", 8};
+const Binary kPageArmv7{"PageArmv7", &kPage, ZELKA_PAGE_PHONE, "armv7", "ARM", "armv7-ios", ZELKA_PAGE_ARMV7 ".map", 4};
+const Binary kPageTwin{
+    "PageTwin", &kPage, ZELKA_PAGE_TWIN, nullptr, "X86_64", "x86_64-ios-simulator", ZELKA_PAGE_TWIN ".map", 8};
+
 void PrintTo(const Binary& binary, std::ostream* out) { *out << binary.name; }
 
 Part::Part(const Binary& binary) : path_("/tmp/phone-part-XXXXXX"), pointerBytes_(binary.pointerBytes) {

@@ -9,8 +9,17 @@
 
 namespace test {
 
+// What a binary is, whichever processor it is for.
+struct Product {
+    const char* installName;
+    const char* identifier;                 // the signature's
+    std::vector<std::string> exports;       // without the format's underscore
+    std::vector<std::string> initialisers;  // parts of their names, in their order
+};
+
 struct Binary {
     const char* name;
+    const Product* product;
     const char* path;        // the file: one part, or several of which `slice` names one
     const char* slice;       // as llvm-lipo names it; nullptr when the file is the part
     const char* processor;   // as llvm-otool's header has it
@@ -19,10 +28,8 @@ struct Binary {
     std::uint64_t pointerBytes;
 };
 
-// What phones get, and its twin for this machine's processor.
-inline constexpr Binary kArm64{"Arm64", ZELKA_PHONE, "arm64", "ARM64", "arm64-ios", ZELKA_ARM64 ".map", 8};
-inline constexpr Binary kArmv7{"Armv7", ZELKA_PHONE, "armv7", "ARM", "armv7-ios", ZELKA_ARMV7 ".map", 4};
-inline constexpr Binary kTwin{"Twin", ZELKA_TWIN, nullptr, "X86_64", "x86_64-ios-simulator", ZELKA_TWIN ".map", 8};
+// The library for phones, and its twin for this machine's processor; the settings page likewise.
+extern const Binary kArm64, kArmv7, kTwin, kPageArm64, kPageArmv7, kPageTwin;
 
 void PrintTo(const Binary& binary, std::ostream* out);
 

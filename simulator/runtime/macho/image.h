@@ -41,11 +41,13 @@ struct Export {
 };
 
 struct Image {
+    std::uint32_t pointerBytes = 8;
     std::vector<Segment> segments;       // in order of address, page-aligned, without overlap
     std::vector<std::uint64_t> rebases;  // addresses of pointers that move with the image
     std::vector<Bind> binds;
     std::vector<Range> initialisers;  // arrays of function pointers
     Range unwindInfo;                 // empty when there is none
+    Range frames;                     // __eh_frame, for functions whose row there defers to it; empty likewise
     std::vector<Export> exports;
 
     // The segment that holds the whole range, or nullptr.

@@ -37,12 +37,12 @@ T& at(File& file, std::size_t offset) {
     return *reinterpret_cast<T*>(&file[offset]);
 }
 
-Header& header(File& file) { return at<Header>(file, 0); }
+FormatHere::Header& header(File& file) { return at<FormatHere::Header>(file, 0); }
 
 // The load command of that kind, from the given one on.
 template <class T>
 T& command(File& file, std::uint32_t kind, int which = 0) {
-    std::size_t offset = sizeof(Header);
+    std::size_t offset = sizeof(FormatHere::Header);
     for (std::uint32_t i = 0; i < header(file).commandCount; ++i) {
         auto& head = at<LoadCommand>(file, offset);
         if (head.command == kind && which-- == 0) return at<T>(file, offset);
@@ -51,7 +51,9 @@ T& command(File& file, std::uint32_t kind, int which = 0) {
     throw std::runtime_error("the fixture lacks a load command");
 }
 
-SegmentCommand& segment(File& file, int which) { return command<SegmentCommand>(file, kSegment64, which); }
+FormatHere::Segment& segment(File& file, int which) {
+    return command<FormatHere::Segment>(file, FormatHere::kSegment, which);
+}
 
 TEST(MachoImage, TellsSegmentsFixupsInitialisersAndExports) {
     const File file = fixture();
@@ -248,7 +250,7 @@ TEST(DamagedImage, NoBeginningOfAFileIsTakenForTheWhole) {
 TEST(DamagedImage, AnyChangedByteIsReadSafely) {
     File file = fixture();
     int refused = 0;
-    const std::size_t commandsEnd = sizeof(Header) + header(file).commandSize;
+    const std::size_t commandsEnd = sizeof(FormatHere::Header) + header(file).commandSize;
     for (std::size_t i = 0; i < file.size(); i += i < commandsEnd ? 1 : 97) {
         const std::uint8_t before = file[i];
         for (int value : {0x00, 0x7f, 0xff}) {

@@ -51,6 +51,7 @@ Places places(const std::string& processor) {
     const fs::path build = (ownFolder() / BUILT_ROOT / ".." / processor).lexically_normal();
     found.hosts = build / "simulator/hosts";
     found.library = build / "device/ZelkaCB_phone/ZelkaCB.dylib";
+    found.settingsBundle = build / "resources/ZelkaCBSettings.bundle";
     if (fs::exists(found.hosts) && fs::exists(found.library)) return found;
     throw Problem("hosts and library for phones with the processor " + processor +
                   " are not built; script/test-arm builds them. Looked at:\n  " + found.hosts.string() + "\n  " +

@@ -18,8 +18,8 @@ struct Places {
 std::vector<std::string> processors();
 
 // The places for phones of a processor. For this program's own they are beside it, where the build and an installation
-// arrange them differently; both may be moved as a whole. For another one, hosts and library are in the build for that
-// processor, beside this program's build. Throws Problem when the library is not there.
+// arrange them differently; both may be moved as a whole. For another one, hosts, library and bundle are in the build
+// for that processor, beside this program's build. Throws Problem when the library is not there.
 Places places(const std::string& processor);
 
 }  // namespace tool

@@ -25,6 +25,7 @@ class OtherProcessor : public PhoneSim {
 
     // Hosts that note how they were started, and a library that no processor runs.
     void buildOther() const {
+        write("build/arm64/resources/ZelkaCBSettings.bundle/a.png", "a picture");
         write("build/arm64/device/ZelkaCB_phone/ZelkaCB.dylib", "for the other processor");
         for (const char* host : {"callbar_view_service", "springboard"}) {
             const std::string name = std::string("build/arm64/simulator/hosts/") + host;

@@ -13,15 +13,12 @@
 #include "simulator/runtime/macho/symbols.h"
 #include "simulator/runtime/macho/unwind.h"
 
-// Of libgcc's unwinder: takes an .eh_frame section for the process's life.
-extern "C" void __register_frame(void* frames);
-
 namespace phone::macho {
 namespace {
 
 // What stays of a loaded library.
 struct Library {
-    std::vector<std::uint8_t> unwindFrames;
+    UnwindFrames unwind;
     std::map<std::string, void*> exports;
     std::vector<char*> initialisers;
 };
@@ -110,13 +107,13 @@ class Placed {
             int protection = PROT_READ;
             if (segment.writable) protection |= PROT_WRITE;
             if (segment.executable) protection |= PROT_EXEC;
-            if (mprotect(at(end), segment.address - end, PROT_NONE) != 0 ||
-                mprotect(at(segment.address), segment.size, protection) != 0) {
+            if (protectRange(end, segment.address - end, PROT_NONE) != 0 ||
+                protectRange(segment.address, segment.size, protection) != 0) {
                 return failure("segment " + segment.name + ": " + std::strerror(errno));
             }
             end = segment.address + segment.size;
         }
-#if defined(__aarch64__)
+#if defined(__aarch64__) || defined(__arm__)
         __builtin___clear_cache(at(firstAddress(image_)), at(end));
 #endif
         return {};
@@ -143,6 +140,11 @@ class Placed {
     }
 
   private:
+    // 0, or -1 with errno. An empty range is left alone: the kernel accepts one, QEMU's user mode refuses it.
+    int protectRange(std::uint64_t address, std::uint64_t size, int protection) const {
+        return size == 0 ? 0 : mprotect(at(address), size, protection);
+    }
+
     // What the file's addresses grow by.
     std::uintptr_t base() const { return reinterpret_cast<std::uintptr_t>(begin_) - firstAddress(image_); }
 
@@ -173,8 +175,8 @@ Result<Library> prepare(const Placed& placed, const Image& image) {
     placed.rebase();
     return placed.bind()
         .and_then([&] { return translateUnwindInfo(image, placed.at(firstAddress(image))); })
-        .and_then([&](std::vector<std::uint8_t> frames) {
-            library.unwindFrames = std::move(frames);
+        .and_then([&](UnwindFrames frames) {
+            library.unwind = std::move(frames);
             return placed.initialisers();
         })
         .and_then([&](std::vector<char*> functions) {
@@ -194,7 +196,7 @@ Status loadImage(const std::string& path, const Image& image) {
     if (!library) return failure(library);
     images().push_back({path, memory.keep(), sizeOf(image)});
     Library& kept = libraries()[path] = std::move(*library);
-    if (!kept.unwindFrames.empty()) __register_frame(kept.unwindFrames.data());
+    registerFrames(kept.unwind, image, images().back().begin);
     run(kept.initialisers);
     return {};
 }

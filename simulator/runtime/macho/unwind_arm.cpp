@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "simulator/runtime/macho/sjlj_table.h"
+#include "simulator/runtime/macho/unwind.h"
 
 // Of libgcc's unwinder for this processor ("Exception Handling ABI for the Arm Architecture"): takes registers off the
 // stack. In this function's numbers, a run of registers is its first one and, in the lower half, how many.
@@ -210,19 +211,25 @@ std::uint32_t reach(const std::uint32_t& field, std::uint32_t target) {
 
 }  // namespace
 
-bool letExceptionsPass(const char* begin, std::size_t size) {
+Result<UnwindFrames> translateUnwindInfo(const Image& /*image*/, const char* /*begin*/) { return UnwindFrames{}; }
+
+void registerFrames(UnwindFrames& /*frames*/, const Image& image, char* begin) {
+    const Segment& last = image.segments.back();
+    const std::uint64_t size = last.address + last.size - image.segments.front().address;
     void* place = mmap(nullptr, sizeof(Entry), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (place == MAP_FAILED) return false;
     auto* entry = static_cast<Entry*>(place);
+    if (place == MAP_FAILED) {
+        std::perror("no memory for a library's exception table");
+        std::abort();
+    }
     entry->function = reach(entry->function, addressOf(begin));
     entry->description = reach(entry->description, addressOf(&entry->personality));
     entry->personality = reach(entry->personality, addressOf(&entry->jump));
     entry->jump = 0xe51ff004;
     entry->target = reinterpret_cast<std::uint32_t>(&phoneFrame);
-    if (mprotect(place, sizeof(Entry), PROT_READ | PROT_EXEC) != 0) return false;
+    mprotect(place, sizeof(Entry), PROT_READ | PROT_EXEC);
     __builtin___clear_cache(static_cast<char*>(place), static_cast<char*>(place) + sizeof(Entry));
-    covered().push_back({addressOf(begin), addressOf(begin) + size, entry});
-    return true;
+    covered().push_back({addressOf(begin), addressOf(begin) + static_cast<std::uint32_t>(size), entry});
 }
 
 void* exceptionFunction(std::string_view name) {

@@ -2,14 +2,9 @@
 // machine whose unwinder goes from frame to frame by tables. Exists on that processor only.
 #pragma once
 
-#include <cstddef>
 #include <string_view>
 
 namespace phone::macho {
-
-// Has exceptions pass through the frames of the code in a range of memory, which stays for the process's life. False
-// when there is no memory for it.
-bool letExceptionsPass(const char* begin, std::size_t size);
 
 // The functions with which such code announces itself, by their Mach-O names; nullptr for any other name.
 void* exceptionFunction(std::string_view name);

@@ -11,7 +11,9 @@
 #include <thread>
 #include <vector>
 
+#include "simulator/runtime/macho/format.h"
 #include "simulator/runtime/process/library_loader.h"
+#include "simulator/runtime/process/processor.h"
 
 // What the libraries find in this process.
 namespace {
@@ -34,17 +36,17 @@ using testing::HasSubstr;
 
 template <class Function>
 Function* fixture(const char* name) {
-    return reinterpret_cast<Function*>(phone::librarySymbol(FIXTURE_COMPLETE, name));
+    return reinterpret_cast<Function*>(phone::librarySymbol(FIXTURE, name));
 }
 
 class MachoLoader : public testing::Test {
   protected:
-    void SetUp() override { ASSERT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE_COMPLETE)), ""); }
+    void SetUp() override { ASSERT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE)), ""); }
 };
 
 TEST_F(MachoLoader, RunsInitialisersOnceInTheirOrder) {
     EXPECT_THAT(notes, ElementsAre(1, 2));
-    EXPECT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE_COMPLETE)), "");
+    EXPECT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE)), "");
     EXPECT_THAT(notes, ElementsAre(1, 2));
 }
 
@@ -59,6 +61,15 @@ TEST_F(MachoLoader, BindsVariablesOfTheProcess) {
 }
 
 TEST_F(MachoLoader, LeavesMissingOptionalSymbolsNull) { EXPECT_FALSE(fixture<bool()>("fixtureHasOptional")()); }
+
+TEST_F(MachoLoader, VariableArgumentsArriveWhereThePhonesCodePutsThem) {
+    char text[128];
+    const auto format = fixture<int(double, char*, unsigned long, int)>("fixtureFormats");
+    EXPECT_EQ(format(2.5, text, sizeof text, -7), 41);
+    EXPECT_STREQ(text, "-7 one 2.50 1099511627776 1 2 3 4 5 6 2.5");
+    EXPECT_EQ(format(2.5, text, 4, -7), 41);
+    EXPECT_STREQ(text, "-7 ");
+}
 
 TEST_F(MachoLoader, LibrariesLockMutexesOfThePhonesLayout) {
     constexpr int kThreads = 4, kCalls = 20000;
@@ -95,12 +106,12 @@ TEST_F(MachoLoader, RegistersAreBackAfterAnExceptionPassedThrough) {
 }
 
 TEST_F(MachoLoader, TellsWhoseAnAddressIs) {
-    EXPECT_EQ(phone::libraryOf(phone::librarySymbol(FIXTURE_COMPLETE, "fixtureName")), FIXTURE_COMPLETE);
-    EXPECT_NE(phone::libraryOf(reinterpret_cast<void*>(&fixtureRaise)), FIXTURE_COMPLETE);
+    EXPECT_EQ(phone::libraryOf(phone::librarySymbol(FIXTURE, "fixtureName")), FIXTURE);
+    EXPECT_NE(phone::libraryOf(reinterpret_cast<void*>(&fixtureRaise)), FIXTURE);
 }
 
 TEST_F(MachoLoader, AnswersNothingForWhatALibraryDoesNotExport) {
-    EXPECT_EQ(phone::librarySymbol(FIXTURE_COMPLETE, "first"), nullptr);
+    EXPECT_EQ(phone::librarySymbol(FIXTURE, "first"), nullptr);
     EXPECT_EQ(phone::librarySymbol(FIXTURE_ASKING, "fixtureName"), nullptr);
 }
 
@@ -112,7 +123,8 @@ TEST(MachoLoaderProblems, AMissingSymbolIsNamedAndNothingRuns) {
 }
 
 TEST(MachoLoaderProblems, LibrariesForOtherProcessorsAreToldApart) {
-    EXPECT_EQ(phone::problemOf(phone::loadLibrary(PHONE_LIBRARY)), "is for arm64, this machine runs x86-64");
+    EXPECT_EQ(phone::problemOf(phone::loadLibrary(OTHER_LIBRARY)),
+              "is for " OTHER_PROCESSOR ", this machine runs " + std::string(phone::kProcessor));
 }
 
 TEST(MachoLoaderProblems, FilesThatAreNoLibrariesAreRefused) {
@@ -131,7 +143,7 @@ class DamagedLibrary : public testing::Test {
     }
 
     std::string bytes = [] {
-        std::ifstream file(FIXTURE_COMPLETE, std::ios::binary);
+        std::ifstream file(FIXTURE, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     }();
 
@@ -149,6 +161,22 @@ TEST_F(DamagedLibrary, AnInitialiserOutsideTheCodeIsRefused) {
     const uint64_t inData = 0x10000000;
     std::memcpy(&bytes[offset], &inData, sizeof inData);
     EXPECT_EQ(load(), "an initialiser lies outside the code");
+    EXPECT_THAT(notes, ElementsAre());
+}
+
+// The common encodings come first in the section; each may defer to a record of __eh_frame, of which there is none
+// there.
+TEST_F(DamagedLibrary, UnwindInformationThatDefersToNothingIsRefused) {
+    constexpr uint32_t kDeferring = phone::macho::kCpuHere == phone::macho::kCpuArm64 ? 0x03ffffff : 0x04ffffff;
+    const size_t header = bytes.find("__unwind_info");
+    ASSERT_NE(header, std::string::npos);
+    uint32_t section = 0, encodings = 0, count = 0;
+    std::memcpy(&section, &bytes[header + 48], sizeof section);
+    std::memcpy(&encodings, &bytes[section + 4], sizeof encodings);
+    std::memcpy(&count, &bytes[section + 8], sizeof count);
+    ASSERT_GT(count, 0u);
+    std::memcpy(&bytes[section + encodings], &kDeferring, sizeof kDeferring);
+    EXPECT_THAT(load(), HasSubstr("names a frame that does not exist"));
     EXPECT_THAT(notes, ElementsAre());
 }
 

@@ -47,7 +47,9 @@ void checkHeader(const Header& header) {
     if (header.cpu != kCpuHere) {
         throw Malformed(std::string("is for ") + cpuName(header.cpu) + ", this machine runs " + cpuName(kCpuHere));
     }
-    if (header.fileType != kTypeDylib) throw Malformed("is not a dynamic library");
+    if (header.fileType != kTypeDylib && header.fileType != kTypeBundle) {
+        throw Malformed("is neither a dynamic library nor a bundle");
+    }
 }
 
 class ImageReader {

@@ -31,7 +31,7 @@ bool areAlike(const fs::path& file, const fs::path& other) {
 
 maker::Extension builtExtension() {
     const Places found = places();
-    return {found.library, found.filter, found.settingsBundle};
+    return {found.library, found.filter, found.settingsBundle, found.settingsEntry};
 }
 
 void warnOfStaleLibrary(const fs::path& root) {

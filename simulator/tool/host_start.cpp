@@ -42,7 +42,8 @@ std::unique_ptr<hosts::HostProcess> startHost(hosts::HostKind kind, const fs::pa
     const fs::path program = places().hosts / hosts::programName(kind);
     if (std::getenv("PHONESIM_HOSTS") == nullptr && fs::exists(program)) options.program = program;
     auto host = std::make_unique<hosts::HostProcess>(kind, options);
-    if (!withoutExtension) requireExtension(*host, kind, root);
+    const bool isServed = kind != hosts::HostKind::preferences;
+    if (isServed && !withoutExtension) requireExtension(*host, kind, root);
     return host;
 }
 

@@ -90,6 +90,8 @@ void addNew(CLI::App& app) {
     verb->add_option("--device", options->device, "Device profile, see below (default: iphone6-8.4)")
         ->check(offered(profileNames()));
     verb->add_option("--region", options->region, "Country of numbers without country code (default: US)");
+    verb->add_option("--language", options->language,
+                     "Language of the settings page, such as de or zh-Hans (default: en)");
     verb->add_flag("--right-to-left,--rtl", options->rightToLeft, "Lay the interface out from right to left");
     verb->add_option("--library", *library,
                      "The extension library to install, also one in the phone's own format (default: the built one)")

@@ -9,11 +9,11 @@ namespace fs = std::filesystem;
 
 // Paths relative to the folder of the program; the build description defines them.
 struct Layout {
-    const char *hosts, *library, *filter, *settingsBundle;
+    const char *hosts, *library, *filter, *settingsBundle, *settingsEntry;
 };
 constexpr Layout kLayouts[] = {
-    {INSTALLED_HOSTS, INSTALLED_LIBRARY, INSTALLED_FILTER, INSTALLED_BUNDLE},
-    {BUILT_HOSTS, BUILT_LIBRARY, BUILT_FILTER, BUILT_BUNDLE},
+    {INSTALLED_HOSTS, INSTALLED_LIBRARY, INSTALLED_FILTER, INSTALLED_BUNDLE, INSTALLED_ENTRY},
+    {BUILT_HOSTS, BUILT_LIBRARY, BUILT_FILTER, BUILT_BUNDLE, BUILT_ENTRY},
 };
 
 }  // namespace
@@ -24,7 +24,8 @@ Places places() {
     for (const Layout& layout : kLayouts) {
         const auto place = [&folder](const char* relative) { return (folder / relative).lexically_normal(); };
         if (fs::exists(place(layout.library))) {
-            return {place(layout.hosts), place(layout.library), place(layout.filter), place(layout.settingsBundle)};
+            return {place(layout.hosts), place(layout.library), place(layout.filter), place(layout.settingsBundle),
+                    place(layout.settingsEntry)};
         }
         looked += "\n  " + place(layout.library).string();
     }

@@ -10,6 +10,7 @@ struct Places {
     std::filesystem::path library;         // the extension library
     std::filesystem::path filter;          // the injector's filter for it
     std::filesystem::path settingsBundle;  // the preference bundle's folder
+    std::filesystem::path settingsEntry;   // the folder of its entry in the Settings app
 };
 
 // The places beside this program, which the build and an installation arrange differently; both may be moved as a

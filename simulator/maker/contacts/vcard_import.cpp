@@ -9,8 +9,8 @@
 #include <system_error>
 
 #include "simulator/maker/common/read_file.h"
-#include "simulator/maker/contacts/glib_pointers.h"
 #include "simulator/maker/contacts/utf8.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
 namespace {
@@ -20,7 +20,7 @@ struct FreeName {
 };
 
 std::string upper(std::string_view text) {
-    GText result(g_ascii_strup(text.data(), static_cast<gssize>(text.size())));
+    phone::GText result(g_ascii_strup(text.data(), static_cast<gssize>(text.size())));
     return result.get();
 }
 
@@ -113,7 +113,7 @@ Line readLine(EVCardAttribute* attribute) {
 }
 
 std::vector<Line> readLines(const std::string& card) {
-    const GObjectPointer<EVCard> parsed(e_vcard_new_from_string(card.c_str()));
+    const phone::GObjectPointer<EVCard> parsed(e_vcard_new_from_string(card.c_str()));
     std::vector<Line> lines;
     for (GList* item = e_vcard_get_attributes(parsed.get()); item; item = item->next) {
         lines.push_back(readLine(static_cast<EVCardAttribute*>(item->data)));
@@ -198,7 +198,7 @@ Result<std::string> readDataAddress(const std::string& address) {
     std::string data = address.substr(comma + 1);
     if (address.substr(0, comma).find(";base64") == std::string::npos) return failure("a data: address not in base64");
     gsize length = 0;
-    GText bytes(reinterpret_cast<gchar*>(g_base64_decode(data.c_str(), &length)));
+    phone::GText bytes(reinterpret_cast<gchar*>(g_base64_decode(data.c_str(), &length)));
     return std::string(bytes.get(), length);
 }
 
@@ -206,7 +206,7 @@ Result<std::string> readFileAddress(std::string address, const std::filesystem::
     if (startsWith(address, "file:")) address.erase(0, 5);
     if (startsWith(address, "//localhost/")) address.erase(0, 11);
     if (startsWith(address, "//")) address.erase(0, 2);
-    GText unescaped(g_uri_unescape_string(address.c_str(), nullptr));
+    phone::GText unescaped(g_uri_unescape_string(address.c_str(), nullptr));
     if (!unescaped || !*unescaped) return failure("the address " + address + " names no file");
     const std::filesystem::path file = folder / unescaped.get();
     std::error_code error;

@@ -142,7 +142,7 @@ const Damage kDamages[] = {
     {"Empty", [](File& file) { file.clear(); }, "past the end"},
     {"WrongMagic", [](File& file) { header(file).magic = 0xfeedface; }, "not a 64-bit Mach-O"},
     {"WrongProcessor", [](File& file) { header(file).cpu = kCpuElsewhere; }, ", this machine runs "},
-    {"Executable", [](File& file) { header(file).fileType = 2; }, "not a dynamic library"},
+    {"Executable", [](File& file) { header(file).fileType = 2; }, "neither a dynamic library nor a bundle"},
     {"AbsurdCommandCount", [](File& file) { header(file).commandCount = 0xffffffff; }, "past the end"},
     {"AbsurdCommandsSize", [](File& file) { header(file).commandSize = 0xffffffff; }, "past the end"},
     {"NoCommands", [](File& file) { header(file).commandCount = 0; }, "no segments"},

@@ -29,6 +29,7 @@ struct RootOptions {
 
     std::string device;        // a profile's name (device_profiles.h); empty: "iphone6-8.4"
     std::string region;        // ISO 3166 country in which numbers without country code are; empty: "US"
+    std::string language;      // of the interface, such as "de" or "zh-Hans"; empty: "en"
     bool rightToLeft = false;  // the interface's layout direction
     std::string processor;     // what its processes are built for (processor.h); empty: what this program is
 

@@ -34,7 +34,7 @@ std::string processorOf(const fs::path& root) { return phone::readDevice(root).v
 
 maker::Extension builtExtension(const std::string& processor) {
     const Places found = places(processor);
-    return {found.library, found.filter, found.settingsBundle};
+    return {found.library, found.filter, found.settingsBundle, found.settingsEntry};
 }
 
 void warnOfStaleLibrary(const fs::path& root) {

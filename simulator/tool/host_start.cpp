@@ -45,7 +45,8 @@ std::unique_ptr<hosts::HostProcess> startHost(hosts::HostKind kind, const fs::pa
         if (fs::exists(program)) options.program = program;
     }
     auto host = std::make_unique<hosts::HostProcess>(kind, options);
-    if (!withoutExtension) requireExtension(*host, kind, root);
+    const bool isServed = kind != hosts::HostKind::preferences;
+    if (isServed && !withoutExtension) requireExtension(*host, kind, root);
     return host;
 }
 

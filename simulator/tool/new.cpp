@@ -92,6 +92,8 @@ void addNew(CLI::App& app) {
     verb->add_option("--device", options->device, "Device profile, see below (default: iphone6-8.4)")
         ->check(offered(profileNames()));
     verb->add_option("--region", options->region, "Country of numbers without country code (default: US)");
+    verb->add_option("--language", options->language,
+                     "Language of the settings page, such as de or zh-Hans (default: en)");
     verb->add_flag("--right-to-left,--rtl", options->rightToLeft, "Lay the interface out from right to left");
     verb->add_option("--processor", options->processor,
                      "What its hosts are built for, and run on under an emulator (default: this machine's)")

@@ -12,11 +12,11 @@ namespace fs = std::filesystem;
 
 // Paths relative to the folder of the program; the build description defines them.
 struct Layout {
-    const char *hosts, *library, *filter, *settingsBundle;
+    const char *hosts, *library, *filter, *settingsBundle, *settingsEntry;
 };
 constexpr Layout kLayouts[] = {
-    {INSTALLED_HOSTS, INSTALLED_LIBRARY, INSTALLED_FILTER, INSTALLED_BUNDLE},
-    {BUILT_HOSTS, BUILT_LIBRARY, BUILT_FILTER, BUILT_BUNDLE},
+    {INSTALLED_HOSTS, INSTALLED_LIBRARY, INSTALLED_FILTER, INSTALLED_BUNDLE, INSTALLED_ENTRY},
+    {BUILT_HOSTS, BUILT_LIBRARY, BUILT_FILTER, BUILT_BUNDLE, BUILT_ENTRY},
 };
 
 fs::path ownFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
@@ -27,7 +27,8 @@ Places ownPlaces() {
     for (const Layout& layout : kLayouts) {
         const auto place = [&folder](const char* relative) { return (folder / relative).lexically_normal(); };
         if (fs::exists(place(layout.library))) {
-            return {place(layout.hosts), place(layout.library), place(layout.filter), place(layout.settingsBundle)};
+            return {place(layout.hosts), place(layout.library), place(layout.filter), place(layout.settingsBundle),
+                    place(layout.settingsEntry)};
         }
         looked += "\n  " + place(layout.library).string();
     }

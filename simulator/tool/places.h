@@ -12,6 +12,7 @@ struct Places {
     std::filesystem::path library;         // the extension library
     std::filesystem::path filter;          // the injector's filter for it
     std::filesystem::path settingsBundle;  // the preference bundle's folder
+    std::filesystem::path settingsEntry;   // the folder of its entry in the Settings app
 };
 
 // The processors that phones may have: this program's first, then those that script/test-arm builds for.

@@ -47,7 +47,9 @@ void checkHeader(const Header32& header, std::uint32_t cpu) {
     if (header.cpu != cpu) {
         throw Malformed(std::string("is for ") + cpuName(header.cpu) + ", this machine runs " + cpuName(cpu));
     }
-    if (header.fileType != kTypeDylib) throw Malformed("is not a dynamic library");
+    if (header.fileType != kTypeDylib && header.fileType != kTypeBundle) {
+        throw Malformed("is neither a dynamic library nor a bundle");
+    }
 }
 
 template <class Format>

@@ -24,7 +24,13 @@ struct Device {
     int orientation = 1;                 // UIInterfaceOrientation: 1 portrait, 2 upside down, 3 and 4 landscape
     bool rightToLeft = false;            // layout direction
     std::string processor = kProcessor;  // what its processes, and so its libraries, are built for
+    // How the Settings app's values travel: before their notification into the file, or, by the service that systems
+    // from 8 on have, some time after it.
+    bool preferencesService = true;
 };
+
+// Whether a phone of that system hands settings to a service unless device.plist says otherwise.
+bool hasPreferencesService(const std::string& systemVersion);
 
 bool operator==(const Device& a, const Device& b);
 

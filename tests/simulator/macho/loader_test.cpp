@@ -50,6 +50,15 @@ TEST_F(MachoLoader, RunsInitialisersOnceInTheirOrder) {
     EXPECT_THAT(notes, ElementsAre(1, 2));
 }
 
+// As the executables of preference bundles are.
+TEST(MachoBundles, AreLoadedLikeLibraries) {
+    ASSERT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE_BUNDLE)), "");
+    EXPECT_THAT(notes, ElementsAre(1, 2));
+    void* function = phone::librarySymbol(FIXTURE_BUNDLE, "fixtureName");
+    ASSERT_NE(function, nullptr);
+    EXPECT_STREQ(reinterpret_cast<const char* (*)(int)>(function)(1), "one");
+}
+
 TEST_F(MachoLoader, MovesPointersWithTheImage) {
     EXPECT_STREQ(fixture<const char*(int)>("fixtureName")(0), "zero");
     EXPECT_STREQ(fixture<const char*(int)>("fixtureName")(2), "two");

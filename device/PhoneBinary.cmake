@@ -14,8 +14,9 @@ set(ZELKA_DEVICE_COMPILER
     ZIG_GLOBAL_CACHE_DIR=${ZELKA_DEVICE_BUILD}/cache ZIG_LOCAL_CACHE_DIR=${ZELKA_DEVICE_BUILD}/cache ${ZIG} c++)
 # The warnings are the desk build's to give. No path of this machine may get into the binary. With frame pointers, which
 # phones' rules ask for anyway, and nothing said of single instructions, a word describes how to unwind a function.
-set(ZELKA_DEVICE_FLAGS -std=c++20 -Os -g0 -DNDEBUG -fno-omit-frame-pointer -fno-asynchronous-unwind-tables -fno-rtti -fvisibility=hidden -fvisibility-inlines-hidden
-                       -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -I${CMAKE_SOURCE_DIR} -isystem ${ZELKA_DEVICE_INCLUDE})
+set(ZELKA_DEVICE_FLAGS
+    -std=c++20 -Os -g0 -DNDEBUG -fno-omit-frame-pointer -fno-asynchronous-unwind-tables -fno-rtti -fvisibility=hidden
+    -fvisibility-inlines-hidden -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -I${CMAKE_SOURCE_DIR} -isystem ${ZELKA_DEVICE_INCLUDE})
 
 # How each processor's part is compiled and linked, for systems from 7.0 on.
 set(ZELKA_LD64_FLAGS -no_encryption -adhoc_codesign --icf=all -x)
@@ -82,7 +83,8 @@ function(zelka_device_objects processor objects)
   set(${objects} ${made} PARENT_SCOPE)
 endfunction()
 
-# zelka_stub_libraries(LIBRARIES STUB...): the libraries that text stubs stand for, for the linker that does not read them.
+# zelka_stub_libraries(LIBRARIES STUB...): the libraries that text stubs stand for, for the linker that does not read
+# them.
 function(zelka_stub_libraries libraries)
   set(made "")
   list(JOIN ZELKA_ASSEMBLER_armv7 " " assembler)
@@ -124,7 +126,9 @@ function(zelka_device_part target processor file)
   if(processor STREQUAL armv7)
     zelka_stub_libraries(stubs ${part_STUBS})
     set(map "")
-    set(finish COMMAND llvm-nm-19 --numeric-sort ${binary} > ${binary}.map COMMAND ${ZELKA_DEVICE}/strip-locals ${binary})
+    set(finish
+        COMMAND llvm-nm-19 --numeric-sort ${binary} > ${binary}.map
+        COMMAND ${ZELKA_DEVICE}/strip-locals ${binary})
     list(APPEND tools ${ZELKA_DEVICE}/strip-locals)
   endif()
   add_custom_command(
@@ -139,8 +143,8 @@ function(zelka_device_part target processor file)
   set_target_properties(${target} PROPERTIES ZELKA_LIBRARY ${binary})
 endfunction()
 
-# zelka_phone_binary(NAME FILE IDENTIFIER name SOURCES ... [FLAGS ...] STUBS ... [EXPORTS _symbol ...] [INSTALL_NAME path]):
-# makes targets whose property ZELKA_LIBRARY is the file that they build:
+# zelka_phone_binary(NAME FILE IDENTIFIER name SOURCES ... [FLAGS ...] STUBS ... [EXPORTS _symbol ...]
+# [INSTALL_NAME path]): makes targets whose property ZELKA_LIBRARY is the file that they build:
 #   NAME_arm64, NAME_armv7  NAME_arm64/FILE and NAME_armv7/FILE, the parts for each processor of phones, signed
 #   NAME_phone              NAME_phone/FILE, both in one file: what phones get
 #   NAME_macho              NAME_macho/FILE, their twin for the desk's processor, which the simulator loads

@@ -12,7 +12,10 @@ class Format:
         self.memory_size, self.file_offset, self.file_size = 24 + width, 24 + 2 * width, 24 + 3 * width
 
 
-FORMATS = {0xFEEDFACE: Format(28, 0x01, "<I", 56, 68, 40, 0x1000), 0xFEEDFACF: Format(32, 0x19, "<Q", 72, 80, 48, 0x4000)}
+FORMATS = {  # by the file's first word
+    0xFEEDFACE: Format(28, 0x01, "<I", 56, 68, 40, 0x1000),
+    0xFEEDFACF: Format(32, 0x19, "<Q", 72, 80, 48, 0x4000),
+}
 
 
 def format_of(data):

@@ -59,7 +59,7 @@ std::uint32_t wordAt(std::uint32_t address) {
 
 // One frame of a phone's function. The compiler begins those that call others with
 //     push {.., r7, lr}; add r7, sp, #..; push {r8, ..}
-// and then keeps vector registers, either by vpush or, all eight, at a rounded address.
+// and then keeps vector registers from d8 on, either by vpush or at an address that it rounds down.
 class Frame {
   public:
     explicit Frame(_Unwind_Context* context)
@@ -91,13 +91,17 @@ class Frame {
     bool leave() {
         const std::uint32_t prologue = findPrologue();
         if (prologue == 0) return false;
-        std::uint32_t place = framePointer_;
-        popDown(wordAt(prologue) & 0x7f, place);
-        std::uint32_t next = prologue + 4;
-        while (!setsFramePointer(wordAt(next))) next += 4;
-        next += 4;
-        if (isPush(wordAt(next))) popDown(wordAt(next) & 0xffff, place);
-        for (int i = 0; i < kPrologueWords; ++i, next += 4) restoreVectors(wordAt(next), place);
+        std::uint32_t place = framePointer_, rounded = 0;
+        popDown(wordAt(prologue) & kBelowFramePointer, place);
+        // Other instructions may stand between these; the next function's may follow.
+        for (std::uint32_t i = 1; i < kPrologueWords; ++i) {
+            const std::uint32_t word = wordAt(prologue + 4 * i);
+            if (isPush(word) && (word & kLinkRegister) != 0) break;
+            if (isPush(word)) popDown(word & 0xffff, place);
+            if (isVectorPush(word)) popVectors(place - (word & 0xff) * 4, (word & 0xff) / 2);
+            if (makesRoom(word)) rounded = word & 0xff;
+            if (word == kRoundsDown) popVectors((place - rounded) & ~std::uint32_t{15}, rounded / 8);
+        }
         const std::uint32_t caller = wordAt(framePointer_ + 4);
         set(kStackPointer, framePointer_ + 8);
         set(kFramePointer, wordAt(framePointer_));
@@ -106,7 +110,10 @@ class Frame {
     }
 
   private:
-    static constexpr int kPrologueWords = 6;
+    static constexpr std::uint32_t kPrologueWords = 10;
+    static constexpr std::uint32_t kBelowFramePointer = 0x7f;  // of a set of registers: r0 to r6
+    static constexpr std::uint32_t kLinkRegister = 0x4000;
+    static constexpr std::uint32_t kRoundsDown = 0xe7c3401f;  // bfc r4, #0, #4
 
     std::uint32_t get(int number) const { return _Unwind_GetGR(context_, number); }
     void set(int number, std::uint32_t value) { _Unwind_SetGR(context_, number, value); }
@@ -117,12 +124,16 @@ class Frame {
     }
 
     static bool isPush(std::uint32_t word) { return (word & 0xffff0000) == 0xe92d0000; }
+    // vpush {d8, ..}
+    static bool isVectorPush(std::uint32_t word) { return (word & 0xffffff00) == 0xed2d8b00; }
+    // sub r4, sp, #..
+    static bool makesRoom(std::uint32_t word) { return (word & 0xffffff00) == 0xe24d4000; }
     // add r7, sp, #..; or mov r7, sp
     static bool setsFramePointer(std::uint32_t word) { return (word & 0xfffff000) == 0xe28d7000 || word == 0xe1a0700d; }
 
     // Backwards from where the function is; 0 when there is none within reason.
     std::uint32_t findPrologue() const {
-        constexpr std::uint32_t kFarthest = 64 * 1024, kBoth = 0x4080;  // r7 and lr
+        constexpr std::uint32_t kFarthest = 64 * 1024, kBoth = kLinkRegister | 0x80;  // and r7
         const std::uint32_t from = get(kProgramCounter) & ~std::uint32_t{3};
         for (std::uint32_t place = from - 4; place > from - kFarthest; place -= 4) {
             if (!isPush(wordAt(place)) || (wordAt(place) & kBoth) != kBoth) continue;
@@ -139,15 +150,6 @@ class Frame {
             if ((registers & (1u << number)) == 0) continue;
             place -= 4;
             set(number, wordAt(place));
-        }
-    }
-
-    void restoreVectors(std::uint32_t word, std::uint32_t place) {
-        constexpr std::uint32_t kAll = 8;
-        if ((word & 0xffffff00) == 0xed2d8b00) {  // vpush {d8, ..}
-            popVectors(place - (word & 0xff) * 4, (word & 0xff) / 2);
-        } else if (word == 0xe24d4040) {  // sub r4, sp, #64, which is rounded down next
-            popVectors((place - kAll * 8) & ~std::uint32_t{15}, kAll);
         }
     }
 

@@ -14,7 +14,7 @@ extern "C" {
 // register.
 void objc_msgSend(void);
 // The same for methods that return a structure in memory, where the calling convention passes its address first
-// (x86-64). On arm64 it is objc_msgSend. A message to nil leaves the structure untouched.
+// (x86-64, 32-bit arm). On arm64 it is objc_msgSend. A message to nil leaves the structure untouched.
 void objc_msgSend_stret(void);
 id objc_retain(id object);
 void objc_release(id object);

@@ -135,6 +135,7 @@ Status writeDeviceFile(const RootOptions& options, const fs::path& root) {
     }
     device->rightToLeft = options.rightToLeft;
     if (!options.region.empty()) device->region = options.region;
+    if (!options.processor.empty()) device->processor = options.processor;
     if (!options.language.empty()) device->language = options.language;
     return phone::writeDevice(root, *device);
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "simulator/maker/database/check_database.h"
+#include "simulator/tool/built_extension.h"
 #include "simulator/tool/places.h"
 #include "simulator/tool/verbs.h"
 
@@ -39,8 +40,10 @@ std::unique_ptr<hosts::HostProcess> startHost(hosts::HostKind kind, const fs::pa
     hosts::HostOptions options;
     options.root = root;
     options.withoutExtension = withoutExtension;
-    const fs::path program = places().hosts / hosts::programName(kind);
-    if (std::getenv("PHONESIM_HOSTS") == nullptr && fs::exists(program)) options.program = program;
+    if (std::getenv("PHONESIM_HOSTS") == nullptr) {
+        const fs::path program = places(processorOf(root)).hosts / hosts::programName(kind);
+        if (fs::exists(program)) options.program = program;
+    }
     auto host = std::make_unique<hosts::HostProcess>(kind, options);
     const bool isServed = kind != hosts::HostKind::preferences;
     if (isServed && !withoutExtension) requireExtension(*host, kind, root);

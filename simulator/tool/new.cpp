@@ -10,6 +10,7 @@
 #include "simulator/runtime/process/device_profiles.h"
 #include "simulator/tool/built_extension.h"
 #include "simulator/tool/completion.h"
+#include "simulator/tool/places.h"
 #include "simulator/tool/run_lock.h"
 #include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"
@@ -60,6 +61,7 @@ void run(const maker::RootOptions& options) {
 
 void addNew(CLI::App& app) {
     auto options = std::make_shared<maker::RootOptions>();
+    options->processor = phone::kProcessor;
     auto library = std::make_shared<std::filesystem::path>();
     CLI::App* verb = app.add_subcommand("new", "Make a phone: a directory shaped like a phone's file system");
     verb->add_option("ROOT", options->root, "The directory to make; it must not exist, or be empty")
@@ -93,6 +95,9 @@ void addNew(CLI::App& app) {
     verb->add_option("--language", options->language,
                      "Language of the settings page, such as de or zh-Hans (default: en)");
     verb->add_flag("--right-to-left,--rtl", options->rightToLeft, "Lay the interface out from right to left");
+    verb->add_option("--processor", options->processor,
+                     "What its hosts are built for, and run on under an emulator (default: this machine's)")
+        ->check(CLI::IsMember(processors()));
     verb->add_option("--library", *library,
                      "The extension library to install, also one in the phone's own format (default: the built one)")
         ->type_name(kFile);
@@ -108,7 +113,7 @@ void addNew(CLI::App& app) {
                  "      --calls call_history.db --device iphone6plus-9.3\n"
                  "  phonesim new phone --force --contacts-count 10000 --rtl");
     verb->callback([options, library] {
-        options->extension = builtExtension();
+        options->extension = builtExtension(options->processor);
         if (!library->empty()) {
             requireFile(*library);
             options->extension.library = *library;

@@ -26,7 +26,7 @@ constexpr Link kLinks[] = {
     {"var", "private/var"}, {"etc", "private/etc"}, {"tmp", "private/var/tmp"}, {"User", "var/mobile"}};
 
 constexpr const char* kLibraryFolder = "Library/MobileSubstrate/DynamicLibraries";
-constexpr const char* kLibrary = "ZelkaCB.so";
+constexpr const char* kLibraries[] = {"ZelkaCB.dylib", "ZelkaCB.so"};  // the first that is there counts
 constexpr const char* kEntries = "Library/PreferenceLoader/Preferences";
 constexpr const char* kBundle = "System/Library/PreferenceBundles/ZelkaCBSettings.bundle";
 
@@ -111,6 +111,10 @@ Status installExtension(const fs::path& root, const Extension& extension) {
     return installed;
 }
 
-fs::path libraryPath(const fs::path& root) { return root / kLibraryFolder / kLibrary; }
+fs::path libraryPath(const fs::path& root) {
+    std::error_code error;
+    const fs::path folder = root / kLibraryFolder;
+    return folder / kLibraries[fs::exists(folder / kLibraries[0], error) ? 0 : 1];
+}
 
 }  // namespace maker

@@ -22,7 +22,7 @@ struct Extension {
 // them, in place of earlier ones. A process of the phone that has loaded an earlier library keeps it.
 [[nodiscard]] Status installExtension(const std::filesystem::path& root, const Extension& extension);
 
-// Where a phone has the library in this machine's binary format.
+// Where a phone has the library: in the phone's own binary format if it is there, else in this machine's.
 std::filesystem::path libraryPath(const std::filesystem::path& root);
 
 }  // namespace maker

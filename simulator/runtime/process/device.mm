@@ -84,6 +84,7 @@ const std::vector<Field>& fields() {
         whole(@"Idiom", &Device::idiom, {0, 1}),
         whole(@"Orientation", &Device::orientation, {1, 4}),
         flag(@"RightToLeft", &Device::rightToLeft),
+        text(@"Processor", &Device::processor),
         flag(kPreferencesService, &Device::preferencesService),
     };
     return all;
@@ -115,7 +116,7 @@ bool operator==(const Device& a, const Device& b) {
     return a.model == b.model && a.machine == b.machine && a.name == b.name && a.systemVersion == b.systemVersion &&
            a.region == b.region && a.language == b.language && a.width == b.width && a.height == b.height &&
            a.scale == b.scale && a.nativeScale == b.nativeScale && a.idiom == b.idiom &&
-           a.orientation == b.orientation && a.rightToLeft == b.rightToLeft &&
+           a.orientation == b.orientation && a.rightToLeft == b.rightToLeft && a.processor == b.processor &&
            a.preferencesService == b.preferencesService;
 }
 

@@ -32,19 +32,20 @@ std::string& ownIdentifier() {
 }
 
 // The phone's language, then the same without its script or country, then English. Foundation looks for resources in
-// them; ahead of this machine's languages, as an argument of the process would be.
+// them. They go into the domain that comes before all others, for there it has this machine's languages.
 void setLanguages() {
     NSString* language = [NSString stringWithUTF8String:device().language.c_str()];
     NSMutableArray* languages = [NSMutableArray arrayWithObject:language];
     const NSRange part = [language rangeOfString:@"-" options:NSBackwardsSearch];
     if (part.location != NSNotFound) [languages addObject:[language substringToIndex:part.location]];
     if (![languages containsObject:@"en"]) [languages addObject:@"en"];
+    NSString* const domain = @"GSPrimaryDomain";  // which no header declares
     NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
-    NSMutableDictionary* arguments = [[[defaults volatileDomainForName:NSArgumentDomain] mutableCopy] autorelease];
-    if (arguments == nil) arguments = [NSMutableDictionary dictionary];
-    [arguments setObject:languages forKey:@"NSLanguages"];
-    [defaults removeVolatileDomainForName:NSArgumentDomain];
-    [defaults setVolatileDomain:arguments forName:NSArgumentDomain];
+    NSMutableDictionary* first = [[[defaults volatileDomainForName:domain] mutableCopy] autorelease];
+    if (first == nil) first = [NSMutableDictionary dictionary];
+    [first setObject:languages forKey:@"NSLanguages"];
+    [defaults removeVolatileDomainForName:domain];
+    [defaults setVolatileDomain:first forName:domain];
 }
 
 void setUpFoundation() {

@@ -30,7 +30,7 @@ TEST_F(SettingsApp, APlainListShowsItsItems) {
                 dictionary(text("cell", "PSGroupCell") + text("label", "Room") + text("footerText", "Bright.")) +
                     switchItem("Light", "light") + switchItem("Glow", "glow") +
                     dictionary(text("cell", "PSGroupCell")) + switchItem("Timer", "timer"));
-    write(kLampFile, "<plist><dict><key>glow</key><false/></dict></plist>");
+    write(kLampFile, "<?xml version=\"1.0\"?><plist><dict><key>glow</key><false/></dict></plist>");
     Host host(hosts::HostKind::preferences, options());
     const Json page = show(host, "settings/lamp");
     EXPECT_EQ(page.at("title"), "Lamp title");

@@ -11,6 +11,7 @@
 #include "simulator/maker/database/database.h"
 #include "simulator/maker/database/schema.h"
 #include "simulator/runtime/notifications/notification_log.h"
+#include "simulator/runtime/process/device.h"
 #include "simulator/tool/completion.h"
 #include "simulator/tool/verbs.h"
 
@@ -62,7 +63,8 @@ void rename(maker::AddressBookBuilder& builder, const maker::Database& book, int
 // Before anything is written: a change that fails half-way would leave the three out of step, and a database that is
 // missing would be made anew, empty, without anybody noticing what was lost.
 void requireSoundDatabases(const std::filesystem::path& root) {
-    for (const maker::DatabaseShape* shape : maker::databaseShapes()) {
+    const phone::Device device = phone::readDevice(root).value();
+    for (const maker::DatabaseShape* shape : maker::databaseShapes(device)) {
         phone::require(maker::checkDatabase(root / shape->path, *shape));
     }
 }

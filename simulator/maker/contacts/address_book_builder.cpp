@@ -3,6 +3,7 @@
 #include <map>
 #include <system_error>
 
+#include "simulator/maker/contacts/call_records.h"
 #include "simulator/maker/contacts/photo.h"
 #include "simulator/maker/database/database.h"
 #include "simulator/maker/database/schema.h"
@@ -180,7 +181,7 @@ Result<AddressBookBuilder> AddressBookBuilder::open(const std::filesystem::path&
     if (!book) return failure(book);
     Result<Database> images = openDatabase(root, imagesShape());
     if (!images) return failure(images);
-    Result<Database> calls = openDatabase(root, callsShape());
+    Result<Database> calls = openDatabase(root, callsShape(*device));
     if (!calls) return failure(calls);
     auto databases = std::unique_ptr<Databases>(
         new Databases{std::move(*book), std::move(*images), std::move(*calls), device->region, {}, {}});
@@ -283,22 +284,11 @@ Status AddressBookBuilder::removePerson(int contact) {
         if (!removed) return removed;
     }
     if (Status existed = requireRow(databases_->book, contact); !existed) return existed;
-    return removePhoto(contact).and_then(
-        [&] { return databases_->calls.prepare("UPDATE call SET id = -1 WHERE id = ?").bind(1, contact).run(); });
+    return removePhoto(contact).and_then([&] { return forgetCaller(databases_->calls, contact); });
 }
 
 Result<int> AddressBookBuilder::addCall(const Call& call) {
-    Statement insert = databases_->calls.prepare(
-        "INSERT INTO call (address, date, duration, flags, id, name, country_code, read) VALUES (?, ?, ?, ?, ?, ?, ?, "
-        "1)");
-    insert.bind(1, std::string_view(call.address))
-        .bind(2, call.date)
-        .bind(3, call.kind == CallKind::missed ? 0 : call.duration)
-        .bind(4, call.kind == CallKind::outgoing ? kOutgoingCall : kIncomingCall)
-        .bind(5, call.contact);
-    if (!call.name.empty()) insert.bind(6, std::string_view(call.name));
-    if (!call.countryCode.empty()) insert.bind(7, std::string_view(call.countryCode));
-    return insert.run().map([&] { return databases_->calls.lastRow(); });
+    return addCallRecord(databases_->calls, call, databases_->region);
 }
 
 Status AddressBookBuilder::finish() {

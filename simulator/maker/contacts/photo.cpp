@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "simulator/maker/contacts/glib_pointers.h"
+#include "simulator/maker/common/glib_pointers.h"
 
 namespace maker {
 namespace {

@@ -51,6 +51,20 @@ CREATE INDEX date_index ON call (date);
 CREATE TABLE _SqliteDatabaseProperties (key TEXT, value TEXT, UNIQUE (key));
 )sql";
 
+constexpr const char* kCallStoreSql = R"sql(
+CREATE TABLE ZCALLDBPROPERTIES (Z_PK INTEGER PRIMARY KEY, Z_ENT INTEGER, Z_OPT INTEGER, ZTIMER_ALL FLOAT,
+    ZTIMER_INCOMING FLOAT, ZTIMER_LAST FLOAT, ZTIMER_LAST_RESET TIMESTAMP, ZTIMER_LIFETIME FLOAT, ZTIMER_OUTGOING FLOAT);
+CREATE TABLE ZCALLRECORD (Z_PK INTEGER PRIMARY KEY, Z_ENT INTEGER, Z_OPT INTEGER, ZANSWERED INTEGER, ZCALLTYPE INTEGER,
+    ZDISCONNECTED_CAUSE INTEGER, ZFACE_TIME_DATA INTEGER, ZNUMBER_AVAILABILITY INTEGER, ZORIGINATED INTEGER,
+    ZREAD INTEGER, ZDATE TIMESTAMP, ZDURATION FLOAT, ZADDRESS BLOB, ZDEVICE_ID VARCHAR, ZISO_COUNTRY_CODE VARCHAR,
+    ZNAME VARCHAR, ZUNIQUE_ID VARCHAR);
+CREATE TABLE Z_PRIMARYKEY (Z_ENT INTEGER PRIMARY KEY, Z_NAME VARCHAR, Z_SUPER INTEGER, Z_MAX INTEGER);
+INSERT INTO Z_PRIMARYKEY VALUES (1, 'CallDBProperties', 0, 1), (2, 'CallRecord', 0, 0);
+INSERT INTO ZCALLDBPROPERTIES VALUES (1, 1, 1, 0, 0, 0, 0, 0, 0);
+CREATE TABLE Z_METADATA (Z_VERSION INTEGER PRIMARY KEY, Z_UUID VARCHAR(255), Z_PLIST BLOB);
+INSERT INTO Z_METADATA VALUES (1, '5A454C4B-4143-4200-8000-000000000000', NULL);
+)sql";
+
 }  // namespace
 
 const DatabaseShape& addressBookShape() {
@@ -75,7 +89,7 @@ const DatabaseShape& imagesShape() {
     return shape;
 }
 
-const DatabaseShape& callsShape() {
+const DatabaseShape& callHistoryShape() {
     static const DatabaseShape shape{"a call history (call_history.db)",
                                      "private/var/wireless/Library/CallHistory/call_history.db",
                                      kCallsSql,
@@ -83,6 +97,23 @@ const DatabaseShape& callsShape() {
     return shape;
 }
 
-std::array<const DatabaseShape*, 3> databaseShapes() { return {&addressBookShape(), &imagesShape(), &callsShape()}; }
+const DatabaseShape& callStoreShape() {
+    static const DatabaseShape shape{"a call history (CallHistory.storedata)",
+                                     "private/var/mobile/Library/CallHistoryDB/CallHistory.storedata",
+                                     kCallStoreSql,
+                                     {{"ZCALLRECORD",
+                                       {"Z_PK", "Z_ENT", "Z_OPT", "ZADDRESS", "ZDATE", "ZDURATION", "ZORIGINATED",
+                                        "ZANSWERED", "ZCALLTYPE", "ZREAD", "ZNAME", "ZISO_COUNTRY_CODE", "ZUNIQUE_ID"}},
+                                      {"Z_PRIMARYKEY", {"Z_NAME", "Z_MAX"}}}};
+    return shape;
+}
+
+const DatabaseShape& callsShape(const phone::Device& device) {
+    return phone::keepsCallStore(device) ? callStoreShape() : callHistoryShape();
+}
+
+std::array<const DatabaseShape*, 3> databaseShapes(const phone::Device& device) {
+    return {&addressBookShape(), &imagesShape(), &callsShape(device)};
+}
 
 }  // namespace maker

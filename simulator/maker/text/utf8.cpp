@@ -1,8 +1,8 @@
-#include "simulator/maker/contacts/utf8.h"
+#include "simulator/maker/text/utf8.h"
 
 #include <glib.h>
 
-#include "simulator/maker/contacts/glib_pointers.h"
+#include "simulator/maker/common/glib_pointers.h"
 
 namespace maker {
 

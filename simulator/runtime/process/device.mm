@@ -3,6 +3,7 @@
 #import "simulator/runtime/file_system/property_list.h"
 #include "simulator/runtime/process/device.h"
 
+#include <cstdlib>
 #include <functional>
 
 namespace phone {
@@ -108,6 +109,13 @@ bool operator==(const Device& a, const Device& b) {
            a.region == b.region && a.language == b.language && a.width == b.width && a.height == b.height &&
            a.scale == b.scale && a.nativeScale == b.nativeScale && a.idiom == b.idiom &&
            a.orientation == b.orientation && a.rightToLeft == b.rightToLeft;
+}
+
+int systemNumber(const Device& device) { return std::atoi(device.systemVersion.c_str()); }
+
+bool keepsCallStore(const Device& device) {
+    constexpr int firstSystem = 8;
+    return systemNumber(device) >= firstSystem;
 }
 
 const Device& device() { return ownDevice(); }

@@ -26,10 +26,11 @@ class Adoption : public testing::Test {
         maker::RootOptions options;
         options.root = bench.path() / "real";
         options.contactsCount = 30;
+        options.device = "iphone5s-7.1";
         ASSERT_EQ(phone::problemOf(maker::makeRoot(options)), "");
         book = options.root / maker::addressBookShape().path;
         images = options.root / maker::imagesShape().path;
-        calls = options.root / maker::callsShape().path;
+        calls = options.root / maker::callHistoryShape().path;
     }
     phone::Result<maker::RootReport> adopt() {
         maker::RootOptions options;
@@ -37,6 +38,7 @@ class Adoption : public testing::Test {
         options.addressBook = book;
         options.images = images;
         options.calls = calls;
+        options.device = device;
         return maker::makeRoot(options);
     }
     // What is said of a bad address book; also that nothing was made.
@@ -49,6 +51,7 @@ class Adoption : public testing::Test {
 
     test::Workbench bench;
     fs::path book, images, calls;
+    std::string device = "iphone5s-7.1";
 };
 
 TEST_F(Adoption, CopiesAllThreeDatabases) {

@@ -40,7 +40,8 @@ class InstalledPhoneSim : public PhoneSim {
 };
 
 TEST_F(InstalledPhoneSim, MakesAPhoneAndDrawsAListWhereverItStands) {
-    Outcome made = shell("phonesim new phone --contacts second/share/zelkacb/samples/contacts.vcf");
+    Outcome made = shell(
+        "phonesim new phone --contacts second/share/zelkacb/samples/contacts.vcf --photos /var/lib/AccountsService/icons");
     ASSERT_EQ(made.status, 0) << made.err;
     Outcome shot = shell("phonesim shot phone recents --out recents.png --row-details");
     EXPECT_EQ(shot.status, 0) << shot.err;

@@ -23,7 +23,3 @@ target_compile_options(foundation INTERFACE "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:$
 # A pure C++ program would drop Foundation without this.
 target_link_options(foundation INTERFACE LINKER:--no-as-needed)
 target_link_libraries(foundation INTERFACE gnustep-base objc)
-
-# For programs that use Foundation without playing the phone, under a leak checker.
-add_library(leak_suppressions OBJECT ${CMAKE_CURRENT_LIST_DIR}/foundation_leaks.cpp)
-target_compile_options(leak_suppressions PRIVATE -fno-sanitize=all)

@@ -10,8 +10,9 @@ constexpr const char* kFile = "/var/mobile/Library/Preferences/com.norvex.ZelkaC
 
 NSArray* keys() {
     return @[
-        @"ZelkaCBEnabled", @"ZelkaCBEnabledRoundedPictures", @"ZelkaCBEnabledMonogramPictures",
-        @"ZelkaCBEnabledFavorites", @"ZelkaCBEnabledRecents", @"ZelkaCBEnabledContacts"
+#define SETTING(name, stem, ...) @"ZelkaCBEnabled" stem,
+#include "resources/settings.def"
+#undef SETTING
     ];
 }
 
@@ -22,9 +23,11 @@ BOOL isOn(id value) { return [value respondsToSelector:@selector(boolValue)] && 
 void checkLoaded(NSDictionary* expected) {
     ZLKCBSettings* settings = [SettingsClass sharedSettings];
     [settings loadSettings];
-    const BOOL loaded[] = {[settings isZelkaCBEnabled],        [settings isRoundedPicsEnabled],
-                           [settings isMonogramEnabled],       [settings isShowPicturesOnFavorites],
-                           [settings isShowPicturesOnRecents], [settings isShowPicturesOnContacts]};
+    const BOOL loaded[] = {
+#define SETTING(name, stem, standard, group, getter, label) [settings getter],
+#include "resources/settings.def"
+#undef SETTING
+    };
     NSUInteger index = 0;
     for (NSString* key in keys()) {
         if (loaded[index++] != isOn([expected objectForKey:key]))

@@ -15,12 +15,9 @@ struct Switch {
     const char *key, *notification;
 };
 constexpr Switch kSwitches[] = {
-    {"ZelkaCBEnabled", "com.norvex.ZelkaCBEnabledNotification"},
-    {"ZelkaCBEnabledRoundedPictures", "com.norvex.ZelkaCBRoundedPicturesEnabledNotification"},
-    {"ZelkaCBEnabledMonogramPictures", "com.norvex.ZelkaCBMonogramPicturesEnabledNotification"},
-    {"ZelkaCBEnabledFavorites", "com.norvex.ZelkaCBFavoritesEnabledNotification"},
-    {"ZelkaCBEnabledRecents", "com.norvex.ZelkaCBRecentsEnabledNotification"},
-    {"ZelkaCBEnabledContacts", "com.norvex.ZelkaCBContactsEnabledNotification"},
+#define SETTING(name, stem, ...) {"ZelkaCBEnabled" stem, "com.norvex.ZelkaCB" stem "EnabledNotification"},
+#include "resources/settings.def"
+#undef SETTING
 };
 
 std::string keyList() {

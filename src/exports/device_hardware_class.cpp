@@ -19,6 +19,8 @@ constexpr MethodRow kMethods[] = {
 
 }  // namespace
 
-void registerDeviceHardwareClass() { registerClass("ZLKCBUIDeviceHardware", {}, kMethods, kMethods); }
+void registerDeviceHardwareClass() {
+    registerClass("ZLKCBUIDeviceHardware", platformClass<NSObject>(), {}, kMethods, kMethods);
+}
 
 }  // namespace zelka

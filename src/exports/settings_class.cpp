@@ -100,7 +100,8 @@ constexpr MethodRow kInstanceMethods[] = {
 }  // namespace
 
 void registerSettingsClass() {
-    Class cls = registerClass("ZLKCBSettings", kRows<Variable>, kClassMethods, kInstanceMethods);
+    Class cls =
+        registerClass("ZLKCBSettings", platformClass<NSObject>(), kRows<Variable>, kClassMethods, kInstanceMethods);
     addMethods(cls, kRows<Getter>);
     addMethods(cls, kRows<Setter>);
     addProperties(cls, kRows<Property>);

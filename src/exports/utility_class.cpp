@@ -29,7 +29,7 @@ constexpr MethodRow kOwnMethods[] = {
 }  // namespace
 
 void registerUtilityClass() {
-    Class metaclass = metaclassOf(registerClass("ZelkaCBUtils", {}, kOwnMethods, {}));
+    Class metaclass = metaclassOf(registerClass("ZelkaCBUtils", platformClass<NSObject>(), {}, kOwnMethods, {}));
     for (std::span<const MethodRow> methods : {deviceMethods(), phoneNumberMethods(), cacheMethods(), shapingMethods(),
                                                monogramMethods(), initialsMethods(), lookupMethods()}) {
         addMethods(metaclass, methods);

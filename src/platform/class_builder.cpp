@@ -21,10 +21,11 @@ void addProperties(Class cls, std::span<const PropertyRow> properties) {
     }
 }
 
-Class registerClass(const char* name, std::span<const IvarRow> ivars, std::span<const MethodRow> classMethods,
-                    std::span<const MethodRow> instanceMethods) {
+Class registerClass(const char* name, Class superclass, std::span<const IvarRow> ivars,
+                    std::span<const MethodRow> classMethods, std::span<const MethodRow> instanceMethods) {
     if (Class existing = objc_getClass(name)) return existing;
-    Class cls = objc_allocateClassPair(platformClass<NSObject>(), name, 0);
+    if (superclass == nullptr) return nullptr;  // it would be a root class
+    Class cls = objc_allocateClassPair(superclass, name, 0);
     if (cls == nullptr) return nullptr;
     for (const IvarRow& variable : ivars) {
         // The runtime takes the alignment as a power of two.

@@ -111,10 +111,10 @@ void addMethods(Class cls, std::span<const MethodRow> methods);
 // has stays as it is; nil adds nothing.
 void addProperties(Class cls, std::span<const PropertyRow> properties);
 
-// Registers a class under NSObject, or returns the one already registered under that name; nil when the runtime
-// refuses.
-Class registerClass(const char* name, std::span<const IvarRow> ivars, std::span<const MethodRow> classMethods,
-                    std::span<const MethodRow> instanceMethods);
+// Registers a class under the superclass, or returns the one already registered under that name; nil when the runtime
+// refuses, or when the superclass is nil.
+Class registerClass(const char* name, Class superclass, std::span<const IvarRow> ivars,
+                    std::span<const MethodRow> classMethods, std::span<const MethodRow> instanceMethods);
 
 // The class that holds a class's class methods.
 inline Class metaclassOf(Class cls) { return object_getClass(reinterpret_cast<id>(cls)); }

@@ -21,6 +21,8 @@ CFNotificationCenterRef CFNotificationCenterGetDarwinNotifyCenter();
 void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void* observer,
                                      CFNotificationCallback callback, CFStringRef name, const void* object,
                                      NSInteger suspensionBehavior);
+void CFNotificationCenterPostNotification(CFNotificationCenterRef center, CFStringRef name, const void* object,
+                                          CFDictionaryRef userInfo, unsigned char deliverImmediately);
 }
 
 namespace zelka {
@@ -31,5 +33,11 @@ inline NSString bridged(CFStringRef text) {
     return NSString{{reinterpret_cast<id>(const_cast<struct __CFString*>(text))}};
 }
 inline CFStringRef bridged(NSString text) { return reinterpret_cast<CFStringRef>(text.object); }
+
+// Posts a Darwin notification to all processes and returns at once. Any thread.
+inline void postDarwinNotification(NSString name) {
+    CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), bridged(name), nullptr, nullptr,
+                                         true);
+}
 
 }  // namespace zelka

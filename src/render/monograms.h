@@ -11,6 +11,7 @@
 #include "src/platform/uikit/UIColor.h"
 #include "src/platform/uikit/UIFont.h"
 #include "src/platform/uikit/UIImage.h"
+#include "src/render/drawing.h"
 
 namespace zelka {
 
@@ -23,13 +24,6 @@ struct MonogramStyle {
     CGSize size = {40, 40};
     std::optional<UIColor> color = std::nullopt;
     std::optional<UIFont> font = std::nullopt;
-};
-
-// A style that leaves nothing open.
-struct DrawnStyle {
-    CGSize size = {};
-    UIColor color;
-    UIFont font;
 };
 
 // Draws the text in capitals; the cache is neither read nor filled. A nil or empty text gives the silhouette, and with

@@ -33,8 +33,6 @@ NSString settingsPath() {
         .appendingPathComponent(NSString::fromUTF8(kSettingsFile));
 }
 
-bool truthOf(NSObject value) { return value.respondsTo(selector<"boolValue">()) && as<NSNumber>(value).boolValue(); }
-
 void makeSharedSettings(void* cls) {
     logInformation(LogSite("__31+[ZLKCBSettings sharedSettings]_block_invoke", 102),
                    "Initiallizing settings for first time..");

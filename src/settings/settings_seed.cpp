@@ -37,7 +37,7 @@ void seedSettingsFile() {
     if (!settings) settings = NSMutableDictionary::create();
     for (const SettingRow& row : kSettingRows) {
         NSString key = NSString::fromUTF8(row.key);
-        if (!settings->objectFor(key)) settings->setObject(NSNumber::of(true), key);
+        if (!settings->objectFor(key)) settings->setObject(NSNumber::of(row.standard), key);
     }
     settings->writeToFile(path, true);
     settings->removeAllObjects();  // docs/compatibility.md

@@ -4,18 +4,16 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <vector>
+
+#include "simulator/runtime/glib_pointers.h"
 
 namespace test {
 namespace {
 
 namespace fs = std::filesystem;
 
-struct Unref {
-    void operator()(GdkPixbuf* picture) const { g_object_unref(picture); }
-};
-using Pixbuf = std::unique_ptr<GdkPixbuf, Unref>;
+using Pixbuf = phone::GObjectPointer<GdkPixbuf>;
 
 Pixbuf load(const fs::path& file) { return Pixbuf(gdk_pixbuf_new_from_file(file.c_str(), nullptr)); }
 

@@ -3,10 +3,10 @@
 
 Three rules:
 - The folders of src/ stand in an order (ROOMS, lowest first). A file includes files of its own folder and of the ones
-  below it, never of one above.
-- In src/ and simulator/ no circle of includes runs through files. A header and its source (one stem) count as one file,
+  below it, never of one above. settings_page/ stands above those that it uses (PAGE_USES), and nothing includes it.
+- In src/, settings_page/ and simulator/ no circle of includes runs through files. A header and its source (one stem) count as one file,
   because who includes the header needs the source as well.
-- In src/, only handles send messages (HANDLES): elsewhere a message is a method of a handle.
+- In src/ and settings_page/, only handles send messages (HANDLES): elsewhere a message is a method of a handle.
 
 Usage: rooms.py [REPOSITORY]. Prints each line and each circle that breaks a rule; fails when there is one.
 """
@@ -16,8 +16,11 @@ import re
 import sys
 
 ROOMS = ["platform", "util", "settings", "cache", "render", "contacts", "changes", "hooks", "exports", "bootstrap"]
-TREES = ["src", "simulator"]
-HANDLES = ["src/platform/", "src/hooks/host_classes.h", "src/settings/settings.h"]
+PAGE_USES = ["platform", "util", "settings", "render"]
+LIBRARY = ("src/", "settings_page/")
+DATA = "resources/settings.def"  # the rows of the settings, which everybody may include
+TREES = ["src", "settings_page", "simulator"]
+HANDLES = ["src/platform/", "src/hooks/host_classes.h", "src/settings/settings.h", "settings_page/preferences.h"]
 SUFFIXES = {".h", ".cpp", ".mm", ".m", ".c"}
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*"([^"]+)"')
 SEND = re.compile(r"\bsend<")
@@ -34,7 +37,7 @@ def lines(root):
 
 def message_faults(found):
     for path, number, text in found:
-        if path.startswith("src/") and SEND.search(text) and not any(path.startswith(handle) for handle in HANDLES):
+        if path.startswith(LIBRARY) and SEND.search(text) and not any(path.startswith(handle) for handle in HANDLES):
             yield f"{path}:{number}: sends a message, which is a handle's to do: {text.strip()}"
 
 
@@ -51,19 +54,23 @@ def room_faults(root, edges):
         if folder not in ROOMS:
             yield f"src/{folder}: a folder without a place in the order of rooms"
     for source, line, target in edges:
-        if not source.startswith("src/"):
-            if target.startswith("src/"):
-                yield f'{source}:{line}: includes "{target}", but the simulator knows nothing of the library'
-            continue
-        if not target.startswith("src/"):
-            yield f'{source}:{line}: includes "{target}", which is not of src/'
-            continue
-        above = room_of(target)
-        if above is None or room_of(source) is None:
-            yield f'{source}:{line}: includes "{target}": one of them stands in no room'
-        elif above > room_of(source):
-            rooms = f"{ROOMS[room_of(source)]} stands below {ROOMS[above]}"
-            yield f'{source}:{line}: includes "{target}", but {rooms}'
+        if target != DATA and (fault := edge_fault(source, target)):
+            yield f'{source}:{line}: includes "{target}", {fault}'
+
+
+def edge_fault(source, target):
+    """What is wrong with the one including the other; None when nothing is."""
+    if source.startswith("simulator/"):
+        return "but the simulator knows nothing of the library" if target.startswith(LIBRARY) else None
+    if source.startswith("settings_page/"):
+        allowed = target.startswith(("settings_page/", *(f"src/{room}/" for room in PAGE_USES)))
+        return None if allowed else f"but the settings page uses {', '.join(PAGE_USES)} and nothing else"
+    if not target.startswith("src/"):
+        return "which is not of src/"
+    above, below = room_of(target), room_of(source)
+    if above is None or below is None:
+        return "but one of them stands in no room"
+    return f"but {ROOMS[below]} stands below {ROOMS[above]}" if above > below else None
 
 
 def stem(path):

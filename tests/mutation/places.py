@@ -39,11 +39,14 @@ class Mutation:
     def key(self):
         return f"{self.file}:{self.offset}:{self.kind}:{self.before}:{self.after}"
 
-    def text(self):
+    def change(self):
         def short(code):
             code = " ".join(code.split())
             return code if len(code) <= 100 else code[:97] + "..."
-        return f"{self.file}:{self.line}: {self.kind}: `{short(self.before)}` -> `{short(self.after)}`"
+        return f"{self.kind}: `{short(self.before)}` -> `{short(self.after)}`"
+
+    def text(self):
+        return f"{self.file}:{self.line}: {self.change()}"
 
 class Finder:
     """Collects the changes of all of src/, of each header once, and the lines that use what stands outside functions."""

@@ -10,8 +10,10 @@ namespace test {
 constexpr const char* kSettingsPath = "/var/mobile/Library/Preferences/com.norvex.ZelkaCB.plist";
 
 constexpr const char* kSettingsKeys[] = {
-    "ZelkaCBEnabled",          "ZelkaCBEnabledRoundedPictures", "ZelkaCBEnabledMonogramPictures",
-    "ZelkaCBEnabledFavorites", "ZelkaCBEnabledRecents",         "ZelkaCBEnabledContacts"};
+#define SETTING(name, stem, ...) "ZelkaCBEnabled" stem,
+#include "resources/settings.def"
+#undef SETTING
+};
 
 // A property list that is one dictionary of booleans.
 inline std::string propertyList(std::initializer_list<std::pair<const char*, bool>> values) {

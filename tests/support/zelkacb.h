@@ -17,12 +17,9 @@
 @protocol ZLKCBSettings <NSObject>
 + (ZLKCBSettings*)sharedSettings;
 + (NSDictionary*)settingsDictionary:(NSString*)path;
-@property (nonatomic) BOOL isZelkaCBEnabled;
-@property (nonatomic) BOOL isRoundedPicsEnabled;
-@property (nonatomic) BOOL isMonogramEnabled;
-@property (nonatomic) BOOL isShowPicturesOnFavorites;
-@property (nonatomic) BOOL isShowPicturesOnRecents;
-@property (nonatomic) BOOL isShowPicturesOnContacts;
+#define SETTING(name, stem, standard, group, getter, label) @property (nonatomic) BOOL getter;
+#include "resources/settings.def"
+#undef SETTING
 - (void)loadSettings;
 @end
 

@@ -18,9 +18,7 @@ constexpr double kNothingToDo = 60;   // seconds; a date's text may change with 
 double now() { return [NSDate timeIntervalSinceReferenceDate]; }
 
 phone::Status writePicture(UIImage* picture, NSString* out) {
-    const std::optional<std::string> wrong = phone::writePng([picture CGImage], [out UTF8String]);
-    if (wrong) return phone::failure(*wrong);
-    return {};
+    return phone::writePng([picture CGImage], [out UTF8String]);
 }
 
 }  // namespace

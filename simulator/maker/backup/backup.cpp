@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "simulator/maker/backup/property_list_file.h"
-#include "simulator/maker/common/glib_pointers.h"
+#include "simulator/runtime/glib_pointers.h"
 #include "simulator/phone_number/phone_number.h"
 #include "simulator/runtime/process/device_profiles.h"
 
@@ -55,7 +55,7 @@ constexpr Origin kPreferences = {"HomeDomain", "Library/Preferences/.GlobalPrefe
 // Where the backup keeps a file; empty when it does not.
 fs::path placeOf(const fs::path& folder, const Origin& origin, const char* suffix = "") {
     const std::string whole = std::string(origin.domain) + "-" + origin.path + suffix;
-    const GText hash(g_compute_checksum_for_string(G_CHECKSUM_SHA1, whole.c_str(), static_cast<gssize>(whole.size())));
+    const phone::GText hash(g_compute_checksum_for_string(G_CHECKSUM_SHA1, whole.c_str(), static_cast<gssize>(whole.size())));
     const std::string name = hash.get();
     std::error_code error;
     for (const fs::path& place : {folder / name, folder / name.substr(0, 2) / name})

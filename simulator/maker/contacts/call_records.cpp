@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdio>
 
-#include "simulator/maker/common/glib_pointers.h"
+#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/database/schema.h"
 
 namespace maker {
@@ -27,7 +27,7 @@ Result<int> addToStore(const Database& calls, const Call& call, const std::strin
     const int row = latest.integer(0);
     const bool outgoing = call.kind == CallKind::outgoing;
     const int duration = call.kind == CallKind::missed ? 0 : call.duration;
-    const GText country(g_ascii_strdown(region.c_str(), -1));
+    const phone::GText country(g_ascii_strdown(region.c_str(), -1));
     Statement insert = calls.prepare(
         "INSERT INTO ZCALLRECORD (Z_PK, Z_ENT, Z_OPT, ZANSWERED, ZCALLTYPE, ZORIGINATED, ZREAD, ZDATE, ZDURATION, "
         "ZADDRESS, ZISO_COUNTRY_CODE, ZNAME, ZUNIQUE_ID) "

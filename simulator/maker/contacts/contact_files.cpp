@@ -7,7 +7,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "simulator/maker/common/glib_pointers.h"
+#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/contacts/csv_import.h"
 #include "simulator/maker/contacts/ldif_import.h"
 #include "simulator/maker/contacts/vcard_import.h"
@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr std::array<std::string_view, 6> kEndings = {".vcf", ".vcard", ".csv", ".tsv", ".ldif", ".ldi"};
 
-std::string lower(const std::string& text) { return GText(g_ascii_strdown(text.c_str(), -1)).get(); }
+std::string lower(const std::string& text) { return phone::GText(g_ascii_strdown(text.c_str(), -1)).get(); }
 
 bool isNamedAsContacts(fs::path file) {
     if (lower(file.extension().string()) == ".gz") file.replace_extension();

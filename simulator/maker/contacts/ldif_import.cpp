@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <map>
 
-#include "simulator/maker/common/glib_pointers.h"
+#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/contacts/photo_address.h"
 #include "simulator/maker/text/charset.h"
 
@@ -15,7 +15,7 @@ namespace maker {
 namespace {
 
 std::string lower(std::string_view text) {
-    GText result(g_ascii_strdown(text.data(), static_cast<gssize>(text.size())));
+    phone::GText result(g_ascii_strdown(text.data(), static_cast<gssize>(text.size())));
     return result.get();
 }
 

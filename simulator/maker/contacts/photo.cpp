@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "simulator/maker/common/glib_pointers.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
 namespace {
 
-using Pixbuf = GObjectPointer<GdkPixbuf>;
+using Pixbuf = phone::GObjectPointer<GdkPixbuf>;
 
 std::string takeMessage(GError* error) {
     std::string message = error ? error->message : "unknown reason";
@@ -45,7 +45,7 @@ void limitSize(GdkPixbufLoader* loader, int width, int height, gpointer data) {
 
 Result<Pixbuf> decode(std::string_view encoded, PictureSize& size) {
     if (encoded.empty()) return failure("no bytes");
-    const GObjectPointer<GdkPixbufLoader> loader(gdk_pixbuf_loader_new());
+    const phone::GObjectPointer<GdkPixbufLoader> loader(gdk_pixbuf_loader_new());
     g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(limitSize), &size);
     GError* error = nullptr;
     bool written =
@@ -69,7 +69,7 @@ Result<std::string> encode(GdkPixbuf* pixbuf) {
                      ? gdk_pixbuf_save_to_buffer(pixbuf, &bytes, &length, "png", &error, nullptr)
                      : gdk_pixbuf_save_to_buffer(pixbuf, &bytes, &length, "jpeg", &error, "quality", "90", nullptr);
     if (!saved) return failure(takeMessage(error));
-    const GText saver(bytes);
+    const phone::GText saver(bytes);
     return std::string(bytes, length);
 }
 

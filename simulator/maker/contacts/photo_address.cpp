@@ -6,7 +6,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "simulator/maker/common/glib_pointers.h"
+#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/common/read_file.h"
 
 namespace maker {
@@ -24,7 +24,7 @@ Result<std::string> readDataAddress(const std::string& address) {
     std::string data = address.substr(comma + 1);
     if (address.substr(0, comma).find(";base64") == std::string::npos) return failure("a data: address not in base64");
     gsize length = 0;
-    GText bytes(reinterpret_cast<gchar*>(g_base64_decode(data.c_str(), &length)));
+    phone::GText bytes(reinterpret_cast<gchar*>(g_base64_decode(data.c_str(), &length)));
     return std::string(bytes.get(), length);
 }
 
@@ -40,7 +40,7 @@ Result<std::string> readFileAddress(std::string address, const PhotoFolders& fol
     if (startsWith(address, "file:")) address.erase(0, 5);
     if (startsWith(address, "//localhost/")) address.erase(0, 11);
     if (startsWith(address, "//")) address.erase(0, 2);
-    GText unescaped(g_uri_unescape_string(address.c_str(), nullptr));
+    phone::GText unescaped(g_uri_unescape_string(address.c_str(), nullptr));
     if (!unescaped || !*unescaped) return failure("the address " + address + " names no file");
     std::error_code error;
     const fs::path beside = folders.beside.empty() ? fs::path(".") : folders.beside;

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "simulator/maker/common/glib_pointers.h"
+#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/contacts/photo_address.h"
 #include "simulator/maker/contacts/vcard_lines.h"
 
@@ -20,7 +20,7 @@ struct FreeName {
 };
 
 std::string upper(std::string_view text) {
-    GText result(g_ascii_strup(text.data(), static_cast<gssize>(text.size())));
+    phone::GText result(g_ascii_strup(text.data(), static_cast<gssize>(text.size())));
     return result.get();
 }
 
@@ -88,7 +88,7 @@ Line readLine(EVCardAttribute* attribute) {
 }
 
 std::vector<Line> readLines(const std::string& card) {
-    const GObjectPointer<EVCard> parsed(e_vcard_new_from_string(card.c_str()));
+    const phone::GObjectPointer<EVCard> parsed(e_vcard_new_from_string(card.c_str()));
     std::vector<Line> lines;
     for (GList* item = e_vcard_get_attributes(parsed.get()); item; item = item->next) {
         lines.push_back(readLine(static_cast<EVCardAttribute*>(item->data)));

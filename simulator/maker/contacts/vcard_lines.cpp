@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <string_view>
 
-#include "simulator/maker/common/glib_pointers.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
 namespace {
 
 std::string upper(std::string_view text) {
-    GText result(g_ascii_strup(text.data(), static_cast<gssize>(text.size())));
+    phone::GText result(g_ascii_strup(text.data(), static_cast<gssize>(text.size())));
     return result.get();
 }
 

@@ -2,12 +2,12 @@
 
 #include <glib.h>
 
-#include "simulator/maker/common/glib_pointers.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
 
 std::string madeValid(const std::string& text) {
-    const GText valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+    const phone::GText valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
     return valid.get();
 }
 

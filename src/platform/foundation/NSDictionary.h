@@ -11,6 +11,9 @@ struct NSDictionary : NSObject {
     T objectFor(NSObject key) const {
         return zelka::send<T, "objectForKey:">(*this, key);
     }
+    // Of a file's attributes: its size in bytes, and its kind (kRegularFile for instance).
+    unsigned long long fileSize() const { return zelka::send<unsigned long long, "fileSize">(*this); }
+    NSString fileType() const { return zelka::send<NSString, "fileType">(*this); }
     // Writes a property list and returns whether that succeeded; atomically means through a temporary file.
     bool writeToFile(NSString path, bool atomically) const {
         return zelka::send<bool, "writeToFile:atomically:">(*this, path, atomically);

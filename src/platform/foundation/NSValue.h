@@ -20,6 +20,15 @@ struct NSNumber : NSObject {
     bool boolValue() const { return zelka::send<bool, "boolValue">(*this); }
 };
 
+namespace zelka {
+
+// Whether the object is a number or text that stands for truth; false for nil and for what has no truth value.
+inline bool truthOf(NSObject value) {
+    return value.respondsTo(selector<"boolValue">()) && as<NSNumber>(value).boolValue();
+}
+
+}  // namespace zelka
+
 struct NSData : NSObject {
     // A copy of the bytes (+0).
     static NSData copyOf(const void* bytes, NSUInteger length) {

@@ -178,14 +178,14 @@ TEST_F(ImageFiles, ArriveWhereThePixelsAreWritten) {
         CGContextFillRect(context, CGRectMake(0, 0, 2, 4));
     });
     write("out.png", 2);
-    EXPECT_FALSE(phone::writePng([image CGImage], [file("out.png") UTF8String]).has_value());
+    EXPECT_EQ(phone::problemOf(phone::writePng([image CGImage], [file("out.png") UTF8String])), "");
     UIImage* read = [UIImage imageWithContentsOfFile:file("out.png")];
     EXPECT_EQ([read size].width, 4);
     EXPECT_EQ(pixel(read, 1, 3), red);
     EXPECT_EQ(pixel(read, 2, 3), clear);
     const std::string missing = [file("no/such/directory.png") UTF8String];
-    EXPECT_EQ(phone::writePng([image CGImage], missing), missing + ": No such file or directory");
-    EXPECT_TRUE(phone::writePng(nullptr, missing).has_value());
+    EXPECT_EQ(phone::problemOf(phone::writePng([image CGImage], missing)), missing + ": No such file or directory");
+    EXPECT_FALSE(phone::writePng(nullptr, missing));
 }
 
 TEST_F(Images, SurviveThePngRepresentation) {

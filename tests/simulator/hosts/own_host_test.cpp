@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <array>
-#include <memory>
 
+#include "simulator/runtime/glib_pointers.h"
 #include "tests/simulator/hosts/host_fixture.h"
 
 namespace {
@@ -12,10 +12,6 @@ namespace {
 using hosts::HostProcess;
 
 using Colour = std::array<int, 3>;
-
-struct Unref {
-    void operator()(GdkPixbuf* picture) const { g_object_unref(picture); }
-};
 
 class Picture {
   public:
@@ -36,7 +32,7 @@ class Picture {
     }
 
   private:
-    std::unique_ptr<GdkPixbuf, Unref> picture_;
+    phone::GObjectPointer<GdkPixbuf> picture_;
 };
 
 class OwnHostTest : public HostTest {

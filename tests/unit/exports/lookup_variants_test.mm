@@ -167,6 +167,16 @@ TEST_F(Variants, ThroughTheInterfaceTakeTheThumbnailOrAMonogram) {
     EXPECT_TRUE(isMonogramOf(@"A", [Utils getContactImageFromAB:4711 addressBook:YES monogramText:@"A"]));
 }
 
+TEST_F(Variants, ThroughTheInterfaceTakeAPhotoOfOneByteAndNoneOfNoBytes) {
+    const int one = addNamed("Anna", "Zuse");
+    const int none = addNamed("Anna", "Zuse");
+    setThumbnail(one, "x");
+    setThumbnail(none, "");
+    boot();
+    EXPECT_TRUE(test::isTransparent([Utils getContactImageFromAB:one addressBook:YES monogramText:@"A"]));
+    EXPECT_TRUE(isMonogramOf(@"A", [Utils getContactImageFromAB:none addressBook:YES monogramText:@"A"]));
+}
+
 TEST_F(Variants, ThroughTheInterfaceLeaveTheFullSizeImageAlone) {
     const int contact = addWithThumbnail(test::kRed);
     setFullSize(contact, test::kBlue);

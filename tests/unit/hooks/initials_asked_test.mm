@@ -38,12 +38,7 @@ TEST_F(RecentsList, TheAddressBookIsAskedForTheInitialsOfACachedPicturesRow) {
     startWithList();
     const int ann = addWithPhoto(kRed);
     [Utils setContactImage:test::redPicture(6, 6, 1) contactId:ann];
-    for (const BOOL monograms : {YES, NO}) {
-        [settings() setIsMonogramEnabled:monograms];
-        const int before = test::sqliteCalls().prepared;
-        showRow(uidCall(ann));
-        EXPECT_EQ(test::sqliteCalls().prepared - before, monograms ? 1 : 0);
-    }
+    expectInitialsAskedByTheSettingAlone(uidCall(ann));
     EXPECT_EQ(queued(), 0);
 }
 
@@ -53,15 +48,9 @@ struct System6Recents : RecentsList {
 
 TEST_F(System6Recents, TheSettingAloneDecidesWhetherInitialsAreAsked) {
     startWithList();
-    const int ann = addWithPhoto(kRed);
     ASSERT_FALSE([Utils isMonogramEnabled]);
     [[Utils queue] setSuspended:YES];
-    for (const BOOL monograms : {YES, NO}) {
-        [settings() setIsMonogramEnabled:monograms];
-        const int before = test::sqliteCalls().prepared;
-        showRow(uidCall(ann));
-        EXPECT_EQ(test::sqliteCalls().prepared - before, monograms ? 1 : 0);
-    }
+    expectInitialsAskedByTheSettingAlone(uidCall(addWithPhoto(kRed)));
     [[Utils queue] setSuspended:NO];
     settle();
 }

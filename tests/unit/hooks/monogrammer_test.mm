@@ -66,6 +66,19 @@ class Monogrammer : public test::HookTest {
         return [[NSString stringWithFormat:@"%g x %g", [image size].width, [image size].height] UTF8String];
     }
 
+    // Of somebody with a photo, with monograms on and off.
+    void expectInitialsAskedByTheSettingAlone() {
+        ABRecordRef ann = [[ABUIPerson personWithRecordID:addWithPhoto(kGreen)] record];
+        for (const BOOL monograms : {YES, NO}) {
+            [settings() setIsMonogramEnabled:monograms];
+            [Utils clearImageCache];
+            const int before = test::sqliteCalls().prepared;
+            [[generator_ monogramForPerson:ann isPersonImage:&flag_] release];
+            // One statement reads the photo, another the name.
+            EXPECT_EQ(test::sqliteCalls().prepared - before, monograms ? 2 : 1);
+        }
+    }
+
     ABMonogrammer* generator_ = nil;
     ABMonogrammer* system_ = nil;
     BOOL flag_ = 42;
@@ -144,6 +157,20 @@ TEST_F(Monogrammer, RoundedPersonsKeepTheSystemsPicture) {
     EXPECT_TRUE(isMiddle(fromData(generator_, nil), kYellow));
 }
 
+TEST_F(Monogrammer, ACallerWithoutFlagGetsTheSamePictures) {
+    startWithGenerator();
+    ABRecordRef ann = [[ABUIPerson personWithRecordID:addWithPhoto(kGreen)] record];
+    for (const BOOL rounded : {YES, NO}) {
+        [settings() setIsRoundedPicsEnabled:rounded];
+        UIImage* flagged = [[generator_ monogramForPerson:ann isPersonImage:&flag_] autorelease];
+        UIImage* picture = [[generator_ monogramForPerson:ann isPersonImage:nullptr] autorelease];
+        EXPECT_TRUE(isMiddle(picture, kGreen));
+        EXPECT_TRUE(test::samePixels(picture, flagged));
+        UIImage* nobody = [[generator_ monogramForPerson:nullptr isPersonImage:nullptr] autorelease];
+        EXPECT_TRUE(isMiddle(nobody, kYellow));
+    }
+}
+
 TEST_F(Monogrammer, NobodyIsTheDefaultPictureRoundedOrNot) {
     startWithGenerator();
     for (const BOOL rounded : {YES, NO}) {
@@ -194,15 +221,7 @@ TEST_F(Monogrammer, MonogramsOffThePersonGetsTheRecentPicture) {
 TEST_F(Monogrammer, TheAddressBookIsAskedForInitialsOnlyWhileMonogramsAreOn) {
     startWithGenerator();
     [settings() setIsRoundedPicsEnabled:NO];
-    ABRecordRef ann = [[ABUIPerson personWithRecordID:addWithPhoto(kGreen)] record];
-    for (const BOOL monograms : {YES, NO}) {
-        [settings() setIsMonogramEnabled:monograms];
-        [Utils clearImageCache];
-        const int before = test::sqliteCalls().prepared;
-        [[generator_ monogramForPerson:ann isPersonImage:&flag_] release];
-        // One statement reads the photo, another the name.
-        EXPECT_EQ(test::sqliteCalls().prepared - before, monograms ? 2 : 1);
-    }
+    expectInitialsAskedByTheSettingAlone();
 }
 
 TEST_F(Monogrammer, AnUnsavedPersonKeepsTheSystemsPicture) {
@@ -315,15 +334,8 @@ TEST_F(System6Monogrammer, BeforeSystem7AContactWithoutPhotoGetsTheRecentPicture
 TEST_F(System6Monogrammer, TheSettingAloneDecidesWhetherInitialsAreAsked) {
     startWithGenerator();
     [settings() setIsRoundedPicsEnabled:NO];
-    ABRecordRef ann = [[ABUIPerson personWithRecordID:addWithPhoto(kGreen)] record];
     ASSERT_FALSE([Utils isMonogramEnabled]);
-    for (const BOOL monograms : {YES, NO}) {
-        [settings() setIsMonogramEnabled:monograms];
-        [Utils clearImageCache];
-        const int before = test::sqliteCalls().prepared;
-        [[generator_ monogramForPerson:ann isPersonImage:&flag_] release];
-        EXPECT_EQ(test::sqliteCalls().prepared - before, monograms ? 2 : 1);
-    }
+    expectInitialsAskedByTheSettingAlone();
 }
 
 }  // namespace

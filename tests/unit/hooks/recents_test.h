@@ -86,6 +86,21 @@ class RecentsList : public HookTest {
         ask();
     }
 
+    // How many statements a row of the call takes before its picture is loaded.
+    int statementsFor(id call) {
+        const int before = sqliteCalls().prepared;
+        showRow(call);
+        return sqliteCalls().prepared - before;
+    }
+    // Asks for a row of the call with monograms on and off: the address book is asked for initials the first time only.
+    // While pictures are not cached, the queue has to be suspended.
+    void expectInitialsAskedByTheSettingAlone(id call) {
+        for (const BOOL monograms : {YES, NO}) {
+            [settings() setIsMonogramEnabled:monograms];
+            EXPECT_EQ(statementsFor(call), monograms ? 1 : 0);
+        }
+    }
+
     CallBarABViewController* controller_ = nil;
 };
 

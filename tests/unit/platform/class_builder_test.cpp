@@ -35,7 +35,8 @@ constexpr IvarRow kVariables[] = {ivar<bool>("_flag"), ivar<NSObject>("_object")
 class Registration : public testing::Test {
   protected:
     AutoreleasePool pool;
-    Class cls = registerClass("RegisteredByTest", kVariables, kClassMethods, kInstanceMethods);
+    Class cls =
+        registerClass("RegisteredByTest", platformClass<NSObject>(), kVariables, kClassMethods, kInstanceMethods);
     Owned<NSObject> object = adopt(send<NSObject, "new">(cls));
 };
 
@@ -80,7 +81,18 @@ TEST_F(Registration, PropertiesAreDeclaredAsACompilerWould) {
 }
 
 TEST_F(Registration, ASecondTimeAnswersTheClassThatIsThere) {
-    EXPECT_EQ(registerClass("RegisteredByTest", {}, {}, {}), cls);
+    EXPECT_EQ(registerClass("RegisteredByTest", platformClass<NSObject>(), {}, {}, {}), cls);
+}
+
+TEST_F(Registration, AClassInheritsFromTheOneThatItIsRegisteredUnder) {
+    Owned<NSObject> heir = allocInit<NSObject>(registerClass("RegisteredHeir", cls, {}, {}, {}));
+    EXPECT_TRUE(heir->isKindOf(cls));
+    EXPECT_STREQ(callerText(heir.get().object), "RegisteredByTest");
+}
+
+TEST_F(Registration, WithoutASuperclassThereIsNoClass) {
+    EXPECT_EQ(registerClass("RegisteredOrphan", nullptr, {}, {}, {}), nullptr);
+    EXPECT_EQ(objc_getClass("RegisteredOrphan"), nullptr);
 }
 
 TEST_F(Registration, AMethodThatTheClassHasStays) {
@@ -97,7 +109,8 @@ NSString superDescription(NSObject object) {
 TEST(Super, IsTheSuperclasssImplementation) {
     static constexpr MethodRow kMethods[] = {receiverMethod<"description", &superDescription>()};
     AutoreleasePool pool;
-    Owned<NSObject> object = allocInit<NSObject>(registerClass("RegisteredWithSuper", {}, {}, kMethods));
+    Owned<NSObject> object =
+        allocInit<NSObject>(registerClass("RegisteredWithSuper", platformClass<NSObject>(), {}, {}, kMethods));
     const std::string description = object->description().utf8();
     EXPECT_EQ(description.rfind("<RegisteredWithSuper: ", 0), 0U) << description;
     EXPECT_EQ(description.back(), '!');

@@ -84,7 +84,7 @@ TEST_F(Object, OfNilReturnsZero) {
 TEST_F(Object, ReadsInstanceVariables) {
     static constexpr IvarRow kVariables[] = {ivar<bool>("_off"), ivar<bool>("_on"), ivar<bool>("_offToo"),
                                              ivar<NSObject>("_object")};
-    Class cls = registerClass("RegisteredHandle", kVariables, {}, {});
+    Class cls = registerClass("RegisteredHandle", platformClass<NSObject>(), kVariables, {}, {});
     Owned<RegisteredHandle> object = allocInit<RegisteredHandle>();
     ASSERT_TRUE(static_cast<bool>(object));
     auto* bytes = reinterpret_cast<char*>(object.get().object);

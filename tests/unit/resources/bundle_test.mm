@@ -3,17 +3,14 @@
 #include <gdk-pixbuf/gdk-pixbuf.h>
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
+#include "simulator/runtime/glib_pointers.h"
 #include "tests/support/parameter_name.h"
 
 namespace {
 
-struct Unreference {
-    void operator()(GdkPixbuf* picture) const { g_object_unref(picture); }
-};
-using Picture = std::unique_ptr<GdkPixbuf, Unreference>;
+using Picture = phone::GObjectPointer<GdkPixbuf>;
 
 Picture load(const std::string& name, int scale) {
     const std::string suffix = scale == 1 ? "" : "@" + std::to_string(scale) + "x";

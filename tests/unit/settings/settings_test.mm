@@ -82,6 +82,15 @@ TEST_F(SettingsStore, LoadsWhatWasSeeded) {
     EXPECT_EQ(values(), "111111");
 }
 
+// Other programs know them; a phone's file keeps them for years.
+TEST_F(SettingsStore, ItsKeysAreTheseSix) {
+    EXPECT_THAT(test::kSettingsKeys,
+                testing::ElementsAre(testing::StrEq("ZelkaCBEnabled"), testing::StrEq("ZelkaCBEnabledRoundedPictures"),
+                                     testing::StrEq("ZelkaCBEnabledMonogramPictures"),
+                                     testing::StrEq("ZelkaCBEnabledFavorites"), testing::StrEq("ZelkaCBEnabledRecents"),
+                                     testing::StrEq("ZelkaCBEnabledContacts")));
+}
+
 // One key on at a time: each property has its own.
 TEST_F(SettingsStore, EachKeySetsItsOwnProperty) {
     boot();

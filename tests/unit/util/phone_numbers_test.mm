@@ -74,6 +74,12 @@ TEST_F(PhoneNumbers, PlainFormOfALongText) {
     EXPECT_EQ([[Utils getPlainPhoneNumber:text] length], 42858u);
 }
 
+// A combining mark makes one visible character with the slash or question mark before it.
+TEST_F(PhoneNumbers, AreCutOutOfACallLinkCodeUnitByCodeUnit) {
+    EXPECT_EQ(cut(@"tel://\u0338555?call"), "\u0338555");
+    EXPECT_EQ(cut(@"tel://555?\u0338call"), "555");
+}
+
 TEST_F(PhoneNumbers, AreCutOutOfACallLink) {
     EXPECT_EQ(cut(@"tel://5550100?call=1"), "5550100");
     EXPECT_EQ(cut(@"tel://5550100?a?b"), "5550100");

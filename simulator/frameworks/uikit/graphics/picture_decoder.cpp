@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "simulator/frameworks/uikit/graphics/picture_format.h"
-#include "simulator/frameworks/uikit/graphics/unref.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace uikit {
 namespace {
@@ -75,7 +75,7 @@ DecodedPicture decodePicture(const void* bytes, size_t length) {
     if (type == nullptr || !reachesEnd(type, data)) {
         return {};
     }
-    const std::unique_ptr<GdkPixbufLoader, Unref> loader(gdk_pixbuf_loader_new_with_type(type, nullptr));
+    const phone::GObjectPointer<GdkPixbufLoader> loader(gdk_pixbuf_loader_new_with_type(type, nullptr));
     if (loader == nullptr) {
         return {};
     }

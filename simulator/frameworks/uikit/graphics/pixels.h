@@ -7,6 +7,7 @@
 #include <string>
 
 #include "simulator/frameworks/core_graphics/image.h"
+#include "simulator/runtime/result.h"
 
 namespace phone {
 
@@ -19,7 +20,7 @@ struct Pixel {
 /// The pixel `x` from the left and `y` from the top; nothing outside the image or for NULL.
 std::optional<Pixel> pixelAt(CGImageRef image, size_t x, size_t y);
 
-/// Writes the image to a host path as PNG, whole or not at all. Returns what went wrong, nothing when all is well.
-std::optional<std::string> writePng(CGImageRef image, const std::string& hostPath);
+/// Writes the image to a host path as PNG, whole or not at all. A failure names the path.
+Status writePng(CGImageRef image, const std::string& hostPath);
 
 }  // namespace phone

@@ -27,26 +27,25 @@ static cairo_status_t writeBytes(void* file, const unsigned char* bytes, unsigne
                                                                                   : CAIRO_STATUS_WRITE_ERROR;
 }
 
-std::optional<std::string> writePng(CGImageRef image, const std::string& hostPath) {
+Status writePng(CGImageRef image, const std::string& hostPath) {
     if (image == nullptr) {
-        return hostPath + ": there is no picture to write";
+        return failure(hostPath + ": there is no picture to write");
     }
-    const auto failure = [&](const char* why) { return hostPath + ": " + why; };
     const std::string unfinished = hostPath + ".part";
     std::FILE* file = std::fopen(unfinished.c_str(), "wbe");
     if (file == nullptr) {
-        return failure(std::strerror(errno));
+        return failure(hostPath + ": " + std::strerror(errno));
     }
     const core_graphics::PixelReader pixels(core_graphics::object(image)->store);
     errno = 0;
     const cairo_status_t status = cairo_surface_write_to_png_stream(pixels.surface(), writeBytes, file);
     const bool closed = std::fclose(file) == 0;
     if (status == CAIRO_STATUS_SUCCESS && closed && std::rename(unfinished.c_str(), hostPath.c_str()) == 0) {
-        return std::nullopt;
+        return {};
     }
-    const std::string why = failure(errno != 0 ? std::strerror(errno) : cairo_status_to_string(status));
+    const char* why = errno != 0 ? std::strerror(errno) : cairo_status_to_string(status);
     std::remove(unfinished.c_str());
-    return why;
+    return failure(hostPath + ": " + why);
 }
 
 }  // namespace phone

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <memory>
 
-#include "simulator/frameworks/uikit/graphics/unref.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace uikit {
 namespace {
@@ -30,7 +30,7 @@ PangoContext* makeContext() {
 }
 
 PangoContext* threadContext() {
-    thread_local const std::unique_ptr<PangoContext, Unref> context(makeContext());
+    thread_local const phone::GObjectPointer<PangoContext> context(makeContext());
     return context.get();
 }
 
@@ -83,7 +83,7 @@ TextLines::TextLines(const TextRequest& request) {
 
 // False when there is no room for another line.
 bool TextLines::addParagraph(const TextRequest& request, std::string_view paragraph) {
-    const std::unique_ptr<PangoLayout, Unref> layout(pango_layout_new(threadContext()));
+    const phone::GObjectPointer<PangoLayout> layout(pango_layout_new(threadContext()));
     pango_layout_set_font_description(layout.get(), makeFont(request.fontSize, request.bold).get());
     pango_layout_set_text(layout.get(), paragraph.data(), int(paragraph.size()));
     const int room = request.maxLines - int(lines_.size());

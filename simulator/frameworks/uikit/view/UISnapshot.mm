@@ -21,10 +21,10 @@ UIImage* UISnapshotOfView(UIView* view) {
 }
 
 BOOL UIWriteSnapshotOfView(UIView* view, NSString* path, NSError** error) {
-    const std::optional<std::string> wrong = phone::writePng([UISnapshotOfView(view) CGImage], [path UTF8String]);
-    if (!wrong) return YES;
+    const phone::Status written = phone::writePng([UISnapshotOfView(view) CGImage], [path UTF8String]);
+    if (written) return YES;
     if (error) {
-        NSString* text = [NSString stringWithUTF8String:wrong->c_str()];
+        NSString* text = [NSString stringWithUTF8String:written.error().message.c_str()];
         *error = [NSError errorWithDomain:NSCocoaErrorDomain
                                      code:0
                                  userInfo:[NSDictionary dictionaryWithObject:text forKey:NSLocalizedDescriptionKey]];

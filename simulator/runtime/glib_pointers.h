@@ -5,7 +5,7 @@
 
 #include <memory>
 
-namespace maker {
+namespace phone {
 
 struct UnrefObject {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -18,4 +18,4 @@ struct FreeText {
 };
 using GText = std::unique_ptr<gchar, FreeText>;
 
-}  // namespace maker
+}  // namespace phone

@@ -3,10 +3,11 @@
 #include <stdlib.h>
 
 #include <chrono>
+#include <cmath>
 #include <system_error>
 
 #include "simulator/maker/backup/backup.h"
-#include "simulator/maker/backup/property_list_file.h"
+#include "simulator/maker/common/property_list_file.h"
 #include "simulator/maker/calls/call_file.h"
 #include "simulator/maker/calls/call_history.h"
 #include "simulator/maker/calls/favorites.h"
@@ -235,7 +236,7 @@ struct Making {
         long done = 0;
         for (ImportedPerson& found : imported->persons) {
             Person& person = found.person;
-            person.created = person.modified = now - kAddressBookEpoch;
+            person.created = person.modified = std::floor(now - kAddressBookEpoch);
             Result<int> contact = builder.addPerson(person);
             if (!contact && !person.photo.empty()) {
                 findings.push_back({FindingKind::photo, found.file, found.line,
@@ -252,7 +253,8 @@ struct Making {
     Status addContacts(AddressBookBuilder& builder) {
         if (!options.contacts.empty()) return addImported(builder);
         if (options.contactsCount == 0) return {};
-        return addGeneratedContacts(builder, options.contactsCount, options.seed, now - kAddressBookEpoch, progress)
+        return addGeneratedContacts(builder, options.contactsCount, options.seed, std::floor(now - kAddressBookEpoch),
+                                    progress)
             .map([](long /*pictures*/) {});
     }
 

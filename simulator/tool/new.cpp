@@ -68,7 +68,9 @@ void addNew(CLI::App& app) {
     verb->add_option("ROOT", options->root, "The directory to make; it must not exist, or be empty")
         ->required()
         ->type_name(kDirectory);
-    auto* contacts = verb->add_option("--contacts", options->contacts, "Contacts from files of vCards, CSV or LDIF, or folders of them; may be given several times")->type_name(kFile);
+    auto* contacts = verb->add_option("--contacts", options->contacts, "Contacts from files of vCards, CSV or LDIF, or folders of them; may be given several times")
+                         ->type_name(kFile)
+                         ->allow_extra_args(false);
     auto* count = verb->add_option("--contacts-count", options->contactsCount, "That many made-up contacts")
                       ->check(CLI::Range(1, 1000000));
     auto* book = verb->add_option("--address-book", options->addressBook, "AddressBook.sqlitedb of a real phone")

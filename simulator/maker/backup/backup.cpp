@@ -6,7 +6,7 @@
 #include <system_error>
 #include <utility>
 
-#include "simulator/maker/backup/property_list_file.h"
+#include "simulator/maker/common/property_list_file.h"
 #include "simulator/runtime/glib_pointers.h"
 #include "simulator/phone_number/phone_number.h"
 #include "simulator/runtime/process/device_profiles.h"

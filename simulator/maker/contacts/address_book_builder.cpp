@@ -22,6 +22,7 @@ struct AddressBookBuilder::Databases {
     Status commit();
     Result<int> labelRow(const std::string& label);
     Status addValues(int contact, int property, const std::vector<LabelledValue>& values);
+    Status addAddress(int contact, const std::string& city);
     Status addLastFour(int value, const std::string& number);
     Result<int> newLink(int preferred);
     Status joinLink(int contact, int link, bool preferred);
@@ -108,6 +109,28 @@ Status AddressBookBuilder::Databases::addValues(int contact, int property, const
         if (!added) return added;
     }
     return {};
+}
+
+Status AddressBookBuilder::Databases::addAddress(int contact, const std::string& city) {
+    if (city.empty()) return {};
+    const Result<int> label = labelRow("_$!<Home>!$_");
+    if (!label) return failure(label);
+    Status added = book.prepare("INSERT INTO ABMultiValue (record_id, property, identifier, label) VALUES (?, ?, 0, ?)")
+                       .bind(1, contact)
+                       .bind(2, kAddressProperty)
+                       .bind(3, *label)
+                       .run();
+    if (!added) return added;
+    const int value = book.lastRow();
+    return book.prepare("INSERT OR IGNORE INTO ABMultiValueEntryKey (value) VALUES ('City')").run().and_then([&] {
+        return book
+            .prepare(
+                "INSERT INTO ABMultiValueEntry (parent_id, key, value) VALUES (?, (SELECT ROWID FROM "
+                "ABMultiValueEntryKey WHERE value = 'City'), ?)")
+            .bind(1, value)
+            .bind(2, std::string_view(city))
+            .run();
+    });
 }
 
 Result<int> AddressBookBuilder::Databases::newLink(int preferred) {
@@ -216,6 +239,7 @@ Result<int> AddressBookBuilder::addPerson(const Person& person) {
     int contact = databases_->book.lastRow();
     return databases_->addValues(contact, kPhoneProperty, person.phones)
         .and_then([&] { return databases_->addValues(contact, kEmailProperty, person.emails); })
+        .and_then([&] { return databases_->addAddress(contact, person.city); })
         .and_then([&] { return databases_->linkByName(contact, person.linkedAs); })
         .and_then(
             [&] { return person.photo.empty() ? Status() : databases_->storePhoto(contact, person.photo, photo); })
@@ -276,6 +300,17 @@ Status AddressBookBuilder::setModificationDate(int contact, double seconds) {
 }
 
 Status AddressBookBuilder::removePerson(int contact) {
+    const bool hasEntries =
+        databases_->book.prepare("SELECT 1 FROM sqlite_master WHERE name = 'ABMultiValueEntry'").step();
+    if (hasEntries) {
+        Status removed = databases_->book
+                             .prepare(
+                                 "DELETE FROM ABMultiValueEntry WHERE parent_id IN "
+                                 "(SELECT UID FROM ABMultiValue WHERE record_id = ?)")
+                             .bind(1, contact)
+                             .run();
+        if (!removed) return removed;
+    }
     constexpr const char* bookStatements[] = {
         "DELETE FROM ABPhoneLastFour WHERE multivalue_id IN (SELECT UID FROM ABMultiValue WHERE record_id = ?)",
         "DELETE FROM ABMultiValue WHERE record_id = ?", "DELETE FROM ABPerson WHERE ROWID = ?"};

@@ -29,6 +29,21 @@ CREATE INDEX ABMultiValueRecordIndex ON ABMultiValue (record_id);
 CREATE INDEX ABMultiValuePropertyValueIndex ON ABMultiValue (property, value COLLATE NOCASE);
 CREATE TABLE ABMultiValueLabel (value TEXT, UNIQUE (value));
 
+CREATE TABLE ABMultiValueEntry (parent_id INTEGER, key INTEGER, value TEXT, UNIQUE (parent_id, key));
+CREATE TABLE ABMultiValueEntryKey (value TEXT, UNIQUE (value));
+CREATE TABLE ABPersonMultiValueDeletes (record_id INTEGER, property_id INTEGER, identifier INTEGER);
+CREATE TABLE ABPersonChanges (record INTEGER, type INTEGER, Image INTEGER, ExternalIdentifier TEXT, StoreID INTEGER);
+CREATE TABLE ABPersonSearchKey (person_id INTEGER, value BLOB, UNIQUE (person_id));
+CREATE TABLE ABGroup (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT);
+CREATE TABLE ABGroupChanges (record INTEGER, type INTEGER);
+CREATE TABLE ABGroupMembers (UID INTEGER PRIMARY KEY, group_id INTEGER, member_type INTEGER, member_id INTEGER,
+    UNIQUE (group_id, member_type, member_id));
+CREATE TABLE ABRecent (date INTEGER, name, property INTEGER, value);
+CREATE TABLE FirstSortSectionCount (LanguageIndex, Section TEXT, StoreID, number,
+    UNIQUE (LanguageIndex, Section, StoreID));
+CREATE TABLE LastSortSectionCount (LanguageIndex, Section TEXT, StoreID, number,
+    UNIQUE (LanguageIndex, Section, StoreID));
+
 CREATE TABLE ABPhoneLastFour (multivalue_id INTEGER PRIMARY KEY, value TEXT);
 CREATE INDEX ABPhoneLastFourIndex ON ABPhoneLastFour (value);
 
@@ -49,6 +64,8 @@ CREATE TABLE call (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, address TEXT, date I
     face_time_data BLOB, originatingUIType TEXT);
 CREATE INDEX date_index ON call (date);
 CREATE TABLE _SqliteDatabaseProperties (key TEXT, value TEXT, UNIQUE (key));
+INSERT INTO _SqliteDatabaseProperties VALUES ('call_history_limit', '100'), ('timer_all', '0'), ('timer_last', '0'),
+    ('timer_lifetime', '0'), ('timer_incoming', '0'), ('timer_outgoing', '0');
 )sql";
 
 constexpr const char* kCallStoreSql = R"sql(

@@ -32,6 +32,7 @@ std::array<const DatabaseShape*, 3> databaseShapes(const phone::Device& device);
 // ABMultiValue.property
 constexpr int kPhoneProperty = 3;
 constexpr int kEmailProperty = 4;
+constexpr int kAddressProperty = 5;
 
 // ABThumbnailImage.format of the square pictures that lists show.
 constexpr int kThumbnailFormat = 0;

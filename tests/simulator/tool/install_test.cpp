@@ -98,7 +98,7 @@ TEST_F(InstalledPhoneSim, CompletesPaths) {
 TEST_F(InstalledPhoneSim, HasAManualPageOfEverythingThatHelpSays) {
     const Outcome page = shell("groff -ww -man -Tascii -P-cbou second/share/man/man1/phonesim.1");
     EXPECT_EQ(page.err, "");
-    for (const char* verb : {"new", "shot", "run", "log", "set", "notify", "edit"}) {
+    for (const char* verb : {"new", "list", "shot", "run", "log", "get", "set", "notify", "add", "edit", "call", "clone", "help"}) {
         EXPECT_THAT(page.out, HasSubstr(std::string("\nphonesim ") + verb + "\n"));
     }
     EXPECT_THAT(page.out, HasSubstr("--contacts FILE"));

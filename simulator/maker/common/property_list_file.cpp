@@ -1,4 +1,4 @@
-#include "simulator/maker/backup/property_list_file.h"
+#include "simulator/maker/common/property_list_file.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -7,15 +7,15 @@
 #include <system_error>
 
 #include "simulator/maker/backup/backup.h"
-#include "simulator/maker/common/property_list_file.h"
 #include "simulator/maker/calls/call_file.h"
 #include "simulator/maker/calls/call_history.h"
 #include "simulator/maker/calls/favorites.h"
+#include "simulator/maker/common/property_list_file.h"
 #include "simulator/maker/common/read_file.h"
 #include "simulator/maker/contacts/address_book_builder.h"
-#include "simulator/maker/contacts/generated_book.h"
 #include "simulator/maker/contacts/call_records.h"
 #include "simulator/maker/contacts/contact_files.h"
+#include "simulator/maker/contacts/generated_book.h"
 #include "simulator/maker/database/adopt.h"
 #include "simulator/maker/database/database.h"
 #include "simulator/maker/database/schema.h"
@@ -104,8 +104,10 @@ class Workshop {
 Status checkOptions(const RootOptions& options) {
     const int sources = !options.contacts.empty() + !options.addressBook.empty() + (options.contactsCount != 0) +
                         !options.backup.empty();
-    if (sources > 1) return failure("give contacts as files, as a count, as a phone's database or as a backup: only one");
-    if (!options.backup.empty() && !options.calls.empty()) return failure("a backup has calls of its own: give no others");
+    if (sources > 1)
+        return failure("give contacts as files, as a count, as a phone's database or as a backup: only one");
+    if (!options.backup.empty() && !options.calls.empty())
+        return failure("a backup has calls of its own: give no others");
     if (options.contactsCount < 0) return failure("a number of contacts cannot be negative");
     if (!options.images.empty() && options.addressBook.empty()) {
         return failure("a phone's images belong to its address book: give that, too");
@@ -340,7 +342,8 @@ Result<RootReport> makeRoot(const RootOptions& options, const Progress& progress
         .and_then([&] { return checkPlace(options, root); })
         .and_then([&] { return Workshop::beside(root); })
         .and_then([&](Workshop workshop) {
-            Making making{options, progress, workshop.path(), options.now > 0 ? options.now : present(), {}, {}, {}, {}};
+            Making making{options, progress, workshop.path(), options.now > 0 ? options.now : present(), {}, {},
+                          {},      {}};
             return making.fill().and_then([&] { return workshop.moveTo(root); }).map([&] { return making.report; });
         });
 }

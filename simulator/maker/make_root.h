@@ -25,12 +25,14 @@ struct RootOptions {
     // The folder of a phone's unencrypted backup (backup.h), in place of all other contacts, calls and the device.
     std::filesystem::path backup;
 
-    std::string charset;           // what bytes of contacts and calls are of which a file says nothing; empty: not known
-    std::filesystem::path photos;  // a folder outside of that of the contacts from which they may take pictures; or empty
+    std::string charset;  // what bytes of contacts and calls are of which a file says nothing; empty: not known
+    std::filesystem::path
+        photos;  // a folder outside of that of the contacts from which they may take pictures; or empty
 
     std::filesystem::path images;  // AddressBookImages.sqlitedb of a phone; only with addressBook
-    // call_history.db or CallHistory.storedata of a phone, or a text file of calls (call_file.h). Left out: calls are made
-    // up from the book. A database of the kind that this device's system does not keep is rewritten into the other.
+    // call_history.db or CallHistory.storedata of a phone, or a text file of calls (call_file.h). Left out: calls are
+    // made up from the book. A database of the kind that this device's system does not keep is rewritten into the
+    // other.
     std::filesystem::path calls;
     bool noCalls = false;  // an empty call history when `calls` is left out
 

@@ -8,14 +8,15 @@
 
 namespace tool {
 
-// Throws unless all three databases of a phone are sound, before anything is written: a change that fails half-way would
-// leave them out of step, and a database that is missing would be made anew, empty, without anybody noticing what was
-// lost.
+// Throws unless all three databases of a phone are sound, before anything is written: a change that fails half-way
+// would leave them out of step, and a database that is missing would be made anew, empty, without anybody noticing what
+// was lost.
 void requireSoundDatabases(const std::filesystem::path& root);
 
 maker::Database openBook(const std::filesystem::path& root);
 
-// The ID of the contact with this ID, name ("First Last") or organization. Throws Problem when it is none's or several's.
+// The ID of the contact with this ID, name ("First Last") or organization. Throws Problem when it is none's or
+// several's.
 int findContact(const maker::Database& book, const std::string& wanted);
 
 // Later than every other contact's: the latest date is how other processes find out who changed. Seconds since

@@ -21,7 +21,8 @@ struct Places {
 // Beside its place first, so that a copy that fails half-way is no phone.
 void clone(const Places& places) {
     requireRoot(places.root);
-    if (fs::exists(fs::symlink_status(places.copy))) throw Problem(places.copy + ": exists already; it is left as it is");
+    if (fs::exists(fs::symlink_status(places.copy)))
+        throw Problem(places.copy + ": exists already; it is left as it is");
     const fs::path root = fs::canonical(places.root);
     // Its hosts would write while it is copied.
     const RunLock notRunning = RunLock::take(root).value();

@@ -60,7 +60,8 @@ struct Favorite {
 
 std::string firstAddress(const maker::Database& book, int contact) {
     maker::Statement find = book.prepare(
-        "SELECT value FROM ABMultiValue WHERE record_id = ? AND property IN (3, 4) ORDER BY property, identifier LIMIT 1");
+        "SELECT value FROM ABMultiValue WHERE record_id = ? AND property IN (3, 4) ORDER BY property, identifier LIMIT "
+        "1");
     return find.bind(1, contact).step() ? find.text(0) : std::string();
 }
 

@@ -43,7 +43,9 @@ std::string startOf(const std::string& since) {
     const std::optional<int> count = maker::wholeNumber(std::string_view(since).substr(0, since.size() - 1));
     if (unit != std::string_view::npos && count)
         return writtenTime(static_cast<double>(std::time(nullptr)) - static_cast<double>(*count) * seconds[unit]);
-    if (!maker::readDate(since)) throw Problem("--since: \"" + since + "\" is neither a time ago (10m) nor a date and time such as \"2015-06-01 09:41\"");
+    if (!maker::readDate(since))
+        throw Problem("--since: \"" + since +
+                      "\" is neither a time ago (10m) nor a date and time such as \"2015-06-01 09:41\"");
     return since;
 }
 
@@ -119,8 +121,10 @@ void addLog(CLI::App& app) {
     verb->add_option("ROOT", log->root, "The phone")->required()->type_name(kDirectory);
     verb->add_flag("-f,--follow", log->follows, "Go on with what is logged from now on, until stopped");
     verb->add_option("--grep", log->wanted, "Only lines in which this text stands");
-    verb->add_option("--since", log->since, "Only lines of this long ago or later (30s, 10m, 2h, 1d), or of a date and time");
-    verb->footer("Examples:\n  phonesim log phone\n  phonesim log phone -f --grep Error\n  phonesim log phone --since 10m");
+    verb->add_option("--since", log->since,
+                     "Only lines of this long ago or later (30s, 10m, 2h, 1d), or of a date and time");
+    verb->footer(
+        "Examples:\n  phonesim log phone\n  phonesim log phone -f --grep Error\n  phonesim log phone --since 10m");
     verb->callback([log] { print(*log); });
 }
 

@@ -36,7 +36,8 @@ void requireKnownVerb(const CLI::App& app, const std::string& word) {
 void addHelp(CLI::App& app) {
     auto wanted = std::make_shared<std::string>();
     std::vector<std::string> verbs;
-    for (const CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; })) verbs.push_back(verb->get_name());
+    for (const CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; }))
+        verbs.push_back(verb->get_name());
     CLI::App* verb = app.add_subcommand("help", "Tell more about a verb, with examples");
     verb->add_option("VERB", *wanted, "The verb; all in short when left out")->check(offered(verbs));
     verb->footer("Example:\n  phonesim help new");
@@ -88,10 +89,9 @@ int run(int argc, char** argv) {
         "  PHONESIM_HOSTS          the folder of the host programs, if it is not the one beside phonesim\n"
         "  PHONESIM_RANDOM         a number that takes the place of chance, for pictures that come out the same\n"
         "  PHONESIM_NOTIFICATIONS  \"watcher\" delivers Darwin notifications on a thread of their own");
-    for (const auto add :
-         {tool::addNew, tool::addList, tool::addInfo, tool::addShot, tool::addRun, tool::addLog, tool::addGet,
-          tool::addSet, tool::addNotify, tool::addAdd, tool::addEdit, tool::addFavorite, tool::addCall, tool::addInstall,
-          tool::addClone, tool::addDelete, tool::addHelp})
+    for (const auto add : {tool::addNew, tool::addList, tool::addInfo, tool::addShot, tool::addRun, tool::addLog,
+                           tool::addGet, tool::addSet, tool::addNotify, tool::addAdd, tool::addEdit, tool::addFavorite,
+                           tool::addCall, tool::addInstall, tool::addClone, tool::addDelete, tool::addHelp})
         add(app);
     app.failure_message([](const CLI::App*, const CLI::Error& error) {
         return std::string("phonesim: ") + error.what() + "\nphonesim: \"phonesim help\" tells what is expected\n";

@@ -68,26 +68,30 @@ void addNew(CLI::App& app) {
     verb->add_option("ROOT", options->root, "The directory to make; it must not exist, or be empty")
         ->required()
         ->type_name(kDirectory);
-    auto* contacts = verb->add_option("--contacts", options->contacts, "Contacts from files of vCards, CSV or LDIF, or folders of them; may be given several times")
-                         ->type_name(kFile)
-                         ->allow_extra_args(false);
+    auto* contacts =
+        verb->add_option("--contacts", options->contacts,
+                         "Contacts from files of vCards, CSV or LDIF, or folders of them; may be given several times")
+            ->type_name(kFile)
+            ->allow_extra_args(false);
     auto* count = verb->add_option("--contacts-count", options->contactsCount, "That many made-up contacts")
                       ->check(CLI::Range(1, 1000000));
     auto* book = verb->add_option("--address-book", options->addressBook, "AddressBook.sqlitedb of a real phone")
                      ->type_name(kFile);
     auto* images =
         verb->add_option("--images", options->images, "AddressBookImages.sqlitedb of the same phone")->type_name(kFile);
-    auto* backup = verb->add_option("--backup", options->backup,
-                                    "The folder of a phone's unencrypted backup: contacts, calls, favourites and device")
-                       ->type_name(kDirectory);
+    auto* backup =
+        verb->add_option("--backup", options->backup,
+                         "The folder of a phone's unencrypted backup: contacts, calls, favourites and device")
+            ->type_name(kDirectory);
     contacts->excludes(count)->excludes(book)->excludes(backup);
     count->excludes(backup);
     book->excludes(backup);
     count->excludes(book);
     images->needs(book);
-    verb->add_option("--calls", options->calls,
-                     "Calls from a call log (CSV, XML), or call_history.db or CallHistory.storedata of a real phone; made up "
-                     "if left out")
+    verb->add_option(
+            "--calls", options->calls,
+            "Calls from a call log (CSV, XML), or call_history.db or CallHistory.storedata of a real phone; made up "
+            "if left out")
         ->type_name(kFile);
     verb->add_option_function<std::string>(
         "--now",
@@ -101,31 +105,35 @@ void addNew(CLI::App& app) {
     verb->add_option("--device", options->device, "Device profile, see below (default: iphone6-8.4)")
         ->check(offered(profileNames()));
     verb->add_option("--region", options->region, "Country of numbers without country code (default: US)");
-    verb->add_option("--language", options->language, "The interface's language, by which names are sorted (default: en)");
-    verb->add_option("--charset", options->charset,
-                     "The character set of contacts and calls in which a file does not name its own, such as windows-1252");
+    verb->add_option("--language", options->language,
+                     "The interface's language, by which names are sorted (default: en)");
+    verb->add_option(
+        "--charset", options->charset,
+        "The character set of contacts and calls in which a file does not name its own, such as windows-1252");
     verb->add_option("--photos", options->photos,
                      "A folder besides that of the contacts from which their files may name pictures")
         ->type_name(kDirectory);
-    verb->add_flag("--verbose", *verbose, "Say of each thing that is left out or mended what it is, not of the first only");
+    verb->add_flag("--verbose", *verbose,
+                   "Say of each thing that is left out or mended what it is, not of the first only");
     verb->add_flag("--right-to-left,--rtl", options->rightToLeft, "Lay the interface out from right to left");
     verb->add_option("--library", *library,
                      "The extension library to install, also one in the phone's own format (default: the built one)")
         ->type_name(kFile);
     verb->add_flag("--force", options->force, "Replace a phone that is already there");
-    verb->footer(profileList() +
-                 "\nCalls in a text file, one a line: when, number, incoming|outgoing|missed[, seconds[, unlinked]]\n"
-                 "  2015-06-01 09:41, +1 212 555 0142, incoming, 63\n"
-                 "  -2h, bob@example.com, missed\n"
-                 "or a table whose first row names the columns: Date, Number, Type, Duration, Name. A date and time without\n"
-                 "zone is UTC.\n"
-                 "vCards with the same X-LINKED-PERSON:<text> are linked contacts of one person.\n"
-                 "\nExamples:\n"
-                 "  phonesim new phone --contacts friends.vcf --contacts google.csv --calls calls.csv\n"
-                 "  phonesim new phone --address-book AddressBook.sqlitedb --images AddressBookImages.sqlitedb \\\n"
-                 "      --calls call_history.db --device iphone6plus-9.3\n"
-                 "  phonesim new phone --backup Backup/00008020-000000000000002E\n"
-                 "  phonesim new phone --force --contacts-count 10000 --rtl");
+    verb->footer(
+        profileList() +
+        "\nCalls in a text file, one a line: when, number, incoming|outgoing|missed[, seconds[, unlinked]]\n"
+        "  2015-06-01 09:41, +1 212 555 0142, incoming, 63\n"
+        "  -2h, bob@example.com, missed\n"
+        "or a table whose first row names the columns: Date, Number, Type, Duration, Name. A date and time without\n"
+        "zone is UTC.\n"
+        "vCards with the same X-LINKED-PERSON:<text> are linked contacts of one person.\n"
+        "\nExamples:\n"
+        "  phonesim new phone --contacts friends.vcf --contacts google.csv --calls calls.csv\n"
+        "  phonesim new phone --address-book AddressBook.sqlitedb --images AddressBookImages.sqlitedb \\\n"
+        "      --calls call_history.db --device iphone6plus-9.3\n"
+        "  phonesim new phone --backup Backup/00008020-000000000000002E\n"
+        "  phonesim new phone --force --contacts-count 10000 --rtl");
     verb->callback([options, library, verbose] {
         options->extension = builtExtension();
         if (!library->empty()) {

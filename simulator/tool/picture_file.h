@@ -6,9 +6,9 @@
 
 namespace tool {
 
-// Where a picture goes: "-" is standard output, as PNG; other names end in .png, .jpg, .jpeg or .webp, or in nothing, which
-// is PNG. Throws Problem for other endings and for places where no file can be put: the file that a link leads to is
-// replaced, not the link, and nothing but a file.
+// Where a picture goes: "-" is standard output, as PNG; other names end in .png, .jpg, .jpeg or .webp, or in nothing,
+// which is PNG. Throws Problem for other endings and for places where no file can be put: the file that a link leads to
+// is replaced, not the link, and nothing but a file.
 class PictureFile {
   public:
     explicit PictureFile(const std::string& name);

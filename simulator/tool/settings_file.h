@@ -14,8 +14,8 @@ namespace tool {
 // there is not a property list with a dictionary.
 [[nodiscard]] phone::Status setSwitch(const std::filesystem::path& root, const std::string& key, bool on);
 
-// Whether a switch is on; nothing when the file does not have it, or there is no file. Fails when the file there is not a
-// property list with a dictionary.
+// Whether a switch is on; nothing when the file does not have it, or there is no file. Fails when the file there is not
+// a property list with a dictionary.
 phone::Result<std::optional<bool>> readSwitch(const std::filesystem::path& root, const std::string& key);
 
 }  // namespace tool

@@ -83,7 +83,8 @@ void addShot(CLI::App& app) {
         ->required()
         ->check(CLI::IsMember({"recents", "missed", "favorites", "contacts", "search"}));
     verb->add_option("TEXT", shot->text, "What the screen search searches for");
-    verb->add_option("--out", shot->out, "The picture to write: .png, .jpg or .webp, or - for standard output (PNG)")->type_name(kFile);
+    verb->add_option("--out", shot->out, "The picture to write: .png, .jpg or .webp, or - for standard output (PNG)")
+        ->type_name(kFile);
     verb->add_flag("--without-extension", shot->withoutExtension, "As the screen looks without the library");
     verb->add_flag("--row-details", shot->rowDetails, "Print each row's contact ID, picture source and frames as JSON");
     verb->add_flag("--editing", shot->editing, "With the list in editing mode");

@@ -28,9 +28,8 @@ void countCalls(Summary& summary) {
                            .and_then([](const maker::Database& database) { return maker::readCallRecords(database); });
     if (!calls) return;
     summary.calls = static_cast<long>(calls->size());
-    summary.missed = std::count_if(calls->begin(), calls->end(), [](const maker::Call& call) {
-        return call.kind == maker::CallKind::missed;
-    });
+    summary.missed = std::count_if(calls->begin(), calls->end(),
+                                   [](const maker::Call& call) { return call.kind == maker::CallKind::missed; });
 }
 
 std::string libraryOf(const fs::path& root) {

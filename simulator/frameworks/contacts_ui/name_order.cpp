@@ -70,8 +70,8 @@ struct NameOrder::Tables {
     std::string keyOf(const icu::UnicodeString& text) const {
         std::string key(static_cast<std::size_t>(std::max(16, 4 * text.length())), '\0');
         for (;;) {
-            const int32_t length = collator->getSortKey(text, reinterpret_cast<uint8_t*>(key.data()),
-                                                        static_cast<int32_t>(key.size()));
+            const int32_t length =
+                collator->getSortKey(text, reinterpret_cast<uint8_t*>(key.data()), static_cast<int32_t>(key.size()));
             const bool fits = static_cast<std::size_t>(length) <= key.size();
             key.resize(static_cast<std::size_t>(length));
             if (fits) return key;

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "simulator/maker/common/property_list_file.h"
-#include "simulator/runtime/glib_pointers.h"
 #include "simulator/phone_number/phone_number.h"
+#include "simulator/runtime/glib_pointers.h"
 #include "simulator/runtime/process/device_profiles.h"
 
 namespace maker {
@@ -55,7 +55,8 @@ constexpr Origin kPreferences = {"HomeDomain", "Library/Preferences/.GlobalPrefe
 // Where the backup keeps a file; empty when it does not.
 fs::path placeOf(const fs::path& folder, const Origin& origin, const char* suffix = "") {
     const std::string whole = std::string(origin.domain) + "-" + origin.path + suffix;
-    const phone::GText hash(g_compute_checksum_for_string(G_CHECKSUM_SHA1, whole.c_str(), static_cast<gssize>(whole.size())));
+    const phone::GText hash(
+        g_compute_checksum_for_string(G_CHECKSUM_SHA1, whole.c_str(), static_cast<gssize>(whole.size())));
     const std::string name = hash.get();
     std::error_code error;
     for (const fs::path& place : {folder / name, folder / name.substr(0, 2) / name})
@@ -129,14 +130,15 @@ Result<Backup> readBackup(const fs::path& folder, const fs::path& workplace, Fin
     backup.device.name = textAt(info->get(), {"Device Name"}).value_or(backup.device.name);
     readPreferences(placeOf(folder, kPreferences), backup.device);
     const Origin& calls = phone::keepsCallStore(backup.device) ? kCallStore : kCallHistory;
-    for (const auto& [origin, place] : {std::pair(&kAddressBook, &backup.addressBook), std::pair(&kImages, &backup.images),
-                                        std::pair(&calls, &backup.calls)}) {
+    for (const auto& [origin, place] : {std::pair(&kAddressBook, &backup.addressBook),
+                                        std::pair(&kImages, &backup.images), std::pair(&calls, &backup.calls)}) {
         Result<fs::path> found = database(folder, *origin, workplace);
         if (!found) return failure(found);
         *place = std::move(*found);
         if (place->empty())
-            findings.push_back({FindingKind::skipped, folder.string(), 0,
-                                std::string("there is no ") + fs::path(origin->path).filename().string() + " in this backup"});
+            findings.push_back(
+                {FindingKind::skipped, folder.string(), 0,
+                 std::string("there is no ") + fs::path(origin->path).filename().string() + " in this backup"});
     }
     backup.favorites = placeOf(folder, kFavorites);
     return backup;

@@ -19,17 +19,12 @@
 #include <string>
 #include <vector>
 
+#include "simulator/maker/calls/written_call.h"
 #include "simulator/maker/common/findings.h"
 #include "simulator/maker/common/progress.h"
 #include "simulator/maker/common/result.h"
-#include "simulator/maker/contacts/contact.h"
 
 namespace maker {
-
-struct WrittenCall {
-    Call call;  // the contact is not yet known; the name is the one that the file gives, for a caller who is no contact
-    bool unlinked = false;
-};
 
 // Whether a file is such a text and not a phone's database: the latter is named so (.db, .storedata, .sqlite) or begins
 // as SQLite's files do.

@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "simulator/maker/calls/call_file.h"
+#include "simulator/maker/calls/written_call.h"
+#include "simulator/maker/common/findings.h"
+#include "simulator/maker/common/result.h"
 #include "simulator/maker/text/csv_table.h"
 
 namespace maker {

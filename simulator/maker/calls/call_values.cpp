@@ -113,7 +113,8 @@ std::optional<Day> readDay(Reader& reader, DayOrder order) {
     if (const auto iso = readTriple(reader, "-")) {
         if ((*iso)[0] >= 1000) return Day{(*iso)[0], (*iso)[1], (*iso)[2]};
         if (order == DayOrder::unknown) return std::nullopt;
-        return order == DayOrder::dayFirst ? Day{(*iso)[2], (*iso)[1], (*iso)[0]} : Day{(*iso)[2], (*iso)[0], (*iso)[1]};
+        return order == DayOrder::dayFirst ? Day{(*iso)[2], (*iso)[1], (*iso)[0]}
+                                           : Day{(*iso)[2], (*iso)[0], (*iso)[1]};
     }
     if (const auto dotted = readTriple(reader, ".")) return Day{(*dotted)[2], (*dotted)[1], (*dotted)[0]};
     if (const auto slashed = readTriple(reader, "/")) {
@@ -169,7 +170,8 @@ std::optional<double> readCount(const std::string& text) {
 // The narrow blanks that some systems write before AM and PM.
 std::string withPlainBlanks(std::string text) {
     for (const std::string_view blank : {"\u202F", "\u00A0", "\u2009"}) {
-        for (std::size_t place; (place = text.find(blank)) != std::string::npos;) text.replace(place, blank.size(), " ");
+        for (std::size_t place; (place = text.find(blank)) != std::string::npos;)
+            text.replace(place, blank.size(), " ");
     }
     const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
     text.erase(0, first);
@@ -236,7 +238,8 @@ std::optional<int> readDuration(const std::string& text) {
             continue;
         }
         // The longer words first.
-        if (reader.take("hours") || reader.take("hour") || reader.take("hrs") || reader.take("hr") || reader.take("h")) {
+        if (reader.take("hours") || reader.take("hour") || reader.take("hrs") || reader.take("hr") ||
+            reader.take("h")) {
             total += std::int64_t{*number} * 3600;
         } else if (reader.take("minutes") || reader.take("minute") || reader.take("mins") || reader.take("min") ||
                    reader.take("m")) {
@@ -258,13 +261,16 @@ std::optional<int> readDuration(const std::string& text) {
 }
 
 std::optional<CallKind> readKind(std::string_view text) {
-    constexpr std::string_view incoming[] = {"incoming", "in",       "inbound",  "received", "answered", "1",
-                                             "eingehend", "eingehender", "eingang", "angenommen", "entrant", "reçu",     "entrante"};
-    constexpr std::string_view outgoing[] = {"outgoing", "out",     "outbound", "dialed", "dialled", "placed", "made",
-                                             "2",        "ausgehend", "ausgehender", "ausgang", "gewählt", "sortant", "émis", "saliente"};
-    constexpr std::string_view missed[] = {"missed",   "unanswered", "notanswered", "noanswer",  "rejected", "declined",
-                                           "refused",  "blocked",    "voicemail",   "verpasst",  "verpasster", "entgangen", "abgelehnt",
-                                           "manqué",   "perdida",    "3",           "4",         "5",         "6"};
+    constexpr std::string_view incoming[] = {"incoming", "in",        "inbound",     "received", "answered",
+                                             "1",        "eingehend", "eingehender", "eingang",  "angenommen",
+                                             "entrant",  "reçu",      "entrante"};
+    constexpr std::string_view outgoing[] = {"outgoing", "out",     "outbound", "dialed",    "dialled",
+                                             "placed",   "made",    "2",        "ausgehend", "ausgehender",
+                                             "ausgang",  "gewählt", "sortant",  "émis",      "saliente"};
+    constexpr std::string_view missed[] = {"missed",     "unanswered", "notanswered", "noanswer",  "rejected",
+                                           "declined",   "refused",    "blocked",     "voicemail", "verpasst",
+                                           "verpasster", "entgangen",  "abgelehnt",   "manqué",    "perdida",
+                                           "3",          "4",          "5",           "6"};
     std::string word = columnName(text);
     for (const std::string_view ending : {"calls", "call", "anruf"}) {
         if (word.size() > ending.size() && std::string_view(word).substr(word.size() - ending.size()) == ending) {
@@ -272,7 +278,9 @@ std::optional<CallKind> readKind(std::string_view text) {
             break;
         }
     }
-    const auto isIn = [&](const auto& words) { return std::find(std::begin(words), std::end(words), word) != std::end(words); };
+    const auto isIn = [&](const auto& words) {
+        return std::find(std::begin(words), std::end(words), word) != std::end(words);
+    };
     if (isIn(incoming)) return CallKind::incoming;
     if (isIn(outgoing)) return CallKind::outgoing;
     if (isIn(missed)) return CallKind::missed;

@@ -20,8 +20,8 @@ enum class DayOrder { unknown, dayFirst, monthFirst };
 DayOrder dayOrderOf(const std::string& text);
 
 // A moment in any common form, as seconds since 1970-01-01 UTC: ISO 8601 with or without zone, day or month first with
-// slashes (as `order` says; nothing when that is not known), 1.6.2015, "Jun 1, 2015", with 12 or 24 hours, and seconds or
-// milliseconds since 1970. Without a zone it is UTC. Nothing when it is none.
+// slashes (as `order` says; nothing when that is not known), 1.6.2015, "Jun 1, 2015", with 12 or 24 hours, and seconds
+// or milliseconds since 1970. Without a zone it is UTC. Nothing when it is none.
 std::optional<double> readMoment(const std::string& text, DayOrder order);
 
 // Seconds: "63", "63.4", "1:03", "0:01:03", "1h 2m 3s", "1 min 3 sec".

@@ -116,8 +116,9 @@ Result<std::vector<WrittenCall>> readCallXml(Text text, const std::string& chars
     const std::unique_ptr<GMarkupParseContext, FreeContext> context(
         g_markup_parse_context_new(&parser, G_MARKUP_TREAT_CDATA_AS_TEXT, &reading, nullptr));
     GError* error = nullptr;
-    const bool parsed = g_markup_parse_context_parse(context.get(), xml.data(), static_cast<gssize>(xml.size()), &error) &&
-                        g_markup_parse_context_end_parse(context.get(), &error);
+    const bool parsed =
+        g_markup_parse_context_parse(context.get(), xml.data(), static_cast<gssize>(xml.size()), &error) &&
+        g_markup_parse_context_end_parse(context.get(), &error);
     const std::string said = error != nullptr ? error->message : "";
     g_clear_error(&error);
     int line = 0;

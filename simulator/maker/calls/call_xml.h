@@ -1,12 +1,14 @@
 // Call logs as the XML that SMS Backup & Restore writes: <calls> with a <call number="..." duration="seconds"
-// date="milliseconds since 1970" type="1" presentation="1" contact_name="..."/> for each call, as its publisher documents
-// these attributes.
+// date="milliseconds since 1970" type="1" presentation="1" contact_name="..."/> for each call, as its publisher
+// documents these attributes.
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "simulator/maker/calls/call_file.h"
+#include "simulator/maker/calls/written_call.h"
+#include "simulator/maker/common/findings.h"
+#include "simulator/maker/common/result.h"
 #include "simulator/maker/text/text_file.h"
 
 namespace maker {

@@ -65,7 +65,8 @@ Status addFavorite(const fs::path& root, int contact, const std::string& address
         plist_dict_set_item(entry, "ABUid", plist_new_uint(static_cast<std::uint64_t>(contact)));
         plist_array_append_item(list->get(), entry);
     }
-    plist_dict_set_item(plist_array_get_item(list->get(), place), "Value", plist_new_string(madeValid(address).c_str()));
+    plist_dict_set_item(plist_array_get_item(list->get(), place), "Value",
+                        plist_new_string(madeValid(address).c_str()));
     return writeList(file, *list);
 }
 

@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdio>
 
-#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/database/schema.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
 namespace {
@@ -31,7 +31,8 @@ Result<int> addToStore(const Database& calls, const Call& call, const std::strin
     Statement insert = calls.prepare(
         "INSERT INTO ZCALLRECORD (Z_PK, Z_ENT, Z_OPT, ZANSWERED, ZCALLTYPE, ZORIGINATED, ZREAD, ZDATE, ZDURATION, "
         "ZADDRESS, ZISO_COUNTRY_CODE, ZNAME, ZUNIQUE_ID) "
-        "VALUES (?1, (SELECT Z_ENT FROM Z_PRIMARYKEY WHERE Z_NAME = 'CallRecord'), 1, ?2, ?3, ?4, 1, ?5, ?6, ?7, ?8, ?9, "
+        "VALUES (?1, (SELECT Z_ENT FROM Z_PRIMARYKEY WHERE Z_NAME = 'CallRecord'), 1, ?2, ?3, ?4, 1, ?5, ?6, ?7, ?8, "
+        "?9, "
         "?10)");
     insert.bind(1, row)
         .bind(2, call.kind == CallKind::incoming || (outgoing && duration > 0) ? 1 : 0)
@@ -98,10 +99,12 @@ Status forgetCaller(const Database& calls, int contact) {
 
 Result<std::vector<Call>> readCallRecords(const Database& calls) {
     const std::string store =
-        "SELECT ZADDRESS, ZDATE + 978307200, ZDURATION, ZORIGINATED, ZANSWERED, -1, ZNAME FROM ZCALLRECORD ORDER BY Z_PK";
-    const std::string history = std::string("SELECT address, date, duration, flags & 1, duration > 0, "
-                                            // Contact IDs have 32 bits; a history may hold any number.
-                                            "iif(id BETWEEN 1 AND 2147483647, id, -1), ") +
+        "SELECT ZADDRESS, ZDATE + 978307200, ZDURATION, ZORIGINATED, ZANSWERED, -1, ZNAME FROM ZCALLRECORD ORDER BY "
+        "Z_PK";
+    const std::string history = std::string(
+                                    "SELECT address, date, duration, flags & 1, duration > 0, "
+                                    // Contact IDs have 32 bits; a history may hold any number.
+                                    "iif(id BETWEEN 1 AND 2147483647, id, -1), ") +
                                 (hasNames(calls) ? "name" : "NULL") + " FROM call ORDER BY ROWID";
     Statement rows = calls.prepare((isCallStore(calls) ? store : history).c_str());
     std::vector<Call> result;
@@ -110,7 +113,8 @@ Result<std::vector<Call>> readCallRecords(const Database& calls) {
 }
 
 Result<long> countCallRecords(const Database& calls) {
-    Statement count = calls.prepare(isCallStore(calls) ? "SELECT count(*) FROM ZCALLRECORD" : "SELECT count(*) FROM call");
+    Statement count =
+        calls.prepare(isCallStore(calls) ? "SELECT count(*) FROM ZCALLRECORD" : "SELECT count(*) FROM call");
     if (!count.step()) return failure(count.status());
     return static_cast<long>(count.integer(0));
 }

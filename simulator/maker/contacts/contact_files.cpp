@@ -7,11 +7,11 @@
 #include <string_view>
 #include <system_error>
 
-#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/contacts/csv_import.h"
 #include "simulator/maker/contacts/ldif_import.h"
 #include "simulator/maker/contacts/vcard_import.h"
 #include "simulator/maker/text/charset.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
 namespace {

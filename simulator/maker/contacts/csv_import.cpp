@@ -128,10 +128,15 @@ constexpr Title kTitles[] = {
 
 // Labels that the phone has words of its own for, by Google's.
 const std::map<std::string, const char*>& labelWords() {
-    static const std::map<std::string, const char*> words = {
-        {"home", kHome},       {"work", kWork},        {"mobile", kMobile},
-        {"main", kMain},       {"other", kOther},      {"homefax", "_$!<HomeFAX>!$_"},
-        {"pager", kPager},     {"workfax", "_$!<WorkFAX>!$_"}, {"otherfax", "_$!<OtherFAX>!$_"}};
+    static const std::map<std::string, const char*> words = {{"home", kHome},
+                                                             {"work", kWork},
+                                                             {"mobile", kMobile},
+                                                             {"main", kMain},
+                                                             {"other", kOther},
+                                                             {"homefax", "_$!<HomeFAX>!$_"},
+                                                             {"pager", kPager},
+                                                             {"workfax", "_$!<WorkFAX>!$_"},
+                                                             {"otherfax", "_$!<OtherFAX>!$_"}};
     return words;
 }
 
@@ -188,9 +193,12 @@ class RowReader {
     Person person() const {
         Person person;
         const std::pair<Field, std::optional<std::string> Person::*> names[] = {
-            {Field::first, &Person::first},       {Field::last, &Person::last},
-            {Field::middle, &Person::middle},     {Field::prefix, &Person::prefix},
-            {Field::suffix, &Person::suffix},     {Field::nickname, &Person::nickname},
+            {Field::first, &Person::first},
+            {Field::last, &Person::last},
+            {Field::middle, &Person::middle},
+            {Field::prefix, &Person::prefix},
+            {Field::suffix, &Person::suffix},
+            {Field::nickname, &Person::nickname},
             {Field::organization, &Person::organization}};
         for (const auto& [field, member] : names) person.*member = text(field);
         const bool named = person.first || person.last || person.middle;
@@ -221,8 +229,7 @@ class RowReader {
     std::string labelFor(std::size_t index) const {
         const std::string& label = columns_[index]->label;
         for (std::size_t i = 0; i < size(); ++i) {
-            if (isOf(i, Field::label) && columns_[i]->label == label)
-                return labelOf(trimmed(row_.fields[i]));
+            if (isOf(i, Field::label) && columns_[i]->label == label) return labelOf(trimmed(row_.fields[i]));
         }
         return numberedColumn(label + "value") ? std::string() : label;
     }
@@ -262,8 +269,8 @@ void importCsv(const std::string& file, const std::vector<CsvRow>& rows, const I
         const RowReader reader(columns, *row);
         Person person = reader.person();
         if (isEmpty(person)) {
-            imported.findings.push_back({FindingKind::skipped, file, row->line,
-                                         "this row has neither name nor number and is left out"});
+            imported.findings.push_back(
+                {FindingKind::skipped, file, row->line, "this row has neither name nor number and is left out"});
             continue;
         }
         if (const std::optional<std::string> address = reader.text(Field::photo)) {

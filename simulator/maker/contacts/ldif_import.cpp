@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <map>
 
-#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/contacts/photo_address.h"
 #include "simulator/maker/text/charset.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
 namespace {
@@ -93,13 +93,11 @@ std::optional<std::string> text(const std::vector<Attribute>& attributes, std::s
 }
 
 const std::map<std::string, const char*>& phoneLabels() {
-    static const std::map<std::string, const char*> labels = {{"telephonenumber", "_$!<Work>!$_"},
-                                                              {"homephone", "_$!<Home>!$_"},
-                                                              {"mobile", "_$!<Mobile>!$_"},
-                                                              {"cellphone", "_$!<Mobile>!$_"},
-                                                              {"pager", "_$!<Pager>!$_"},
-                                                              {"facsimiletelephonenumber", "_$!<WorkFAX>!$_"},
-                                                              {"fax", "_$!<WorkFAX>!$_"}};
+    static const std::map<std::string, const char*> labels = {
+        {"telephonenumber", "_$!<Work>!$_"}, {"homephone", "_$!<Home>!$_"},
+        {"mobile", "_$!<Mobile>!$_"},        {"cellphone", "_$!<Mobile>!$_"},
+        {"pager", "_$!<Pager>!$_"},          {"facsimiletelephonenumber", "_$!<WorkFAX>!$_"},
+        {"fax", "_$!<WorkFAX>!$_"}};
     return labels;
 }
 
@@ -145,9 +143,9 @@ void takePhoto(const std::vector<Attribute>& attributes, const PhotoFolders& fol
         person.person.photo = std::move(*bytes);
         return;
     }
-    findings.push_back({FindingKind::photo, person.file, photo->line,
-                        person.person.displayName() +
-                            " goes without photo: " + (bytes ? "it is empty" : bytes.error().message)});
+    findings.push_back(
+        {FindingKind::photo, person.file, photo->line,
+         person.person.displayName() + " goes without photo: " + (bytes ? "it is empty" : bytes.error().message)});
 }
 
 // What base64 wrapped is of no known character set, either.

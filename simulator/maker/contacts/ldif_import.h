@@ -1,8 +1,8 @@
 // Reading contacts from LDIF (RFC 2849) as Thunderbird and directory services write it, with OpenLDAP's library.
 //
-// Taken over: givenName, sn, cn, mozillaNickname, o, mail, mozillaSecondEmail, telephoneNumber, homePhone, mobile, pager,
-// facsimileTelephoneNumber and jpegPhoto. An entry that is a group, and one that changes or removes another, is no
-// contact.
+// Taken over: givenName, sn, cn, mozillaNickname, o, mail, mozillaSecondEmail, telephoneNumber, homePhone, mobile,
+// pager, facsimileTelephoneNumber and jpegPhoto. An entry that is a group, and one that changes or removes another, is
+// no contact.
 #pragma once
 
 #include "simulator/maker/common/result.h"

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/common/read_file.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
 namespace {

@@ -8,7 +8,8 @@
 
 namespace maker {
 
-// Where pictures may be read from: below the folder of the file that names them, and below one more, if it is not empty.
+// Where pictures may be read from: below the folder of the file that names them, and below one more, if it is not
+// empty.
 struct PhotoFolders {
     std::filesystem::path beside;
     std::filesystem::path allowed;

@@ -8,9 +8,9 @@
 #include <string_view>
 #include <utility>
 
-#include "simulator/runtime/glib_pointers.h"
 #include "simulator/maker/contacts/photo_address.h"
 #include "simulator/maker/contacts/vcard_lines.h"
+#include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
 namespace {
@@ -37,7 +37,9 @@ class QuietParser {
 
   private:
     static void keep(const gchar* /*domain*/, GLogLevelFlags /*level*/, const gchar* message, gpointer self) {
-        static_cast<QuietParser*>(self)->said_.emplace_back(message != nullptr ? message : "");
+        // It goes on to quote the rest of the text.
+        const std::string said = message != nullptr ? message : "";
+        static_cast<QuietParser*>(self)->said_.push_back(said.substr(0, said.find('\n')));
     }
 
     GLogFunc previous_;

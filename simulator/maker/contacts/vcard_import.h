@@ -1,8 +1,8 @@
 // Reading contacts from vCards (2.1, 3.0 or 4.0), with libebook-contacts.
 //
 // Taken over: N (FN where there is no N), NICKNAME, ORG, TEL and EMAIL with their types or X-ABLabel as labels, and
-// PHOTO, embedded or as an address (photo_address.h). Cards that carry the same X-LINKED-PERSON:TEXT are linked contacts
-// of one person. A card of KIND:group is no contact. Everything else has no place on the stand-in phone.
+// PHOTO, embedded or as an address (photo_address.h). Cards that carry the same X-LINKED-PERSON:TEXT are linked
+// contacts of one person. A card of KIND:group is no contact. Everything else has no place on the stand-in phone.
 #pragma once
 
 #include "simulator/maker/common/progress.h"

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "simulator/maker/text/utf8.h"
 #include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
@@ -105,7 +106,11 @@ bool isBase64Text(std::string_view line) {
 // Reads the properties of a card, of which each may take several lines.
 class LineReader {
   public:
-    explicit LineReader(std::vector<TextLine> lines) : lines_(std::move(lines)) {}
+    explicit LineReader(std::vector<TextLine> lines) : lines_(std::move(lines)) {
+        // Files that were joined to one have their marks in the middle.
+        for (TextLine& line : lines_)
+            if (line.bytes.substr(0, 3) == "\xEF\xBB\xBF") line.bytes.remove_prefix(3);
+    }
 
     bool atEnd() const { return next_ >= lines_.size(); }
     const TextLine& next() const { return lines_[next_]; }
@@ -115,7 +120,8 @@ class LineReader {
         const int number = next().number;
         std::string line(lines_[next_++].bytes);
         // A parameter in quoted-printable may be too long for a line, too.
-        while (findOutside(line, ":") == std::string::npos && line.find('(') != std::string::npos && endsWith(line, '='))
+        while (findOutside(line, ":") == std::string::npos && line.find('(') != std::string::npos &&
+               endsWith(line, '='))
             joinSoftly(line);
         const Property first = propertyOf(line, number);
         if (first.isQuotedPrintable()) {
@@ -151,14 +157,13 @@ constexpr char kWrittenSemicolon = '\x1F';
 std::string decodedQuotedPrintable(std::string_view text) {
     std::string bytes;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool coded = text[i] == '=' && i + 2 < text.size() && g_ascii_isxdigit(text[i + 1]) &&
-                           g_ascii_isxdigit(text[i + 2]);
+        const bool coded =
+            text[i] == '=' && i + 2 < text.size() && g_ascii_isxdigit(text[i + 1]) && g_ascii_isxdigit(text[i + 2]);
         if (!coded) {
             bytes += text[i];
             continue;
         }
-        const char byte =
-            static_cast<char>(16 * g_ascii_xdigit_value(text[i + 1]) + g_ascii_xdigit_value(text[i + 2]));
+        const char byte = static_cast<char>(16 * g_ascii_xdigit_value(text[i + 1]) + g_ascii_xdigit_value(text[i + 2]));
         bytes += byte == ';' ? kWrittenSemicolon : byte;
         i += 2;
     }
@@ -209,6 +214,23 @@ bool isCustomType(const std::string& parameter) {
     return upper(parameter).rfind("X-CUSTOM(", 0) == 0 && endsWith(parameter, ')');
 }
 
+// And for one of letters and digits alone: X-Boat.
+bool isPlainCustomType(const std::string& parameter) {
+    return upper(parameter).rfind("X-", 0) == 0 && parameter.size() > 2 && parameter.find('=') == std::string::npos;
+}
+
+bool hasLabels(const Property& property) {
+    const std::string name = upper(property.name.substr(property.name.find('.') + 1));
+    return name == "TEL" || name == "EMAIL";
+}
+
+// What the parser takes for the name of a parameter; at another letter it would leave the line for the next one.
+bool isName(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](unsigned char c) {
+        return c >= 0x80 || g_ascii_isalnum(c) || c == '-' || c == '_' || c == ',';
+    });
+}
+
 // Writes properties anew, without their dress.
 class Writer {
   public:
@@ -226,8 +248,16 @@ class Writer {
         }
         const std::string label = takeCustomType(property);
         std::string head = property.name;
-        for (const std::string& parameter : property.parameters)
-            head += ";" + utf8(parameter, charset, property.line);
+        for (const std::string& parameter : property.parameters) {
+            const std::size_t equals = parameter.find('=');
+            const bool readable = isName(std::string_view(parameter).substr(0, equals));
+            if (!readable && equals != std::string::npos) {
+                findings_.push_back({FindingKind::mended, text_.file, property.line,
+                                     "the parameter \"" + madeValid(parameter) + "\" cannot be read and is left out"});
+                continue;
+            }
+            head += (readable ? ";" : ";TYPE=") + utf8(parameter, charset, property.line);
+        }
         if (!label.empty()) {
             const std::string group = "zelka" + std::to_string(++groups_) + ".";
             const std::size_t dot = property.name.find('.');
@@ -243,10 +273,14 @@ class Writer {
     }
 
     std::string takeCustomType(Property& property) {
-        auto custom = std::find_if(property.parameters.begin(), property.parameters.end(), isCustomType);
-        if (custom == property.parameters.end()) return {};
-        const CustomType type = customTypeOf(*custom);
-        property.parameters.erase(custom);
+        if (!hasLabels(property)) return {};
+        std::vector<std::string>& parameters = property.parameters;
+        auto custom = std::find_if(parameters.begin(), parameters.end(), isCustomType);
+        const bool plain = custom == parameters.end();
+        if (plain) custom = std::find_if(parameters.begin(), parameters.end(), isPlainCustomType);
+        if (custom == parameters.end()) return {};
+        const CustomType type = plain ? CustomType{{}, custom->substr(2)} : customTypeOf(*custom);
+        parameters.erase(custom);
         return utf8(type.bytes, type.charset, property.line);
     }
 
@@ -284,7 +318,8 @@ Result<std::vector<VCard>> splitVCards(const Text& text, const std::string& char
         } else if (inside) {
             writer.add(reader.property(), cards.back().text);
         } else {
-            findings.push_back({FindingKind::skipped, text.file, number, "this line stands in no vCard and is left out"});
+            findings.push_back(
+                {FindingKind::skipped, text.file, number, "this line stands in no vCard and is left out"});
             reader.skip();
         }
     }

@@ -73,8 +73,8 @@ void providePhoneFunctions(sqlite3* database) {
     for (const std::string& name : called) {
         if (known.count(name) > 0) continue;
         const bool guid = name.find("guid") != std::string::npos || name.find("uuid") != std::string::npos;
-        sqlite3_create_function(database, name.c_str(), -1, SQLITE_UTF8, nullptr, guid ? returnGuid : returnFirst, nullptr,
-                                nullptr);
+        sqlite3_create_function(database, name.c_str(), -1, SQLITE_UTF8, nullptr, guid ? returnGuid : returnFirst,
+                                nullptr, nullptr);
     }
 }
 

@@ -45,8 +45,8 @@ constexpr int kOutgoingCall = 5;
 constexpr int kTelephoneCall = 1;
 constexpr int kFaceTimeCall = 8;
 
-// The address book and the call store count seconds from 2001-01-01 00:00 UTC, call_history.db from 1970-01-01: add this
-// to the former.
+// The address book and the call store count seconds from 2001-01-01 00:00 UTC, call_history.db from 1970-01-01: add
+// this to the former.
 constexpr double kAddressBookEpoch = 978307200.0;
 
 }  // namespace maker

@@ -45,7 +45,8 @@ Result<Converted> toUtf8(std::string_view bytes, const std::string& charset) {
     // The longest that a converter makes of so many bytes, and room for what it keeps back until the end.
     const int32_t room = 2 * length + 16;
     icu::UnicodeString text;
-    const int32_t written = ucnv_toUChars(converter.getAlias(), text.getBuffer(room), room, bytes.data(), length, &error);
+    const int32_t written =
+        ucnv_toUChars(converter.getAlias(), text.getBuffer(room), room, bytes.data(), length, &error);
     text.releaseBuffer(U_SUCCESS(error) ? written : 0);
     if (U_FAILURE(error)) return failure("the bytes cannot be read as " + charset + ": " + u_errorName(error));
     text.toUTF8String(converted.text);

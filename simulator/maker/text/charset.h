@@ -15,8 +15,8 @@ struct Converted {
 };
 
 // Bytes of a character set, named as in a file ("windows-1252", "SHIFT_JIS"), as UTF-8. ISO-8859-1 is read as
-// windows-1252, whose superset it is in practice (Encoding Standard, "Names and labels"). Fails for a name that ICU does
-// not know.
+// windows-1252, whose superset it is in practice (Encoding Standard, "Names and labels"). Fails for a name that ICU
+// does not know.
 Result<Converted> toUtf8(std::string_view bytes, const std::string& charset);
 
 // Whether ICU knows a character set of that name.

@@ -127,9 +127,7 @@ std::vector<TextLine> linesOf(std::string_view text) {
 std::string madeUtf8(std::string_view bytes, const Charsets& charsets, const std::string& file, int line,
                      Findings& findings) {
     const std::string& charset = charsets.named.empty() ? charsets.given : charsets.named;
-    const auto find = [&](const std::string& text) {
-        findings.push_back({FindingKind::characters, file, line, text});
-    };
+    const auto find = [&](const std::string& text) { findings.push_back({FindingKind::characters, file, line, text}); };
     // Only a set that is named in the file may change what is sound already: one of seven bits looks so.
     const bool sound = isUtf8(bytes);
     if (sound && charsets.named.empty()) return std::string(bytes);

@@ -89,10 +89,10 @@ TEST_F(Adoption, TakesReadOnlyFiles) {
 
 TEST_F(Adoption, TakesDatabasesThatNameOrderingsAndFunctionsOfThePhone) {
     maker::Database writer = maker::Database::open(book, false).value();
-    ASSERT_EQ(phone::problemOf(
-                  writer.execute("CREATE INDEX byPhone ON ABPerson (First COLLATE PhoneOrder);"
-                                 "CREATE TRIGGER t AFTER UPDATE OF First ON ABPerson BEGIN UPDATE ABPerson SET "
-                                 "guid = ab_new_guid(), Note = phone_function(NEW.First, 2) WHERE ROWID = NEW.ROWID; END")),
+    ASSERT_EQ(phone::problemOf(writer.execute(
+                  "CREATE INDEX byPhone ON ABPerson (First COLLATE PhoneOrder);"
+                  "CREATE TRIGGER t AFTER UPDATE OF First ON ABPerson BEGIN UPDATE ABPerson SET "
+                  "guid = ab_new_guid(), Note = phone_function(NEW.First, 2) WHERE ROWID = NEW.ROWID; END")),
               "");
     ASSERT_EQ(phone::problemOf(adopt()), "");
     {

@@ -93,8 +93,9 @@ TEST_P(PhoneBackup, GivesContactsCallsFavoritesAndDevice) {
     keepPreferences("de-CH", "de_CH");
     keepBooks();
     keep("HomeDomain", "Library/CallHistoryDB/CallHistory.storedata", of(maker::callStoreShape().path));
-    const std::string favorites = "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><dict><key>ABUid</key>"
-                                  "<integer>1</integer></dict></array></plist>";
+    const std::string favorites =
+        "<?xml version=\"1.0\"?><plist version=\"1.0\"><array><dict><key>ABUid</key>"
+        "<integer>1</integer></dict></array></plist>";
     keep("HomeDomain", "Library/Preferences/com.apple.mobilephone.speeddial.plist", favorites);
     const auto report = make();
     ASSERT_EQ(phone::problemOf(report), "");
@@ -133,7 +134,8 @@ TEST_P(PhoneBackup, HasWhatIsOnlyInTheLogAndIsNotWrittenTo) {
     ASSERT_EQ(phone::problemOf(writer.execute("PRAGMA journal_mode=WAL; INSERT INTO ABPerson (First) VALUES ('Wal')")),
               "");
     keepBooks();
-    keep("HomeDomain", "Library/AddressBook/AddressBook.sqlitedb-wal", of((std::string(maker::addressBookShape().path) + "-wal").c_str()));
+    keep("HomeDomain", "Library/AddressBook/AddressBook.sqlitedb-wal",
+         of((std::string(maker::addressBookShape().path) + "-wal").c_str()));
     const auto files = std::distance(fs::recursive_directory_iterator(bench.path() / "backup"), {});
     const auto report = make();
     ASSERT_EQ(phone::problemOf(report), "");
@@ -156,7 +158,8 @@ TEST_P(PhoneBackup, OfAModelWithoutProfileGetsTheScreenOfItsKind) {
 
 TEST_P(PhoneBackup, ThatIsEncryptedIsRefusedWithWhatToDo) {
     describe("iPhone7,2", "8.4", true);
-    EXPECT_THAT(phone::problemOf(make()), AllOf(HasSubstr("backup: is an encrypted backup"), HasSubstr("switch the encryption")));
+    EXPECT_THAT(phone::problemOf(make()),
+                AllOf(HasSubstr("backup: is an encrypted backup"), HasSubstr("switch the encryption")));
     EXPECT_FALSE(fs::exists(bench.root()));
 }
 
@@ -166,7 +169,8 @@ TEST_P(PhoneBackup, ThatIsNoneOrAFolderOfSeveralIsTold) {
     EXPECT_THAT(phone::problemOf(make()), HasSubstr("is not the backup of a phone"));
     bench.write("backup/inner/Info.plist", "");
     bench.write("backup/inner/Manifest.plist", "");
-    EXPECT_THAT(phone::problemOf(make()), AllOf(HasSubstr("holds backups; give one of them"), HasSubstr("backup/inner")));
+    EXPECT_THAT(phone::problemOf(make()),
+                AllOf(HasSubstr("holds backups; give one of them"), HasSubstr("backup/inner")));
     describe("iPhone7,2", "8.4");
     bench.write("backup/Info.plist", "garbage");
     EXPECT_THAT(phone::problemOf(make()), HasSubstr("Info.plist: is no property list"));

@@ -43,11 +43,12 @@ constexpr const char* kCalls =
 TEST_F(CallStore, HoldsWhatThePublishedColumnsMean) {
     make("iphone6-8.4", bench.write("calls.csv", kCalls));
     EXPECT_FALSE(has(maker::callHistoryShape()));
-    EXPECT_THAT(store("SELECT typeof(ZADDRESS), CAST(ZADDRESS AS TEXT), CAST(ZDATE AS INTEGER), ZDURATION, ZORIGINATED, "
-                      "ZANSWERED, ZCALLTYPE, ZNAME, ZISO_COUNTRY_CODE FROM ZCALLRECORD ORDER BY Z_PK"),
-                ElementsAre("blob", "+1 212 555 0142", "454844400", "63.0", "0", "1", "1", "Ann Lee", "us",     //
-                            "blob", "ann@example.com", "454844340", "0.0", "1", "0", "8", "Ann Lee", "us",  //
-                            "blob", "5550199", "454844280", "0.0", "0", "0", "1", "Bo Berg", "us"));
+    EXPECT_THAT(
+        store("SELECT typeof(ZADDRESS), CAST(ZADDRESS AS TEXT), CAST(ZDATE AS INTEGER), ZDURATION, ZORIGINATED, "
+              "ZANSWERED, ZCALLTYPE, ZNAME, ZISO_COUNTRY_CODE FROM ZCALLRECORD ORDER BY Z_PK"),
+        ElementsAre("blob", "+1 212 555 0142", "454844400", "63.0", "0", "1", "1", "Ann Lee", "us",  //
+                    "blob", "ann@example.com", "454844340", "0.0", "1", "0", "8", "Ann Lee", "us",   //
+                    "blob", "5550199", "454844280", "0.0", "0", "0", "1", "Bo Berg", "us"));
     EXPECT_THAT(store("SELECT Z_MAX FROM Z_PRIMARYKEY WHERE Z_NAME = 'CallRecord'"), ElementsAre("3"));
     EXPECT_THAT(store("SELECT count(DISTINCT ZUNIQUE_ID) FROM ZCALLRECORD"), ElementsAre("3"));
 }
@@ -73,10 +74,11 @@ TEST_F(CallStore, BecomesAHistoryOnAnOlderPhoneAndBack) {
     fs::copy_file(bench.root() / maker::callStoreShape().path, bench.path() / "CallHistory.storedata");
     make("iphone5s-7.1", bench.path() / "CallHistory.storedata", true);
     EXPECT_FALSE(has(maker::callStoreShape()));
-    EXPECT_THAT(test::queryCalls(bench.root(), "SELECT address, date, duration, flags, id, name FROM call ORDER BY ROWID"),
-                ElementsAre("+1 212 555 0142", "1433151600", "63", "4", "1", "Ann Lee",  //
-                            "ann@example.com", "1433151540", "0", "5", "1", "Ann Lee", "5550199", "1433151480", "0", "4",
-                            "2", "Bo Berg"));
+    EXPECT_THAT(
+        test::queryCalls(bench.root(), "SELECT address, date, duration, flags, id, name FROM call ORDER BY ROWID"),
+        ElementsAre("+1 212 555 0142", "1433151600", "63", "4", "1", "Ann Lee",  //
+                    "ann@example.com", "1433151540", "0", "5", "1", "Ann Lee", "5550199", "1433151480", "0", "4", "2",
+                    "Bo Berg"));
     fs::copy_file(bench.root() / maker::callHistoryShape().path, bench.path() / "call_history.db");
     make("iphone6-8.4", bench.path() / "call_history.db", true);
     EXPECT_FALSE(has(maker::callHistoryShape()));

@@ -10,7 +10,8 @@ namespace test {
 
 std::string encoded(const std::string& utf8, const char* charset) {
     gsize length = 0;
-    gchar* bytes = g_convert(utf8.data(), static_cast<gssize>(utf8.size()), charset, "UTF-8", nullptr, &length, nullptr);
+    gchar* bytes =
+        g_convert(utf8.data(), static_cast<gssize>(utf8.size()), charset, "UTF-8", nullptr, &length, nullptr);
     if (bytes == nullptr) throw std::runtime_error(std::string(charset) + " has no " + utf8);
     std::string result(bytes, length);
     g_free(bytes);

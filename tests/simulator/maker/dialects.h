@@ -18,7 +18,7 @@ std::string folded(const std::string& text, const std::string& indent);
 
 // One file and what it gives.
 struct Dialect {
-    std::string name;                   // the file's
+    std::string name;  // the file's
     std::string bytes;
     std::vector<std::string> expected;  // what comes of it, in the test's words; of a failure, "FAILS"
     std::vector<std::string> told;      // parts of what is said about it, in order; of a failure, of its message

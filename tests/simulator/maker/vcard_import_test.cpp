@@ -1,8 +1,7 @@
-#include "simulator/maker/contacts/contact_files.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "simulator/maker/contacts/contact_files.h"
 #include "tests/simulator/maker/workbench.h"
 
 namespace {
@@ -148,7 +147,8 @@ TEST_F(VCardImport, RefusesFilesThatAreNoCards) {
     EXPECT_THAT(failure(test::picture(4, 4, 0)), HasSubstr("there is no vCard"));
     EXPECT_THAT(failure(card("N:;A;;;\n") + "BEGIN:VCARD\nN:;B"), HasSubstr("line 5: BEGIN:VCARD without END:VCARD"));
     EXPECT_THAT(failure("BEGIN:VCARD\n" + card("")), HasSubstr("line 1: BEGIN:VCARD without END:VCARD"));
-    EXPECT_THAT(phone::problemOf(maker::importContacts({bench.path() / "gone.vcf"}, {})), HasSubstr("gone.vcf: No such file"));
+    EXPECT_THAT(phone::problemOf(maker::importContacts({bench.path() / "gone.vcf"}, {})),
+                HasSubstr("gone.vcf: No such file"));
     EXPECT_THAT(phone::problemOf(maker::importContacts({bench.path() / "none"}, {})), HasSubstr("none: No such file"));
 }
 
@@ -175,7 +175,8 @@ TEST_F(VCardImport, AnUndecodablePhotoLeavesTheContactWithoutPicture) {
         bench.makeFrom(card("N:Lee;Ann;;;\nPHOTO;ENCODING=b:" + test::base64("not a picture") + "\n"));
     EXPECT_EQ(report.contacts, 1);
     EXPECT_EQ(report.pictures, 0);
-    EXPECT_THAT(maker::sentences(report.findings, true), ElementsAre(HasSubstr("Ann Lee goes without photo: not a picture")));
+    EXPECT_THAT(maker::sentences(report.findings, true),
+                ElementsAre(HasSubstr("Ann Lee goes without photo: not a picture")));
     EXPECT_THAT(test::queryImages(bench.root(), "SELECT * FROM ABFullSizeImage"), IsEmpty());
 }
 

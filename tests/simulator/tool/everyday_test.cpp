@@ -43,8 +43,9 @@ TEST_F(EverydayVerbs, ListAndInfoCountWhatIsThere) {
     EXPECT_EQ(list[0].at("missed"), 1);
     EXPECT_EQ(list[0].at("favorites"), 1);
     EXPECT_EQ(info("other").at("contacts"), 0);
-    EXPECT_THAT(run("info phone").out, AllOf(HasSubstr("contacts   2, 0 with a picture\n"), HasSubstr("calls      2, 1 missed\n"),
-                                             HasSubstr("system     7.1.2\n"), HasSubstr("library    ZelkaCB.so\n")));
+    EXPECT_THAT(run("info phone").out,
+                AllOf(HasSubstr("contacts   2, 0 with a picture\n"), HasSubstr("calls      2, 1 missed\n"),
+                      HasSubstr("system     7.1.2\n"), HasSubstr("library    ZelkaCB.so\n")));
     fs::remove(path_ / "phone/private/var/wireless/Library/CallHistory/call_history.db");
     EXPECT_TRUE(info("phone").at("calls").is_null());
     EXPECT_THAT(run("info nothing").err, StartsWith("phonesim: nothing: is not a phone root"));
@@ -76,7 +77,8 @@ TEST_F(EverydayVerbs, AddMakesAContactThatListsShow) {
     EXPECT_EQ(info("phone").at("contacts"), 3);
     EXPECT_EQ(info("phone").at("pictures"), 1);
     EXPECT_EQ(rows("contacts").back().at("name"), "Zoë Öst");
-    EXPECT_THAT(read("phone/private/var/run/notifications"), HasSubstr("__ABDataBaseChangedByOtherProcessNotification"));
+    EXPECT_THAT(read("phone/private/var/run/notifications"),
+                HasSubstr("__ABDataBaseChangedByOtherProcessNotification"));
     EXPECT_THAT(run("add phone").err, StartsWith("phonesim: nothing to add"));
     EXPECT_THAT(run("add phone --first A --photo c.vcf").err, StartsWith("phonesim: c.vcf: not a picture"));
     EXPECT_EQ(info("phone").at("contacts"), 3);
@@ -147,7 +149,8 @@ TEST_F(EverydayVerbs, CloneAndDeleteTakeWholePhones) {
 
 TEST_F(EverydayVerbs, ShotWritesTheFormatOfItsName) {
     makePhone(" --no-calls");
-    const std::pair<const char*, const char*> begins[] = {{"a.jpg", "\xFF\xD8\xFF"}, {"a.webp", "RIFF"}, {"a.png", "\x89PNG"}};
+    const std::pair<const char*, const char*> begins[] = {
+        {"a.jpg", "\xFF\xD8\xFF"}, {"a.webp", "RIFF"}, {"a.png", "\x89PNG"}};
     for (const auto& [name, start] : begins) {
         ASSERT_EQ(run(std::string("shot phone recents --out ") + name).err, "") << name;
         EXPECT_THAT(read(name), StartsWith(start));
@@ -162,10 +165,12 @@ TEST_F(EverydayVerbs, ShotWritesTheFormatOfItsName) {
 
 TEST_F(EverydayVerbs, LogIsFilteredAndFollowed) {
     makePhone(" --no-calls");
-    write("phone/tmp/ZelkaCB.log",
-          "2015-06-01 09:41:00.123 one[1:2] first\nwithout a date\n2015-06-01 09:42:00.123 one[1:2] second\nits rest\n");
+    write(
+        "phone/tmp/ZelkaCB.log",
+        "2015-06-01 09:41:00.123 one[1:2] first\nwithout a date\n2015-06-01 09:42:00.123 one[1:2] second\nits rest\n");
     EXPECT_EQ(run("log phone --grep second").out, "2015-06-01 09:42:00.123 one[1:2] second\n");
-    EXPECT_EQ(run("log phone --since '2015-06-01 09:41:30'").out, "2015-06-01 09:42:00.123 one[1:2] second\nits rest\n");
+    EXPECT_EQ(run("log phone --since '2015-06-01 09:41:30'").out,
+              "2015-06-01 09:42:00.123 one[1:2] second\nits rest\n");
     EXPECT_EQ(run("log phone --since 10m").out, "");
     EXPECT_THAT(run("log phone --since yesterday").err, StartsWith("phonesim: --since: \"yesterday\" is neither"));
     BackgroundTool tool(path_, {"log", "phone", "-f", "--grep", "s"});
@@ -185,9 +190,9 @@ TEST_F(EverydayVerbs, HelpIsThatOfTheVerb) {
 
 TEST_F(EverydayVerbs, EveryMessageSaysWhoSpeaks) {
     makePhone(" --no-calls");
-    for (const char* arguments : {"", "dance", "new", "new phone --dance", "set phone ZelkaCBEnabled maybe", "shot phone",
-                                  "new p --contacts gone.vcf", "edit phone 9 --no-photo", "call phone 1 sideways",
-                                  "new p --contacts-count many"}) {
+    for (const char* arguments : {"", "dance", "new", "new phone --dance", "set phone ZelkaCBEnabled maybe",
+                                  "shot phone", "new p --contacts gone.vcf", "edit phone 9 --no-photo",
+                                  "call phone 1 sideways", "new p --contacts-count many"}) {
         const Outcome outcome = run(arguments);
         EXPECT_NE(outcome.status, 0) << arguments;
         std::istringstream lines(outcome.err);
@@ -199,7 +204,8 @@ TEST_F(EverydayVerbs, EveryMessageSaysWhoSpeaks) {
 
 TEST_F(EverydayVerbs, NewCountsWhatItLeavesOutAndTellsAllWhenAsked) {
     std::string cards;
-    for (int i = 0; i < 3; ++i) cards += "BEGIN:VCARD\nN:;A" + std::to_string(i) + ";;;\nPHOTO;VALUE=uri:gone.png\nEND:VCARD\n";
+    for (int i = 0; i < 3; ++i)
+        cards += "BEGIN:VCARD\nN:;A" + std::to_string(i) + ";;;\nPHOTO;VALUE=uri:gone.png\nEND:VCARD\n";
     write("c.vcf", cards);
     EXPECT_THAT(run("new phone --contacts c.vcf").err,
                 testing::MatchesRegex("phonesim: c.vcf, line 1: A0 goes without photo: [^\n]*; and 2 more like it "

@@ -41,7 +41,8 @@ class InstalledPhoneSim : public PhoneSim {
 
 TEST_F(InstalledPhoneSim, MakesAPhoneAndDrawsAListWhereverItStands) {
     Outcome made = shell(
-        "phonesim new phone --contacts second/share/zelkacb/samples/contacts.vcf --photos /var/lib/AccountsService/icons");
+        "phonesim new phone --contacts second/share/zelkacb/samples/contacts.vcf --photos "
+        "/var/lib/AccountsService/icons");
     ASSERT_EQ(made.status, 0) << made.err;
     Outcome shot = shell("phonesim shot phone recents --out recents.png --row-details");
     EXPECT_EQ(shot.status, 0) << shot.err;
@@ -98,7 +99,8 @@ TEST_F(InstalledPhoneSim, CompletesPaths) {
 TEST_F(InstalledPhoneSim, HasAManualPageOfEverythingThatHelpSays) {
     const Outcome page = shell("groff -ww -man -Tascii -P-cbou second/share/man/man1/phonesim.1");
     EXPECT_EQ(page.err, "");
-    for (const char* verb : {"new", "list", "shot", "run", "log", "get", "set", "notify", "add", "edit", "call", "clone", "help"}) {
+    for (const char* verb :
+         {"new", "list", "shot", "run", "log", "get", "set", "notify", "add", "edit", "call", "clone", "help"}) {
         EXPECT_THAT(page.out, HasSubstr(std::string("\nphonesim ") + verb + "\n"));
     }
     EXPECT_THAT(page.out, HasSubstr("--contacts FILE"));

@@ -42,8 +42,8 @@ class PhoneSimVerbs : public PhoneSim {
 };
 
 TEST_F(PhoneSimVerbs, EveryVerbHasHelpWithExamples) {
-    for (const char* verb : {"new", "list", "info", "shot", "run", "log", "get", "set", "notify", "add", "edit", "favorite",
-                             "call", "install", "clone", "delete", "help"}) {
+    for (const char* verb : {"new", "list", "info", "shot", "run", "log", "get", "set", "notify", "add", "edit",
+                             "favorite", "call", "install", "clone", "delete", "help"}) {
         Outcome help = run(std::string(verb) + " --help");
         EXPECT_EQ(help.status, 0);
         EXPECT_THAT(help.out, AllOf(HasSubstr("Example"), HasSubstr(std::string("phonesim ") + verb))) << verb;

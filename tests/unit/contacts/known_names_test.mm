@@ -68,8 +68,7 @@ TEST_F(KnownNames, HaveTheirInitials) {
     ASSERT_GE(names.size(), 1000u);
     for (const KnownName& known : names) {
         @autoreleasepool {
-            NSString* initials =
-                [Utils monogramTextFromName:[NSString stringWithUTF8String:known.name.c_str()]];
+            NSString* initials = [Utils monogramTextFromName:[NSString stringWithUTF8String:known.name.c_str()]];
             EXPECT_EQ(written(initials), known.initials) << known.language << ", " << known.shape << ": " << known.name;
             EXPECT_EQ(written([initials uppercaseString]), known.drawn) << known.name;
         }

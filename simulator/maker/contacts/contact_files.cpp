@@ -90,10 +90,13 @@ Result<ImportedContacts> importContacts(const std::vector<fs::path>& places, con
         const Result<std::vector<fs::path>> files = filesOf(place);
         if (!files) return failure(files);
         for (const fs::path& file : *files) {
+            const std::size_t before = imported.persons.size();
             Result<Text> text = readText(file, imported.findings, progress);
             if (!text) return failure(text);
             Status read = importText(std::move(*text), options, imported, progress);
             if (!read) return failure(read);
+            if (imported.persons.size() == before)
+                imported.findings.push_back({FindingKind::skipped, file.string(), 0, "there is no contact in it"});
         }
     }
     return imported;

@@ -249,6 +249,7 @@ std::vector<Dialect> tables() {
          {"Ann - 1"},
          {"empty_row.csv, line 3: this row has neither name nor number and is left out"},
          {}},
+        {"header_alone.csv", "Name,Phone\n", {}, {"header_alone.csv: there is no contact in it"}, {}},
         {"packed.csv.gz", gzipped("Name,Phone\nAnn,1\n"), {"Ann - 1"}, {}, {}},
         {"prices.csv",
          "Item,Price,Stock\nTea,3,9\n",
@@ -328,7 +329,7 @@ TEST_P(ContactDialects, ComeInWholeOrAreRefusedByFileAndLine) {
     testing::internal::CaptureStderr();
     const phone::Result<maker::RootReport> report = maker::makeRoot(options);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "a parser has spoken to the terminal";
-    if (dialect.expected.front() == "FAILS") {
+    if (!dialect.expected.empty() && dialect.expected.front() == "FAILS") {
         ASSERT_FALSE(report);
         EXPECT_THAT(phone::problemOf(report), HasSubstr(dialect.told.front()));
         return;

@@ -52,6 +52,12 @@ struct Attribute {
     int line = 0;
 };
 
+// The library speaks to the terminal unless another place is named; what is wrong with a line, its result says.
+void silence() {
+    constexpr BER_LOG_PRINT_FN nothing = [](const char* /*text*/) {};
+    ber_set_option(nullptr, LBER_OPT_LOG_PRINT_FN, reinterpret_cast<const void*>(nothing));
+}
+
 Result<Attribute> attributeOf(Line line, const std::string& file) {
     Attribute attribute;
     attribute.line = line.number;
@@ -160,6 +166,7 @@ void makeTextsUtf8(std::vector<Attribute>& attributes, const std::string& file, 
 }  // namespace
 
 Status importLdif(const Text& text, const ImportOptions& options, ImportedContacts& imported) {
+    silence();
     const PhotoFolders folders{std::filesystem::path(text.file).parent_path(), options.photos};
     for (const std::vector<Line>& entry : entriesOf(text.bytes)) {
         Result<std::vector<Attribute>> attributes = attributesOf(entry, text.file);

@@ -290,6 +290,7 @@ std::vector<Dialect> tables() {
          {"- Lee"},
          {"group.ldif, line 1: this entry is a group", "line 5: this entry changes another"},
          {}},
+        {"broken_base64.ldif", "dn: cn=x\nsn:: %%%\n", {"FAILS"}, {"broken_base64.ldif, line 2: is not LDIF"}, {}},
         {"broken.ldif", "dn: cn=x\nsn: Lee\nno colon here\n", {"FAILS"}, {"broken.ldif, line 3: is not LDIF"}, {}},
     };
 }

@@ -84,6 +84,9 @@ TEST_F(InstalledPhoneSim, CompletesVerbsOptionsAndValues) {
     EXPECT_EQ(offered("phonesim shot phone recents --process = spr"), "springboard\n");
     EXPECT_EQ(offered("phonesim shot phone recents --process callbar --p"), "\n");
     EXPECT_EQ(offered("phonesim set phone ZelkaCBEnabledR"), "ZelkaCBEnabledRoundedPictures ZelkaCBEnabledRecents\n");
+    EXPECT_EQ(offered("phonesim get phone ZelkaCBEnabledR"), "ZelkaCBEnabledRoundedPictures ZelkaCBEnabledRecents\n");
+    EXPECT_EQ(offered("phonesim call phone 1 m"), "missed\n");
+    EXPECT_EQ(offered("phonesim help cl"), "clone\n");
     EXPECT_EQ(offered("phonesim set phone ZelkaCBEnabled o"), "on off\n");
     EXPECT_EQ(offered("phonesim new phone --device iphone6p"), "iphone6plus-8.4 iphone6plus-9.3\n");
     EXPECT_EQ(offered("phonesim dance \"\""), "\n");

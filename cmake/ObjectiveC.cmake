@@ -1,6 +1,6 @@
 # Objective-C and Objective-C++ for the GCC runtime and GNUstep's Foundation, as Debian packages them, built by clang.
 # The runtime's headers live in GCC's own include folder, which must come last: clang has its own intrinsics.
-file(GLOB ZELKA_OBJC_INCLUDE /usr/lib/gcc/${CMAKE_LIBRARY_ARCHITECTURE}/*/include/objc)
+file(GLOB ZELKA_OBJC_INCLUDE ${CMAKE_SYSROOT}/usr/lib/gcc/${CMAKE_LIBRARY_ARCHITECTURE}/*/include/objc)
 list(SORT ZELKA_OBJC_INCLUDE COMPARE NATURAL ORDER DESCENDING)
 list(GET ZELKA_OBJC_INCLUDE 0 ZELKA_OBJC_INCLUDE)
 cmake_path(GET ZELKA_OBJC_INCLUDE PARENT_PATH ZELKA_OBJC_INCLUDE)
@@ -11,7 +11,7 @@ set(ZELKA_OBJC_FLAGS
     -fexceptions
     -fno-strict-aliasing
     -fconstant-string-class=NSConstantString
-    -isystem/usr/include/GNUstep
+    -isystem${CMAKE_SYSROOT}/usr/include/GNUstep
     -idirafter${ZELKA_OBJC_INCLUDE}
     -D_NATIVE_OBJC_EXCEPTIONS
     -DGNUSTEP

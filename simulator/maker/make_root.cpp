@@ -2,6 +2,8 @@
 
 #include <stdlib.h>
 
+#include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <cmath>
 #include <system_error>
@@ -115,6 +117,9 @@ Status checkOptions(const RootOptions& options) {
     if (!options.region.empty() && !phone_number::isRegion(options.region)) {
         return failure("\"" + options.region + "\" is no country: give two capital letters, such as US");
     }
+    const bool isLanguage = std::all_of(options.language.begin(), options.language.end(),
+                                        [](char c) { return c == '-' || std::isalpha(static_cast<unsigned char>(c)); });
+    if (!isLanguage) return failure("\"" + options.language + "\" is no language: give one such as de or zh-Hans");
     return {};
 }
 
@@ -144,6 +149,7 @@ Status writeDeviceFile(const RootOptions& options, phone::Device device, const f
     }
     device.rightToLeft = options.rightToLeft;
     if (!options.region.empty()) device.region = options.region;
+    if (!options.processor.empty()) device.processor = options.processor;
     if (!options.language.empty()) device.language = options.language;
     return phone::writeDevice(root, device);
 }

@@ -40,6 +40,7 @@ struct RootOptions {
     std::string region;        // ISO 3166 country in which numbers without country code are; empty: "US"
     std::string language;      // of the interface, by which names are sorted ("de", "zh-Hant"); empty: "en"
     bool rightToLeft = false;  // the interface's layout direction
+    std::string processor;     // what its processes are built for (processor.h); empty: what this program is
 
     Extension extension;  // what is installed on the phone
 

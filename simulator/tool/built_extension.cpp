@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "simulator/maker/common/read_file.h"
+#include "simulator/runtime/process/device.h"
 #include "simulator/tool/places.h"
 
 namespace tool {
@@ -29,14 +30,17 @@ bool areAlike(const fs::path& file, const fs::path& other) {
 
 }  // namespace
 
-maker::Extension builtExtension() {
-    const Places found = places();
-    return {found.library, found.filter, found.settingsBundle};
+std::string processorOf(const fs::path& root) { return phone::readDevice(root).value().processor; }
+
+maker::Extension builtExtension(const std::string& processor) {
+    const Places found = places(processor);
+    return {found.library, found.filter, found.settingsBundle, found.settingsEntry};
 }
 
 void warnOfStaleLibrary(const fs::path& root) {
     const fs::path library = maker::libraryPath(root);
-    const fs::path built = builtExtension().library;
+    const fs::path built = builtExtension(processorOf(root)).library;
+    if (library.extension() != built.extension()) return;  // somebody's own choice
     if (!isOlder(library, built) || areAlike(library, built)) return;
     std::fprintf(stderr, "phonesim: %s: is older than %s; \"phonesim install %s\" renews it\n", library.c_str(),
                  built.c_str(), root.c_str());

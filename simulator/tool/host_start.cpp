@@ -8,6 +8,7 @@
 
 #include "simulator/maker/database/check_database.h"
 #include "simulator/runtime/process/device.h"
+#include "simulator/tool/built_extension.h"
 #include "simulator/tool/places.h"
 #include "simulator/tool/verbs.h"
 
@@ -40,10 +41,13 @@ std::unique_ptr<hosts::HostProcess> startHost(hosts::HostKind kind, const fs::pa
     hosts::HostOptions options;
     options.root = root;
     options.withoutExtension = withoutExtension;
-    const fs::path program = places().hosts / hosts::programName(kind);
-    if (std::getenv("PHONESIM_HOSTS") == nullptr && fs::exists(program)) options.program = program;
+    if (std::getenv("PHONESIM_HOSTS") == nullptr) {
+        const fs::path program = places(processorOf(root)).hosts / hosts::programName(kind);
+        if (fs::exists(program)) options.program = program;
+    }
     auto host = std::make_unique<hosts::HostProcess>(kind, options);
-    if (!withoutExtension) requireExtension(*host, kind, root);
+    const bool isServed = kind != hosts::HostKind::preferences;
+    if (isServed && !withoutExtension) requireExtension(*host, kind, root);
     return host;
 }
 

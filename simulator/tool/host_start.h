@@ -8,8 +8,9 @@
 
 namespace tool {
 
-// A host with the extension in it, or without it if that is what is wanted. Throws Problem, with what the injector
-// says, when the extension could not be loaded: nothing of what such a host shows would be what was asked for.
+// A host with the extension in it, or without it if that is what is wanted; the Settings app never has it. Throws
+// Problem, with what the injector says, when the extension could not be loaded: nothing of what such a host shows would
+// be what was asked for.
 std::unique_ptr<hosts::HostProcess> startHost(hosts::HostKind kind, const std::filesystem::path& root,
                                               bool withoutExtension);
 

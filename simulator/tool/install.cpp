@@ -17,7 +17,7 @@ struct Install {
 
 void run(const Install& install) {
     requireRoot(install.root);
-    maker::Extension extension = builtExtension();
+    maker::Extension extension = builtExtension(processorOf(install.root));
     if (!install.library.empty()) {
         requireFile(install.library);
         extension.library = install.library;

@@ -11,6 +11,7 @@
 #include "simulator/tool/built_extension.h"
 #include "simulator/tool/completion.h"
 #include "simulator/tool/counted.h"
+#include "simulator/tool/places.h"
 #include "simulator/tool/run_lock.h"
 #include "simulator/tool/stop_signal.h"
 #include "simulator/tool/verbs.h"
@@ -62,6 +63,7 @@ void run(const maker::RootOptions& options, bool verbose) {
 
 void addNew(CLI::App& app) {
     auto options = std::make_shared<maker::RootOptions>();
+    options->processor = phone::kProcessor;
     auto library = std::make_shared<std::filesystem::path>();
     auto verbose = std::make_shared<bool>(false);
     CLI::App* verb = app.add_subcommand("new", "Make a phone: a directory shaped like a phone's file system");
@@ -116,6 +118,9 @@ void addNew(CLI::App& app) {
     verb->add_flag("--verbose", *verbose,
                    "Say of each thing that is left out or mended what it is, not of the first only");
     verb->add_flag("--right-to-left,--rtl", options->rightToLeft, "Lay the interface out from right to left");
+    verb->add_option("--processor", options->processor,
+                     "What its hosts are built for, and run on under an emulator (default: this machine's)")
+        ->check(CLI::IsMember(processors()));
     verb->add_option("--library", *library,
                      "The extension library to install, also one in the phone's own format (default: the built one)")
         ->type_name(kFile);
@@ -135,7 +140,7 @@ void addNew(CLI::App& app) {
         "  phonesim new phone --backup Backup/00008020-000000000000002E\n"
         "  phonesim new phone --force --contacts-count 10000 --rtl");
     verb->callback([options, library, verbose] {
-        options->extension = builtExtension();
+        options->extension = builtExtension(options->processor);
         if (!library->empty()) {
             requireFile(*library);
             options->extension.library = *library;

@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 
 struct Run {
     std::string root;
-    std::string process = "both";
+    std::string process = "all";
     double interval = 0.1;
     double timeout = 60;
 };
@@ -33,10 +33,21 @@ struct Run {
 struct Process {
     const char* name;
     hosts::HostKind kind;
+    std::vector<std::string> screens;
 };
-constexpr Process kProcesses[] = {{"springboard", hosts::HostKind::springBoard},
-                                  {"callbar", hosts::HostKind::callBarViewService}};
-constexpr const char* kScreens[] = {"recents", "missed", "favorites", "contacts"};
+
+const std::vector<Process>& processes() {
+    static const std::vector<std::string> lists = {"recents", "missed", "favorites", "contacts"};
+    static const std::vector<Process> all = {
+        {"springboard", hosts::HostKind::springBoard, lists},
+        {"callbar", hosts::HostKind::callBarViewService, lists},
+        {"settings", hosts::HostKind::preferences, {"settings/zelkacb"}},
+    };
+    return all;
+}
+
+// Of several parts, the last: a screen's picture has its name.
+std::string shortName(const std::string& screen) { return screen.substr(screen.rfind('/') + 1); }
 
 // One line an event, at once: somebody may be following.
 void report(const std::string& event) {
@@ -64,8 +75,8 @@ class Screen {
     }
 
   public:
-    Screen(const Process& process, const char* screen, const fs::path& root, const Run& run)
-        : name_(std::string(process.name) + " " + screen), host_(startHost(process.kind, root, false)) {
+    Screen(const Process& process, const std::string& screen, const fs::path& root, const Run& run)
+        : name_(std::string(process.name) + " " + shortName(screen)), host_(startHost(process.kind, root, false)) {
         const fs::path folder = root / "screens" / process.name;
         fs::create_directories(folder);
         called([&] { show(screen, folder, run); });
@@ -87,7 +98,7 @@ class Screen {
     }
 
   private:
-    void show(const char* screen, const fs::path& folder, const Run& run) {
+    void show(const std::string& screen, const fs::path& folder, const Run& run) {
         const nlohmann::json settle = {{"do", "settle"}, {"timeout", run.timeout}};
         // The host knows better what it waits for in vain: time enough for it to say so.
         const double patience = run.timeout + 10;
@@ -95,7 +106,7 @@ class Screen {
         host_->call(settle, patience);
         host_->call({{"do", "show"}, {"screen", screen}}, patience);
         host_->call(settle, patience);
-        const std::string out = (folder / screen).string() + ".png";
+        const std::string out = (folder / shortName(screen)).string() + ".png";
         host_->call({{"do", "watch"}, {"out", out}, {"interval", run.interval}}, patience);
     }
 
@@ -103,11 +114,20 @@ class Screen {
     std::unique_ptr<hosts::HostProcess> host_;
 };
 
+// Where the phone's Settings app has the page from; a phone may be without it.
+constexpr const char* kPageEntry = "Library/PreferenceLoader/Preferences/ZelkaCB.plist";
+
+bool isWanted(const Process& process, const std::string& chosen, const fs::path& root) {
+    if (chosen == process.name) return true;
+    if (process.kind == hosts::HostKind::preferences) return chosen == "all" && fs::exists(root / kPageEntry);
+    return chosen == "all" || chosen == "both";
+}
+
 std::vector<Screen> startScreens(const fs::path& root, const Run& run, const StopSignal& stop) {
     std::vector<Screen> screens;
-    for (const Process& process : kProcesses) {
-        if (run.process != "both" && run.process != process.name) continue;
-        for (const char* screen : kScreens) {
+    for (const Process& process : processes()) {
+        if (!isWanted(process, run.process, root)) continue;
+        for (const std::string& screen : process.screens) {
             if (stop.received() != 0) return screens;
             screens.emplace_back(process, screen, root, run);
         }
@@ -150,8 +170,9 @@ void addRun(CLI::App& app) {
     CLI::App* verb =
         app.add_subcommand("run", "Keep a phone running, with pictures of its screens as they are at the moment");
     verb->add_option("ROOT", run->root, "The phone")->required()->type_name(kDirectory);
-    verb->add_option("--process", run->process, "The process to run: springboard, callbar or both (default)")
-        ->check(CLI::IsMember({"springboard", "callbar", "both"}));
+    verb->add_option("--process", run->process,
+                     "The process to run: springboard, callbar, both of these, settings, or all (default)")
+        ->check(CLI::IsMember({"springboard", "callbar", "both", "settings", "all"}));
     verb->add_option("--interval", run->interval,
                      "Seconds at least from one picture of a screen to its next (default: 0.1)")
         ->check(CLI::Range(0.001, 3600.0));
@@ -160,7 +181,8 @@ void addRun(CLI::App& app) {
     verb->footer(
         "Runs until it is stopped (Ctrl-C, or SIGTERM): then it exits with 0, or with 1 as soon as a host dies.\n"
         "The pictures are ROOT/screens/PROCESS/SCREEN.png, PROCESS being springboard or callbar and SCREEN recents,\n"
-        "missed, favorites or contacts. Each is replaced as a whole when what is on its screen has changed. A line on\n"
+        "missed, favorites or contacts, and ROOT/screens/settings/zelkacb.png, the page in the Settings app. Each is "
+        "replaced as a whole when what is on its screen has changed. A line on\n"
         "standard output reports each event: \"callbar recents: started\", \"notification NAME\",\n"
         "\"callbar recents: screen changed\", \"stopped\". A phone is run by one phonesim at a time.\n"
         "\nExample, with a second terminal:\n"

@@ -69,6 +69,7 @@ nlohmann::ordered_json jsonOf(const Summary& summary) {
             {"machine", device.machine},
             {"name", device.name},
             {"system", device.systemVersion},
+            {"processor", device.processor},
             {"region", device.region},
             {"language", device.language},
             {"rightToLeft", device.rightToLeft},

@@ -7,15 +7,16 @@
 namespace test {
 
 std::map<std::string, std::set<std::string>> stubSymbols(const std::string& folder, const std::string& target) {
+    const std::string processor = target.substr(0, target.find('-'));
     std::map<std::string, std::set<std::string>> found;
     for (const auto& file : std::filesystem::directory_iterator(folder)) {
-        const std::string text = bytesOf(file.path());
-        std::set<std::string>& symbols = found[valueAfter(text, "install-name: ")];
-        bool applies = false;
-        for (const std::string& line : linesOf(text)) {
-            if (line.find("- targets:") != std::string::npos) applies = line.find(target) != std::string::npos;
-            const size_t item = line.find("      - ");
-            if (applies && item == 0) symbols.insert(line.substr(8));
+        std::set<std::string>* symbols = nullptr;
+        // The install name, then the symbols: "/usr/lib/libobjc.A.dylib (for architecture arm64):".
+        for (const std::string& line :
+             linesOf(outputOf("llvm-nm-19 --arch=" + processor + " '" + file.path().string() + "'"))) {
+            if (line.ends_with("):")) symbols = &found[line.substr(0, line.find(" (for architecture"))];
+            if (const size_t kind = line.find(" S "); kind != std::string::npos && symbols != nullptr)
+                symbols->insert(line.substr(kind + 3));
         }
     }
     return found;

@@ -84,6 +84,7 @@ void PhoneTest::makePhone(const std::string& device, bool rightToLeft) {
     made.extension.library = libraryPath();
     made.extension.filter = ZELKA_FILTER;
     made.extension.settingsBundle = ZELKA_BUNDLE;
+    made.extension.settingsEntry = ZELKA_ENTRY;
     const auto report = maker::makeRoot(made);
     ASSERT_TRUE(report) << phone::problemOf(report);
     maker::AddressBookBuilder book = maker::AddressBookBuilder::open(root_).value();

@@ -57,4 +57,7 @@ expect "$(bootstrap cmake --dry-run)" "*new: cmake libsome-other*additional disk
 expect "$(bootstrap doxygen)" ""
 expect "$(bootstrap doxygen --docs)" "*INSTALLING doxygen"
 expect "$(bootstrap git --lint)" "*INSTALLING git"
+expect "$(bootstrap qemu-user)" ""
+expect "$(bootstrap qemu-user --arm --dry-run)" "*new: qemu-user libsome-other*"
+expect "$(bootstrap lld-19 --arm --dry-run)" "*new: lld-19 libsome-other*"
 expect "$(bootstrap none --dance 2>&1 || true)" "*unknown argument: --dance*"

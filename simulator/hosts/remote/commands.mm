@@ -2,6 +2,7 @@
 
 #import "simulator/hosts/callbar/CallBarABViewController.h"
 #import "simulator/hosts/callbar/CallBarScreen.h"
+#import "simulator/hosts/remote/redraw.h"
 #import "simulator/hosts/remote/row_report.h"
 #import "simulator/hosts/remote/screen_window.h"
 #import "simulator/hosts/remote/window_commands.h"
@@ -163,6 +164,19 @@ CommandResult monogram(NSDictionary* command, const Libraries&) {
     });
 }
 
+CommandResult expect(NSDictionary* command, const Libraries&) {
+    NSString* name = textOf(command, @"notification");
+    if (name == nil) return failed(@"expect needs the name of a \"notification\"");
+    expectNotification(name);
+    return done(@{});
+}
+
+CommandResult await(NSDictionary* command, const Libraries&) {
+    return awaitRedraw([numberOf(command, @"timeout") doubleValue]).map([](NSDictionary* look) {
+        return Reply{look, false};
+    });
+}
+
 const Handlers& handlers() {
     static const Handlers table = withWindowHandlers({{"show", show},
                                                       {"layout", layout},
@@ -171,7 +185,9 @@ const Handlers& handlers() {
                                                       {"rows", rows},
                                                       {"favorites", favorites},
                                                       {"toggle", toggle},
-                                                      {"monogram", monogram}});
+                                                      {"monogram", monogram},
+                                                      {"expect", expect},
+                                                      {"await", await}});
     return table;
 }
 

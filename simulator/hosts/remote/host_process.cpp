@@ -73,13 +73,25 @@ Subprocess started(HostKind kind, const HostOptions& options, const std::filesys
 
 }  // namespace
 
-const char* programName(HostKind kind) {
-    return kind == HostKind::springBoard ? "springboard" : "callbar_view_service";
-}
+namespace {
 
-const char* bundleIdentifier(HostKind kind) {
-    return kind == HostKind::springBoard ? "com.apple.springboard" : "net.vantrel.callbarviewservice";
-}
+struct Program {
+    const char *name, *bundleIdentifier;
+};
+// In the order of the kinds.
+constexpr Program kPrograms[] = {
+    {"springboard", "com.apple.springboard"},
+    {"callbar_view_service", "net.vantrel.callbarviewservice"},
+    {"preferences", "com.apple.Preferences"},
+};
+
+const Program& programOf(HostKind kind) { return kPrograms[static_cast<std::size_t>(kind)]; }
+
+}  // namespace
+
+const char* programName(HostKind kind) { return programOf(kind).name; }
+
+const char* bundleIdentifier(HostKind kind) { return programOf(kind).bundleIdentifier; }
 
 std::filesystem::path programPath(HostKind kind) {
     namespace fs = std::filesystem;

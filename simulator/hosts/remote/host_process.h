@@ -15,8 +15,8 @@
 
 namespace hosts {
 
-// The two processes of the phone that show CallBar's lists.
-enum class HostKind { springBoard, callBarViewService };
+// The two processes of the phone that show CallBar's lists, and the Settings app.
+enum class HostKind { springBoard, callBarViewService, preferences };
 
 // The program's file name in the build and the bundle identifier that it boots with.
 const char* programName(HostKind kind);
@@ -80,8 +80,22 @@ class HostProcess {
     //   toggle     "list": favorites, recents or contacts: taps its button; returns "selected", the buttons that are
     //   monogram   "generator": callbar or system, and "contact": ID, "initials": text or "photo": path on the phone;
     //              returns "picture" (see row_report.h) and "isPersonImage"
+    //   expect     "notification": looks at the list when that has been delivered, at the end of the run loop's turn
+    //   await      "timeout" in seconds: waits until that has happened; returns what the look found: "rows" and
+    //              "buttons" (see row_report.h), and how many "seconds" it was after the delivery
     //   info       returns "bundleIdentifier", the injected "libraries", "windows" (how many), "pendingWork"
     //   quit
+    //
+    // The Settings app has settle, layout, shot, watch, objects, info and quit like the others, and
+    //
+    //   show         "screen": settings, the first page, or settings/ENTRY, that of one of its rows
+    //   rows         returns "title" and "back" (texts of the bar), "rows" and "alert" (see settings/page_report.h)
+    //   flip         "label": flips the switch of that row, as a finger does; returns whether it is "on" then
+    //   tap          "label": taps that row
+    //   back         taps the bar's button
+    //   press        "button": presses that button of the alert in front
+    //   scroll       "offset" in points; returns "offset"
+    //   synchronize  has the preferences service write what it has not written yet, as it does by itself in the end
     nlohmann::json call(const nlohmann::json& command, double timeoutSeconds = 60);
 
     // What the host reported by itself since the last call, oldest first; never waits. Throws HostError when it has

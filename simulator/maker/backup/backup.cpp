@@ -127,6 +127,7 @@ Result<Backup> readBackup(const fs::path& folder, const fs::path& workplace, Fin
     Backup backup;
     backup.device = deviceOf(*machine, folder.string(), findings);
     backup.device.systemVersion = *version;
+    backup.device.preferencesService = phone::hasPreferencesService(*version);
     backup.device.name = textAt(info->get(), {"Device Name"}).value_or(backup.device.name);
     readPreferences(placeOf(folder, kPreferences), backup.device);
     const Origin& calls = phone::keepsCallStore(backup.device) ? kCallStore : kCallHistory;

@@ -61,6 +61,13 @@ bool isLdif(const std::string& bytes) {
     return false;
 }
 
+// The first row alone, for a table that cannot be read to its end.
+bool beginsAsContacts(const Text& text) {
+    const Text first{text.file, text.bytes.substr(0, text.bytes.find('\n'))};
+    const Result<std::vector<CsvRow>> rows = readCsv(first, false);
+    return rows && !rows->empty() && isContactsHeader(rows->front());
+}
+
 Status importText(Text text, const ImportOptions& options, ImportedContacts& imported, const Progress& progress) {
     if (isVCards(text.bytes)) return importVCards(text, options, imported, progress);
     const bool ldif = isLdif(text.bytes);
@@ -71,6 +78,7 @@ Status importText(Text text, const ImportOptions& options, ImportedContacts& imp
         importCsv(text.file, *rows, options, imported);
         return {};
     }
+    if (!rows && beginsAsContacts(text)) return failure(rows);
     // A table of something else is told from what is no table at all.
     if (rows && !rows->empty() && rows->front().fields.size() > 2) {
         return failure(placeOf(text.file, rows->front().line) +

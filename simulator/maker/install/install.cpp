@@ -16,6 +16,7 @@ constexpr const char* kFolders[] = {
     "private/var/tmp",
     "System/Library/PreferenceBundles",
     "Library/MobileSubstrate/DynamicLibraries",
+    "Library/PreferenceLoader/Preferences",
 };
 
 struct Link {
@@ -25,7 +26,8 @@ constexpr Link kLinks[] = {
     {"var", "private/var"}, {"etc", "private/etc"}, {"tmp", "private/var/tmp"}, {"User", "var/mobile"}};
 
 constexpr const char* kLibraryFolder = "Library/MobileSubstrate/DynamicLibraries";
-constexpr const char* kLibrary = "ZelkaCB.so";
+constexpr const char* kLibraries[] = {"ZelkaCB.dylib", "ZelkaCB.so"};  // the first that is there counts
+constexpr const char* kEntries = "Library/PreferenceLoader/Preferences";
 constexpr const char* kBundle = "System/Library/PreferenceBundles/ZelkaCBSettings.bundle";
 
 Status check(const std::error_code& error, const fs::path& path) {
@@ -73,6 +75,16 @@ Status copyBundle(const fs::path& root, const fs::path& bundle) {
     });
 }
 
+// Beside other tweaks' entries.
+Status copyEntry(const fs::path& root, const fs::path& entry) {
+    return requireBuilt(entry).and_then([&] {
+        std::error_code error;
+        fs::create_directories(root / kEntries, error);
+        if (!error) fs::copy(entry, root / kEntries, fs::copy_options::overwrite_existing, error);
+        return check(error, root / kEntries);
+    });
+}
+
 }  // namespace
 
 Status makeFolders(const fs::path& root) {
@@ -95,9 +107,14 @@ Status installExtension(const fs::path& root, const Extension& extension) {
         installed = copyFile(extension.filter, root / kLibraryFolder / extension.filter.filename());
     }
     if (installed && !extension.settingsBundle.empty()) installed = copyBundle(root, extension.settingsBundle);
+    if (installed && !extension.settingsEntry.empty()) installed = copyEntry(root, extension.settingsEntry);
     return installed;
 }
 
-fs::path libraryPath(const fs::path& root) { return root / kLibraryFolder / kLibrary; }
+fs::path libraryPath(const fs::path& root) {
+    std::error_code error;
+    const fs::path folder = root / kLibraryFolder;
+    return folder / kLibraries[fs::exists(folder / kLibraries[0], error) ? 0 : 1];
+}
 
 }  // namespace maker

@@ -9,7 +9,7 @@ namespace phone::macho {
 
 constexpr std::uint32_t kMagic64 = 0xfeedfacf;
 constexpr std::uint32_t kFatMagicSwapped = 0xbebafeca;  // fat headers are big-endian
-constexpr std::uint32_t kTypeDylib = 6;
+constexpr std::uint32_t kTypeDylib = 6, kTypeBundle = 8;
 constexpr std::uint32_t kCpuX86_64 = 0x01000007;
 constexpr std::uint32_t kCpuArm64 = 0x0100000c;
 #if defined(__x86_64__)

@@ -46,6 +46,7 @@ struct Image {
     std::vector<Bind> binds;
     std::vector<Range> initialisers;  // arrays of function pointers
     Range unwindInfo;                 // empty when there is none
+    Range frames;                     // __eh_frame, for functions whose row there defers to it; empty likewise
     std::vector<Export> exports;
 
     // The segment that holds the whole range, or nullptr.

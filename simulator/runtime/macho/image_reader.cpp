@@ -27,36 +27,38 @@ const char* cpuName(std::uint32_t cpu) {
     }
 }
 
-// The part of a fat file for this processor; a thin file as it is.
-Bytes sliceForThisProcessor(Bytes file) {
+// The part of a fat file for a processor; a thin file as it is.
+Bytes sliceFor(std::uint32_t cpu, Bytes file) {
     const auto fat = valueAt<std::uint32_t>(file, 0, "the header");
     if (fat != kFatMagicSwapped) return file;
     const std::uint32_t count = __builtin_bswap32(valueAt<FatHeader>(file, 0, "the fat header").count);
     for (std::uint32_t i = 0; i < count; ++i) {
         // Past the end of the file, this ends an absurd count.
         const auto part = valueAt<FatSlice>(file, sizeof(FatHeader) + i * sizeof(FatSlice), "the list of processors");
-        if (__builtin_bswap32(part.cpu) == kCpuHere) {
+        if (__builtin_bswap32(part.cpu) == cpu) {
             return slice(file, __builtin_bswap32(part.offset), __builtin_bswap32(part.size), "this processor's part");
         }
     }
-    throw Malformed(std::string("is not for this machine's processor, ") + cpuName(kCpuHere));
+    throw Malformed(std::string("is not for this machine's processor, ") + cpuName(cpu));
 }
 
-void checkHeader(const Header& header) {
+void checkHeader(const Header& header, std::uint32_t cpu) {
     if (header.magic != kMagic64) throw Malformed("is not a 64-bit Mach-O file");
-    if (header.cpu != kCpuHere) {
-        throw Malformed(std::string("is for ") + cpuName(header.cpu) + ", this machine runs " + cpuName(kCpuHere));
+    if (header.cpu != cpu) {
+        throw Malformed(std::string("is for ") + cpuName(header.cpu) + ", this machine runs " + cpuName(cpu));
     }
-    if (header.fileType != kTypeDylib) throw Malformed("is not a dynamic library");
+    if (header.fileType != kTypeDylib && header.fileType != kTypeBundle) {
+        throw Malformed("is neither a dynamic library nor a bundle");
+    }
 }
 
 class ImageReader {
   public:
-    ImageReader(Bytes file, Image& image) : file_(file), image_(image) {}
+    ImageReader(Bytes file, std::uint32_t cpu, Image& image) : file_(file), cpu_(cpu), image_(image) {}
 
     void read() {
         const auto header = valueAt<Header>(file_, 0, "the header");
-        checkHeader(header);
+        checkHeader(header, cpu_);
         readCommands(header);
         checkSegments();
         checkRanges();
@@ -146,6 +148,7 @@ class ImageReader {
         if (type == kInitOffsets) throw Malformed("lists its initialisers in the way of systems since 15");
         if (type == kModInitPointers) image_.initialisers.push_back({section.address, section.size});
         if (name == "__unwind_info") image_.unwindInfo = {section.address, section.size};
+        if (name == "__eh_frame") image_.frames = {section.address, section.size};
     }
 
     void checkSegments() {
@@ -181,6 +184,7 @@ class ImageReader {
     }
 
     Bytes file_;
+    std::uint32_t cpu_;
     Image& image_;
     std::optional<DyldInfoCommand> fixups_;
     std::uint64_t contentsSize_ = 0;
@@ -188,10 +192,10 @@ class ImageReader {
 
 }  // namespace
 
-Result<Image> readImage(Bytes file) {
+Result<Image> readImage(Bytes file, std::uint32_t cpu) {
     try {
         Image image;
-        ImageReader(sliceForThisProcessor(file), image).read();
+        ImageReader(sliceFor(cpu, file), cpu, image).read();
         return image;
     } catch (const Malformed& problem) {
         return failure(problem.what());

@@ -21,7 +21,8 @@ namespace {
 
 // What stays of a loaded library.
 struct Library {
-    std::vector<std::uint8_t> unwindFrames;
+    UnwindFrames unwind;
+    char* ownFrames = nullptr;  // the image's own __eh_frame, where functions need it
     std::map<std::string, void*> exports;
     std::vector<char*> initialisers;
 };
@@ -110,8 +111,8 @@ class Placed {
             int protection = PROT_READ;
             if (segment.writable) protection |= PROT_WRITE;
             if (segment.executable) protection |= PROT_EXEC;
-            if (mprotect(at(end), segment.address - end, PROT_NONE) != 0 ||
-                mprotect(at(segment.address), segment.size, protection) != 0) {
+            if (protectRange(end, segment.address - end, PROT_NONE) != 0 ||
+                protectRange(segment.address, segment.size, protection) != 0) {
                 return failure("segment " + segment.name + ": " + std::strerror(errno));
             }
             end = segment.address + segment.size;
@@ -143,6 +144,11 @@ class Placed {
     }
 
   private:
+    // 0, or -1 with errno. An empty range is left alone: the kernel accepts one, QEMU's user mode refuses it.
+    int protectRange(std::uint64_t address, std::uint64_t size, int protection) const {
+        return size == 0 ? 0 : mprotect(at(address), size, protection);
+    }
+
     // What the file's addresses grow by.
     std::uintptr_t base() const { return reinterpret_cast<std::uintptr_t>(begin_) - firstAddress(image_); }
 
@@ -173,8 +179,9 @@ Result<Library> prepare(const Placed& placed, const Image& image) {
     placed.rebase();
     return placed.bind()
         .and_then([&] { return translateUnwindInfo(image, placed.at(firstAddress(image))); })
-        .and_then([&](std::vector<std::uint8_t> frames) {
-            library.unwindFrames = std::move(frames);
+        .and_then([&](UnwindFrames frames) {
+            library.unwind = std::move(frames);
+            if (library.unwind.needsOwn) library.ownFrames = placed.at(image.frames.address);
             return placed.initialisers();
         })
         .and_then([&](std::vector<char*> functions) {
@@ -194,7 +201,8 @@ Status loadImage(const std::string& path, const Image& image) {
     if (!library) return failure(library);
     images().push_back({path, memory.keep(), sizeOf(image)});
     Library& kept = libraries()[path] = std::move(*library);
-    if (!kept.unwindFrames.empty()) __register_frame(kept.unwindFrames.data());
+    if (!kept.unwind.translated.empty()) __register_frame(kept.unwind.translated.data());
+    if (kept.ownFrames != nullptr) __register_frame(kept.ownFrames);
     run(kept.initialisers);
     return {};
 }

@@ -45,6 +45,13 @@ int unlockMutex(PhoneMutex* mutex) {
     return mutex->mark == PhoneMutex::kInitialized ? pthread_mutex_unlock(&mutex->mutex) : EINVAL;
 }
 
+#if defined(__aarch64__)
+// A phone's arm64 passes variadic arguments on the stack (Apple, "Writing ARM64 code for Apple platforms"), this
+// machine's in registers first. An entry of variadic_aarch64.S hands over where they begin.
+extern "C" void phoneNSLog();
+extern "C" void phoneSnprintf();
+#endif
+
 struct Name {
     std::string_view name;
     void* address;
@@ -56,6 +63,10 @@ void* ownSymbol(std::string_view name) {
         {"___stderrp", &stderr},
         {"_bzero", reinterpret_cast<void*>(&bzero)},
         {"_dlsym", reinterpret_cast<void*>(&phoneDlsym)},
+#if defined(__aarch64__)
+        {"_NSLog", reinterpret_cast<void*>(&phoneNSLog)},
+        {"_snprintf", reinterpret_cast<void*>(&phoneSnprintf)},
+#endif
         {"_pthread_mutex_lock", reinterpret_cast<void*>(&lockMutex)},
         {"_pthread_mutex_unlock", reinterpret_cast<void*>(&unlockMutex)},
         {"dyld_stub_binder", reinterpret_cast<void*>(&bindLater)},

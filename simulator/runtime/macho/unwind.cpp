@@ -2,123 +2,17 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "simulator/runtime/macho/bytes.h"
+#include "simulator/runtime/macho/unwind_table.h"
 
-// The section __unwind_info: a header names common encodings, personality functions and an index; each index entry
-// covers functions from its own to the next entry's, in a page of (function, encoding) pairs.
 namespace phone::macho {
 namespace {
 
-struct SectionHead {
-    std::uint32_t version, encodingsOffset, encodingsCount, personalitiesOffset, personalitiesCount, indexOffset,
-        indexCount;
-};
-
-struct IndexEntry {
-    std::uint32_t function, pageOffset, landingOffset;
-};
-
-struct Landing {
-    std::uint32_t function, data;
-};
-
-struct PageHead {
-    std::uint32_t kind;
-    std::uint16_t entriesOffset, entriesCount, encodingsOffset, encodingsCount;
-};
-
-struct RegularEntry {
-    std::uint32_t function, encoding;
-};
-
-constexpr std::uint32_t kRegularPage = 2, kCompressedPage = 3;
+constexpr std::uint32_t kDwarfOffset = 0x00ffffff;
 constexpr std::uint32_t kHasLanding = 0x40000000, kPersonalityMask = 0x30000000, kModeMask = 0x0f000000;
-constexpr const char* kWhat = "the unwind information";
-
-// One function's row; `end` is the next one's begin.
-struct Function {
-    std::uint32_t begin, end, encoding;
-};
-
-class Table {
-  public:
-    explicit Table(Bytes bytes) : bytes_(bytes), head_(at<SectionHead>(0)) {
-        if (head_.version != 1) throw Malformed("the unwind information is of an unknown version");
-    }
-
-    std::vector<Function> functions() const {
-        std::vector<Function> found;
-        for (std::uint32_t i = 0; i + 1 < head_.indexCount; ++i) {
-            if (const IndexEntry entry = index(i); entry.pageOffset != 0) readPage(entry, found);
-            // Pages may be shared in a damaged file.
-            if (found.size() > bytes_.size()) throw Malformed("the unwind information lists too many functions");
-        }
-        if (found.empty()) return found;
-        const std::uint32_t end = index(head_.indexCount - 1).function;
-        for (std::size_t i = 0; i < found.size(); ++i) {
-            found[i].end = i + 1 < found.size() ? found[i + 1].begin : end;
-            if (found[i].end < found[i].begin) throw Malformed("the unwind information is not in order");
-        }
-        return found;
-    }
-
-    // Where the landing pads of each function are described.
-    std::map<std::uint32_t, std::uint32_t> landings() const {
-        std::map<std::uint32_t, std::uint32_t> found;
-        if (head_.indexCount == 0) return found;
-        const std::uint32_t begin = index(0).landingOffset, end = index(head_.indexCount - 1).landingOffset;
-        for (std::uint64_t offset = begin; offset + sizeof(Landing) <= end; offset += sizeof(Landing)) {
-            const auto landing = at<Landing>(offset);
-            found[landing.function] = landing.data;
-        }
-        return found;
-    }
-
-    // The place of the pointer to the personality function, by its number from 1.
-    std::uint32_t personality(std::uint32_t number) const {
-        if (number == 0 || number > head_.personalitiesCount) {
-            throw Malformed("the unwind information names a personality function that does not exist");
-        }
-        return at<std::uint32_t>(head_.personalitiesOffset + std::uint64_t{number - 1} * sizeof(std::uint32_t));
-    }
-
-  private:
-    template <class T>
-    T at(std::uint64_t offset) const {
-        return valueAt<T>(bytes_, offset, kWhat);
-    }
-
-    IndexEntry index(std::uint64_t i) const { return at<IndexEntry>(head_.indexOffset + i * sizeof(IndexEntry)); }
-
-    void readPage(const IndexEntry& entry, std::vector<Function>& found) const {
-        const std::uint64_t page = entry.pageOffset;
-        const auto head = at<PageHead>(page);
-        if (head.kind != kRegularPage && head.kind != kCompressedPage) {
-            throw Malformed("the unwind information has a page of an unknown kind");
-        }
-        for (std::uint64_t i = 0; i < head.entriesCount; ++i) {
-            if (head.kind == kRegularPage) {
-                const auto row = at<RegularEntry>(page + head.entriesOffset + i * sizeof(RegularEntry));
-                found.push_back({row.function, 0, row.encoding});
-            } else {
-                const auto row = at<std::uint32_t>(page + head.entriesOffset + i * sizeof(std::uint32_t));
-                found.push_back({entry.function + (row & 0xffffff), 0, encoding(page, head, row >> 24)});
-            }
-        }
-    }
-
-    std::uint32_t encoding(std::uint64_t page, const PageHead& head, std::uint32_t number) const {
-        if (number < head_.encodingsCount) return at<std::uint32_t>(head_.encodingsOffset + std::uint64_t{number} * 4);
-        const std::uint32_t own = number - head_.encodingsCount;
-        if (own >= head.encodingsCount) throw Malformed("the unwind information names an encoding that does not exist");
-        return at<std::uint32_t>(page + head.encodingsOffset + std::uint64_t{own} * 4);
-    }
-
-    Bytes bytes_;
-    SectionHead head_;
-};
 
 // The call frame instructions of DWARF used here.
 enum CallFrame : std::uint8_t { kDefineFrame = 0x0c, kSaved = 0x80, kSavedExtended = 0x05, kNothing = 0x00 };
@@ -174,7 +68,7 @@ void frame(Writer& out, unsigned dwarfRegister, unsigned bytes) {
 
 #if defined(__x86_64__)
 constexpr unsigned kReturnAddress = 16;
-constexpr std::uint32_t kFrameMode = 0x01000000;
+constexpr std::uint32_t kFrameMode = 0x01000000, kDwarfMode = 0x04000000;
 
 void writeFrame(Writer& out, std::uint32_t encoding) {
     constexpr unsigned kFramePointer = 6;
@@ -194,7 +88,7 @@ void writeFrame(Writer& out, std::uint32_t encoding) {
 }
 #elif defined(__aarch64__)
 constexpr unsigned kReturnAddress = 30;
-constexpr std::uint32_t kFrameMode = 0x04000000, kFramelessMode = 0x02000000;
+constexpr std::uint32_t kFrameMode = 0x04000000, kFramelessMode = 0x02000000, kDwarfMode = 0x03000000;
 
 void writeFrame(Writer& out, std::uint32_t encoding) {
     constexpr unsigned kFramePointer = 29, kStackPointer = 31, kFirstVector = 72;
@@ -228,22 +122,74 @@ void writeFrame(Writer& out, std::uint32_t encoding) {
 }
 #endif
 
+// The image's own frames, as the unwinder will read them.
+class OwnFrames {
+  public:
+    OwnFrames(const Image& image, const char* begin) : image_(image), begin_(begin) {}
+
+    // Whether one of its records begins there.
+    bool hasRecordAt(std::uint64_t offset) {
+        if (records_.empty() && image_.frames.size != 0) readRecords();
+        return records_.count(offset) != 0;
+    }
+
+  private:
+    void readRecords() {
+        const std::uint64_t size = image_.frames.size;
+        const Segment* segment = image_.segmentOf(image_.frames.address, size + sizeof(std::uint32_t));
+        if (segment == nullptr) throw Malformed("the frames of the image do not end");
+        const auto* first =
+            reinterpret_cast<const std::uint8_t*>(begin_) + (image_.frames.address - image_.segments.front().address);
+        const Bytes bytes{first, size + sizeof(std::uint32_t)};
+        std::uint64_t offset = 0;
+        while (offset < size) {
+            const auto length = valueAt<std::uint32_t>(bytes, offset, kOwn);
+            if (length < sizeof(std::uint32_t) || length > size - offset)
+                throw Malformed("a frame has no sound length");
+            records_.insert(offset);
+            offset += sizeof length + length;
+        }
+        // What follows the section is the rest of its page; the unwinder reads up to a length of zero.
+        if (offset != size || valueAt<std::uint32_t>(bytes, size, kOwn) != 0) {
+            throw Malformed("the frames of the image do not end");
+        }
+    }
+
+    static constexpr const char* kOwn = "the frames of the image";
+    const Image& image_;
+    const char* begin_;
+    std::set<std::uint64_t> records_;
+};
+
 class Translator {
   public:
-    Translator(const Image& image, const char* begin, std::vector<std::uint8_t>& frames)
-        : image_(image), begin_(begin), first_(image.segments.front().address), out_(frames) {}
+    Translator(const Image& image, const char* begin, UnwindFrames& frames)
+        : image_(image),
+          begin_(begin),
+          first_(image.segments.front().address),
+          own_(image, begin),
+          frames_(frames),
+          out_(frames.translated) {}
 
     void run() {
-        const Table table(section());
-        landings_ = table.landings();
-        for (const Function& function : table.functions()) {
-            // A function without an encoding never lets an exception through.
-            if ((function.encoding & kModeMask) != 0) write(table, function);
+        table_ = readUnwindTable(section());
+        for (const UnwindRow& function : table_.functions) {
+            const std::uint32_t mode = function.encoding & kModeMask;
+            if (mode == kDwarfMode) {
+                useOwnFrame(function.encoding & kDwarfOffset);
+            } else if (mode != 0) {  // a function without an encoding never lets an exception through
+                write(function);
+            }
         }
         if (out_.size() > 0) out_.value<std::uint32_t>(0);
     }
 
   private:
+    void useOwnFrame(std::uint32_t offset) {
+        if (!own_.hasRecordAt(offset)) throw Malformed("the unwind information names a frame that does not exist");
+        frames_.needsOwn = true;
+    }
+
     // Offsets in the section count from the image's beginning.
     const char* place(std::uint32_t offset, std::uint64_t size) const {
         if (image_.segmentOf(first_ + offset, size) == nullptr) {
@@ -260,18 +206,21 @@ class Translator {
         return {reinterpret_cast<const std::uint8_t*>(begin_ + (range.address - first_)), range.size};
     }
 
-    std::uintptr_t personalityOf(const Table& table, std::uint32_t encoding) const {
+    std::uintptr_t personalityOf(std::uint32_t encoding) const {
         const std::uint32_t number = (encoding & kPersonalityMask) >> 28;
         if (number == 0) return 0;
+        if (number > table_.personalities.size()) {
+            throw Malformed("the unwind information names a personality function that does not exist");
+        }
         std::uintptr_t function;
-        std::memcpy(&function, place(table.personality(number), sizeof function), sizeof function);
+        std::memcpy(&function, place(table_.personalities[number - 1], sizeof function), sizeof function);
         return function;
     }
 
-    std::uintptr_t landingOf(const Function& function) const {
+    std::uintptr_t landingOf(const UnwindRow& function) const {
         if ((function.encoding & kHasLanding) == 0) return 0;
-        const auto found = landings_.find(function.begin);
-        if (found == landings_.end()) throw Malformed("the unwind information lacks a function's landing pads");
+        const auto found = table_.landings.find(function.begin);
+        if (found == table_.landings.end()) throw Malformed("the unwind information lacks a function's landing pads");
         return address(found->second, 1);
     }
 
@@ -299,8 +248,8 @@ class Translator {
         return known->second;
     }
 
-    void write(const Table& table, const Function& function) {
-        const std::uintptr_t personality = personalityOf(table, function.encoding);
+    void write(const UnwindRow& function) {
+        const std::uintptr_t personality = personalityOf(function.encoding);
         const std::size_t common = commonRecord(personality);
         const std::uintptr_t landing = landingOf(function);
         const std::uint64_t size = function.end - function.begin;
@@ -317,15 +266,17 @@ class Translator {
     const Image& image_;
     const char* begin_;
     std::uint64_t first_;
+    OwnFrames own_;
+    UnwindFrames& frames_;
     Writer out_;
-    std::map<std::uint32_t, std::uint32_t> landings_;
+    UnwindTable table_;
     std::map<std::uintptr_t, std::size_t> common_;
 };
 
 }  // namespace
 
-Result<std::vector<std::uint8_t>> translateUnwindInfo(const Image& image, const char* begin) {
-    std::vector<std::uint8_t> frames;
+Result<UnwindFrames> translateUnwindInfo(const Image& image, const char* begin) {
+    UnwindFrames frames;
     if (image.unwindInfo.size == 0) return frames;
     try {
         Translator(image, begin, frames).run();

@@ -11,10 +11,18 @@
 
 namespace phone::macho {
 
-// Translates the image's compact unwind information to one .eh_frame section, ended by a zero length. The
-// image stands at `begin` with its pointers bound, because personality functions are found through them. Returns an
-// empty list when there is nothing to register. Functions that keep no frame pointer are refused unless they have no
-// frame at all.
-Result<std::vector<std::uint8_t>> translateUnwindInfo(const Image& image, const char* begin);
+// What the unwinder has to know of an image.
+struct UnwindFrames {
+    // One .eh_frame section, ended by a zero length; empty when there is nothing to register.
+    std::vector<std::uint8_t> translated;
+    // Whether functions defer to the image's own __eh_frame section, which then is whole and ends as the unwinder wants
+    // it. It is read where it stands: what it holds counts from its own place.
+    bool needsOwn = false;
+};
+
+// Translates the image's compact unwind information. The image stands at `begin` with its pointers bound, because
+// personality functions are found through them. Functions whose compact form keeps no frame pointer are refused unless
+// they have no frame at all.
+Result<UnwindFrames> translateUnwindInfo(const Image& image, const char* begin);
 
 }  // namespace phone::macho

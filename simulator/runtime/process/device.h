@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "simulator/runtime/process/processor.h"
 #include "simulator/runtime/result.h"
 
 namespace phone {
@@ -16,13 +17,20 @@ struct Device {
     std::string systemVersion = "8.4";  // UIDevice's systemVersion
     std::string region = "US";          // ISO 3166 country of the phone's settings
     std::string language = "en";
-    double width = 375, height = 667;  // the screen in portrait orientation, in points
-    double scale = 2;                  // pixels a point, as UIScreen has it
-    double nativeScale = 2;            // pixels of the panel a point
-    int idiom = 0;                     // UIUserInterfaceIdiom: 0 phone, 1 pad
-    int orientation = 1;               // UIInterfaceOrientation: 1 portrait, 2 upside down, 3 and 4 landscape
-    bool rightToLeft = false;          // layout direction
+    double width = 375, height = 667;    // the screen in portrait orientation, in points
+    double scale = 2;                    // pixels a point, as UIScreen has it
+    double nativeScale = 2;              // pixels of the panel a point
+    int idiom = 0;                       // UIUserInterfaceIdiom: 0 phone, 1 pad
+    int orientation = 1;                 // UIInterfaceOrientation: 1 portrait, 2 upside down, 3 and 4 landscape
+    bool rightToLeft = false;            // layout direction
+    std::string processor = kProcessor;  // what its processes, and so its libraries, are built for
+    // How the Settings app's values travel: before their notification into the file, or, by the service that systems
+    // from 8 on have, some time after it.
+    bool preferencesService = true;
 };
+
+// Whether a phone of that system hands settings to a service unless device.plist says otherwise.
+bool hasPreferencesService(const std::string& systemVersion);
 
 bool operator==(const Device& a, const Device& b);
 

@@ -67,6 +67,8 @@ Device& ownDevice() {
     return device;
 }
 
+NSString* const kPreferencesService = @"PreferencesService";
+
 const std::vector<Field>& fields() {
     static const std::vector<Field> all = {
         text(@"Model", &Device::model),
@@ -82,6 +84,8 @@ const std::vector<Field>& fields() {
         whole(@"Idiom", &Device::idiom, {0, 1}),
         whole(@"Orientation", &Device::orientation, {1, 4}),
         flag(@"RightToLeft", &Device::rightToLeft),
+        text(@"Processor", &Device::processor),
+        flag(kPreferencesService, &Device::preferencesService),
     };
     return all;
 }
@@ -99,16 +103,21 @@ Result<Device> readFields(NSDictionary* values, const std::string& path) {
                            " is unusable: " + [[value description] UTF8String]);
         }
     }
+    if ([values objectForKey:kPreferencesService] == nil)
+        device.preferencesService = hasPreferencesService(device.systemVersion);
     return device;
 }
 
 }  // namespace
 
+bool hasPreferencesService(const std::string& systemVersion) { return std::atoi(systemVersion.c_str()) >= 8; }
+
 bool operator==(const Device& a, const Device& b) {
     return a.model == b.model && a.machine == b.machine && a.name == b.name && a.systemVersion == b.systemVersion &&
            a.region == b.region && a.language == b.language && a.width == b.width && a.height == b.height &&
            a.scale == b.scale && a.nativeScale == b.nativeScale && a.idiom == b.idiom &&
-           a.orientation == b.orientation && a.rightToLeft == b.rightToLeft;
+           a.orientation == b.orientation && a.rightToLeft == b.rightToLeft && a.processor == b.processor &&
+           a.preferencesService == b.preferencesService;
 }
 
 int systemNumber(const Device& device) { return std::atoi(device.systemVersion.c_str()); }

@@ -34,6 +34,7 @@ std::optional<Device> deviceFromProfile(std::string_view id) {
     device.scale = found->scale;
     device.nativeScale = found->nativeScale;
     device.idiom = found->idiom;
+    device.preferencesService = hasPreferencesService(device.systemVersion);
     return device;
 }
 

@@ -31,12 +31,29 @@ std::string& ownIdentifier() {
     return identifier;
 }
 
+// The phone's language, then the same without its script or country, then English. Foundation looks for resources in
+// them; ahead of this machine's languages, as an argument of the process would be.
+void setLanguages() {
+    NSString* language = [NSString stringWithUTF8String:device().language.c_str()];
+    NSMutableArray* languages = [NSMutableArray arrayWithObject:language];
+    const NSRange part = [language rangeOfString:@"-" options:NSBackwardsSearch];
+    if (part.location != NSNotFound) [languages addObject:[language substringToIndex:part.location]];
+    if (![languages containsObject:@"en"]) [languages addObject:@"en"];
+    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
+    NSMutableDictionary* arguments = [[[defaults volatileDomainForName:NSArgumentDomain] mutableCopy] autorelease];
+    if (arguments == nil) arguments = [NSMutableDictionary dictionary];
+    [arguments setObject:languages forKey:@"NSLanguages"];
+    [defaults removeVolatileDomainForName:NSArgumentDomain];
+    [defaults setVolatileDomain:arguments forName:NSArgumentDomain];
+}
+
 void setUpFoundation() {
     NSSetUncaughtExceptionHandler(raisedUncaught);
     // A phone's Foundation says nothing about a file that is no property list.
     [[[NSProcessInfo processInfo] debugSet] addObject:@"NoWarn"];
     // The main run loop belongs to the thread that boots; a thread that queues work for it must find it made.
     [NSRunLoop currentRunLoop];
+    setLanguages();
 }
 
 }  // namespace

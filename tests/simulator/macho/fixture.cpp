@@ -1,5 +1,6 @@
 // A library in the phone's binary format for the loader's tests, which offer the functions that it calls.
 #include <pthread.h>
+#include <stdio.h>
 
 extern "C" {
 void fixtureNote(int number);
@@ -43,6 +44,12 @@ EXPORTED int fixtureCatches() {
         return cleaned;
     }
     return -1;
+}
+
+// More variable arguments than registers, of both kinds.
+EXPORTED int fixtureFormats(char* text, unsigned long size, int number, double real) {
+    return snprintf(text, size, "%d %s %.2f %lld %d %d %d %d %d %d %.1f", number, kNames[1], real, 1LL << 40, 1, 2, 3,
+                    4, 5, 6, real);
 }
 
 // How often it has been called, by whichever threads.

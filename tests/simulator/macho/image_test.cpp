@@ -21,6 +21,8 @@ using testing::Not;
 
 using File = std::vector<std::uint8_t>;
 
+constexpr std::uint32_t kCpuElsewhere = kCpuHere == kCpuArm64 ? kCpuX86_64 : kCpuArm64;
+
 File fixture() {
     std::ifstream file(FIXTURE_COMPLETE, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -82,7 +84,7 @@ TEST(MachoImage, FindsThisProcessorsPartOfAFatFile) {
     const auto swapped = [](std::uint32_t value) { return __builtin_bswap32(value); };
     const FatHeader head{swapped(0xcafebabe), swapped(2)};
     const auto size = static_cast<std::uint32_t>(thin.size());
-    const FatSlice slices[] = {{swapped(kCpuArm64), 0, swapped(4096), swapped(16), 0},
+    const FatSlice slices[] = {{swapped(kCpuElsewhere), 0, swapped(4096), swapped(16), 0},
                                {swapped(kCpuHere), 0, swapped(4096), swapped(size), 0}};
     File fat(4096 + thin.size());
     std::memcpy(fat.data(), &head, sizeof head);
@@ -139,8 +141,8 @@ void setExports(File& file, std::initializer_list<int> bytes) {
 const Damage kDamages[] = {
     {"Empty", [](File& file) { file.clear(); }, "past the end"},
     {"WrongMagic", [](File& file) { header(file).magic = 0xfeedface; }, "not a 64-bit Mach-O"},
-    {"WrongProcessor", [](File& file) { header(file).cpu = kCpuArm64; }, "is for arm64"},
-    {"Executable", [](File& file) { header(file).fileType = 2; }, "not a dynamic library"},
+    {"WrongProcessor", [](File& file) { header(file).cpu = kCpuElsewhere; }, ", this machine runs "},
+    {"Executable", [](File& file) { header(file).fileType = 2; }, "neither a dynamic library nor a bundle"},
     {"AbsurdCommandCount", [](File& file) { header(file).commandCount = 0xffffffff; }, "past the end"},
     {"AbsurdCommandsSize", [](File& file) { header(file).commandSize = 0xffffffff; }, "past the end"},
     {"NoCommands", [](File& file) { header(file).commandCount = 0; }, "no segments"},

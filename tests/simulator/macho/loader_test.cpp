@@ -11,7 +11,9 @@
 #include <thread>
 #include <vector>
 
+#include "simulator/runtime/macho/format.h"
 #include "simulator/runtime/process/library_loader.h"
+#include "simulator/runtime/process/processor.h"
 
 // What the libraries find in this process.
 namespace {
@@ -48,6 +50,15 @@ TEST_F(MachoLoader, RunsInitialisersOnceInTheirOrder) {
     EXPECT_THAT(notes, ElementsAre(1, 2));
 }
 
+// As the executables of preference bundles are.
+TEST(MachoBundles, AreLoadedLikeLibraries) {
+    ASSERT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE_BUNDLE)), "");
+    EXPECT_THAT(notes, ElementsAre(1, 2));
+    void* function = phone::librarySymbol(FIXTURE_BUNDLE, "fixtureName");
+    ASSERT_NE(function, nullptr);
+    EXPECT_STREQ(reinterpret_cast<const char* (*)(int)>(function)(1), "one");
+}
+
 TEST_F(MachoLoader, MovesPointersWithTheImage) {
     EXPECT_STREQ(fixture<const char*(int)>("fixtureName")(0), "zero");
     EXPECT_STREQ(fixture<const char*(int)>("fixtureName")(2), "two");
@@ -59,6 +70,15 @@ TEST_F(MachoLoader, BindsVariablesOfTheProcess) {
 }
 
 TEST_F(MachoLoader, LeavesMissingOptionalSymbolsNull) { EXPECT_FALSE(fixture<bool()>("fixtureHasOptional")()); }
+
+TEST_F(MachoLoader, VariableArgumentsArriveWhereThePhonesCodePutsThem) {
+    char text[128];
+    const auto format = fixture<int(char*, unsigned long, int, double)>("fixtureFormats");
+    EXPECT_EQ(format(text, sizeof text, -7, 2.5), 41);
+    EXPECT_STREQ(text, "-7 one 2.50 1099511627776 1 2 3 4 5 6 2.5");
+    EXPECT_EQ(format(text, 4, -7, 2.5), 41);
+    EXPECT_STREQ(text, "-7 ");
+}
 
 TEST_F(MachoLoader, LibrariesLockMutexesOfThePhonesLayout) {
     constexpr int kThreads = 4, kCalls = 20000;
@@ -112,7 +132,8 @@ TEST(MachoLoaderProblems, AMissingSymbolIsNamedAndNothingRuns) {
 }
 
 TEST(MachoLoaderProblems, LibrariesForOtherProcessorsAreToldApart) {
-    EXPECT_EQ(phone::problemOf(phone::loadLibrary(PHONE_LIBRARY)), "is for arm64, this machine runs x86-64");
+    EXPECT_EQ(phone::problemOf(phone::loadLibrary(OTHER_LIBRARY)),
+              "is for " OTHER_PROCESSOR ", this machine runs " + std::string(phone::kProcessor));
 }
 
 TEST(MachoLoaderProblems, FilesThatAreNoLibrariesAreRefused) {
@@ -149,6 +170,22 @@ TEST_F(DamagedLibrary, AnInitialiserOutsideTheCodeIsRefused) {
     const uint64_t inData = 0x10000000;
     std::memcpy(&bytes[offset], &inData, sizeof inData);
     EXPECT_EQ(load(), "an initialiser lies outside the code");
+    EXPECT_THAT(notes, ElementsAre());
+}
+
+// The common encodings come first in the section; each may defer to a record of __eh_frame, of which there is none
+// there.
+TEST_F(DamagedLibrary, UnwindInformationThatDefersToNothingIsRefused) {
+    constexpr uint32_t kDeferring = phone::macho::kCpuHere == phone::macho::kCpuArm64 ? 0x03ffffff : 0x04ffffff;
+    const size_t header = bytes.find("__unwind_info");
+    ASSERT_NE(header, std::string::npos);
+    uint32_t section = 0, encodings = 0, count = 0;
+    std::memcpy(&section, &bytes[header + 48], sizeof section);
+    std::memcpy(&encodings, &bytes[section + 4], sizeof encodings);
+    std::memcpy(&count, &bytes[section + 8], sizeof count);
+    ASSERT_GT(count, 0u);
+    std::memcpy(&bytes[section + encodings], &kDeferring, sizeof kDeferring);
+    EXPECT_THAT(load(), HasSubstr("names a frame that does not exist"));
     EXPECT_THAT(notes, ElementsAre());
 }
 

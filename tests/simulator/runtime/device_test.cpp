@@ -18,6 +18,7 @@ TEST(DeviceProfiles, EveryOneIsReadBackAsWritten) {
         std::optional<Device> written = phone::deviceFromProfile(profile.id);
         ASSERT_TRUE(written) << profile.id;
         written->rightToLeft = true;
+        written->preferencesService = false;
         written->orientation = 3;
         ASSERT_EQ(phone::problemOf(phone::writeDevice(root.path(), *written)), "");
         Device read = phone::readDevice(root.path()).value();

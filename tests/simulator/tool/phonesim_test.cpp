@@ -63,6 +63,8 @@ TEST_F(PhoneSimVerbs, MisuseIsToldAndExitsWithTwo) {
                                   "new phone --images a",
                                   "shot phone",
                                   "shot phone wallpaper --out a",
+                                  "shot phone settings/ --out a",
+                                  "shot phone settings/a/b --out a",
                                   "shot phone recents --process clock",
                                   "run",
                                   "run phone --process clock",
@@ -113,7 +115,8 @@ TEST_F(PhoneSimVerbs, NewThatFailsExitsWithOneAndLeavesThePhone) {
     write("phone/tmp/mine", "mine");
     for (const char* arguments :
          {"new phone", "new phone --force --contacts gone.vcf", "new phone --force --address-book c.vcf",
-          "new phone --force --device nokia", "new phone --force --region Texas"}) {
+          "new phone --force --device nokia", "new phone --force --region Texas",
+          "new phone --force --language \"High Valyrian\""}) {
         Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 1) << arguments;
         EXPECT_THAT(outcome.err, testing::StartsWith("phonesim: ")) << arguments;
@@ -357,6 +360,19 @@ TEST_F(PhoneSimVerbs, ShotDrawsAScreenAndPrintsItsRows) {
     for (const auto& entry : fs::directory_iterator(path_)) {
         EXPECT_THAT(entry.path().string(), testing::Not(HasSubstr(".part")));
     }
+}
+
+TEST_F(PhoneSimVerbs, ShotDrawsPagesOfTheSettingsApp) {
+    makePhone(" --language de");
+    Outcome first = run("shot phone settings --out a.png --row-details");
+    ASSERT_EQ(first.status, 0) << first.err;
+    EXPECT_EQ(read("a.png").substr(1, 3), "PNG");
+    EXPECT_THAT(first.out, HasSubstr("\"title\": \"Einstellungen\""));
+    EXPECT_THAT(first.out, HasSubstr("\"label\": \"ZelkaCB\""));
+    EXPECT_EQ(run("shot phone settings/zelkacb --out b.png").status, 0);
+    EXPECT_TRUE(read("a.png") != read("b.png"));
+    EXPECT_THAT(run("shot phone settings/clock --out c.png").err, HasSubstr("has no entry \"clock\""));
+    EXPECT_THAT(run("shot phone settings --editing --out c.png").err, HasSubstr("no editing mode"));
 }
 
 }  // namespace

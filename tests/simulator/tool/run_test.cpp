@@ -79,7 +79,7 @@ void expectExit(int status, int expected, const BackgroundTool& tool) {
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == expected) << status << "\n" << tool.out() << tool.err();
 }
 
-TEST_F(PhoneSimRun, DrawsEveryScreenOfBothProcessesAndStopsCleanly) {
+TEST_F(PhoneSimRun, DrawsEveryScreenOfAllProcessesAndStopsCleanly) {
     makePhoneWithCalls();
     BackgroundTool tool(path_, {"run", "phone"});
     ASSERT_TRUE(tool.waitFor("running; ")) << tool.err();
@@ -89,15 +89,28 @@ TEST_F(PhoneSimRun, DrawsEveryScreenOfBothProcessesAndStopsCleanly) {
             EXPECT_EQ(tool.count(process + " " + screen + ": started"), 1);
         }
     }
+    EXPECT_EQ(tool.count("settings zelkacb: started"), 1);
+    ASSERT_EQ(run("shot phone settings/zelkacb --out fresh.png").err, "");
+    EXPECT_TRUE(picture("settings", "zelkacb") == read("fresh.png"));
     EXPECT_TRUE(picture("callbar", "recents") == freshPicture("callbar", "recents"));
     EXPECT_TRUE(picture("springboard", "contacts") == freshPicture("springboard", "contacts"));
     const std::vector<pid_t> hosts = tool.children();
-    EXPECT_EQ(hosts.size(), 8u);
+    EXPECT_EQ(hosts.size(), 9u);
     expectExit(tool.end(SIGINT), 0, tool);
     EXPECT_EQ(tool.count("stopped\n"), 1);
     EXPECT_EQ(tool.err(), "");
     EXPECT_TRUE(allGone(hosts));
     EXPECT_FALSE(partsAreLeft(path_ / "phone/screens"));
+}
+
+TEST_F(PhoneSimRun, APhoneWithoutTheSettingsPageGoesWithoutItsPicture) {
+    makePhoneWithCalls();
+    fs::remove(path_ / "phone/Library/PreferenceLoader/Preferences/ZelkaCB.plist");
+    BackgroundTool tool(path_, {"run", "phone"});
+    ASSERT_TRUE(tool.waitFor("running; ")) << tool.err();
+    EXPECT_FALSE(fs::exists(path_ / "phone/screens/settings"));
+    expectExit(tool.end(SIGINT), 0, tool);
+    EXPECT_THAT(run("run phone --process settings").err, HasSubstr("no entry \"zelkacb\""));
 }
 
 TEST_F(PhoneSimRun, RedrawsWhatOtherProcessesChangeAndNothingElse) {

@@ -1,117 +1,84 @@
 #include "tests/unit/bootstrap/elf_file.h"
 
-#include <cxxabi.h>
-#include <elf.h>
-
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <fstream>
-#include <iterator>
+#include <cstdio>
 #include <map>
-#include <span>
+#include <nlohmann/json.hpp>
 
 namespace test {
 namespace {
 
-std::string readable(const char* name) {
-    int status = 0;
-    char* demangled = abi::__cxa_demangle(name, nullptr, nullptr, &status);
-    std::string text = status == 0 ? demangled : name;
-    std::free(demangled);
-    return text;
+using Json = nlohmann::json;
+
+// What llvm-readelf prints of the file; null when it does not take it for one of this format.
+Json printed(const std::string& path) {
+    const std::string command =
+        "llvm-readelf-19 --elf-output-style=JSON --demangle --sections --dynamic-table --relocations --dyn-syms "
+        "--symbols '" +
+        path + "' 2>/dev/null";
+    std::string text;
+    FILE* pipe = popen(command.c_str(), "r");
+    if (pipe == nullptr) return nullptr;
+    char part[65536];
+    for (size_t got = 0; (got = fread(part, 1, sizeof part, pipe)) > 0;) text.append(part, got);
+    const bool succeeded = pclose(pipe) == 0;
+    const Json files = Json::parse(text, nullptr, false);
+    return succeeded && files.is_array() && files.size() == 1 && files[0].contains("Sections") ? files[0] : Json();
 }
 
-class Reader {
-  public:
-    explicit Reader(const std::vector<char>& bytes) : bytes_(bytes) {
-        const auto& header = *at<Elf64_Ehdr>(0);
-        sections_ = {at<Elf64_Shdr>(header.e_shoff), header.e_shnum};
-    }
+using Functions = std::map<std::uint64_t, std::string>;
 
-    LibraryFile read() const {
-        LibraryFile file;
-        const std::map<std::uint64_t, std::string> functions = functionNames();
-        file.initialisers = functionArray(SHT_INIT_ARRAY, functions);
-        file.finalisers = functionArray(SHT_FINI_ARRAY, functions);
-        for (const Elf64_Dyn& entry : contents<Elf64_Dyn>(SHT_DYNAMIC)) {
-            if (entry.d_tag == DT_INIT || entry.d_tag == DT_FINI) file.hasOldInitialisers = true;
-            if (entry.d_tag == DT_NULL) break;
+Functions functionsOf(const Json& file) {
+    Functions names;
+    for (const Json& each : file.at("Symbols")) {
+        const Json& symbol = each.at("Symbol");
+        if (symbol.at("Type").at("Name") == "Function") names[symbol.at("Value")] = symbol.at("Name").at("Name");
+    }
+    return names;
+}
+
+// The array's entries are filled in when the file is loaded: what with, the relocations tell.
+std::vector<std::string> functionArray(const Json& file, const char* type, const Functions& functions) {
+    std::uint64_t begin = 0, size = 0;
+    for (const Json& each : file.at("Sections")) {
+        const Json& section = each.at("Section");
+        if (section.at("Type").at("Name") != type) continue;
+        begin = section.at("Address");
+        size = section.at("Size");
+    }
+    std::vector<std::string> names(size / sizeof(void*), "not relocated");
+    for (const Json& section : file.at("Relocations")) {
+        for (const Json& each : section.at("Relocs")) {
+            const Json& relocation = each.at("Relocation");
+            const std::uint64_t offset = relocation.at("Offset");
+            if (offset < begin || offset >= begin + size) continue;
+            const auto function = functions.find(relocation.at("Addend").get<std::uint64_t>());
+            names[(offset - begin) / sizeof(void*)] =
+                function != functions.end() ? function->second : "unknown function";
         }
-        for (const Elf64_Sym& symbol : contents<Elf64_Sym>(SHT_DYNSYM)) {
-            const bool isDefined = symbol.st_shndx != SHN_UNDEF && symbol.st_shndx != SHN_ABS;
-            if (isDefined) file.exports.emplace_back(name(SHT_DYNSYM, symbol));
-        }
-        for (const Elf64_Sym& symbol : contents<Elf64_Sym>(SHT_SYMTAB)) {
-            file.symbols.emplace_back(name(SHT_SYMTAB, symbol));
-        }
-        return file;
     }
-
-  private:
-    template <class T>
-    const T* at(std::uint64_t offset) const {
-        return reinterpret_cast<const T*>(bytes_.data() + offset);
-    }
-
-    const Elf64_Shdr* section(std::uint32_t type) const {
-        for (const Elf64_Shdr& each : sections_) {
-            if (each.sh_type == type) return &each;
-        }
-        return nullptr;
-    }
-
-    template <class T>
-    std::span<const T> contents(std::uint32_t type) const {
-        const Elf64_Shdr* found = section(type);
-        if (found == nullptr) return {};
-        return {at<T>(found->sh_offset), found->sh_size / sizeof(T)};
-    }
-
-    const char* name(std::uint32_t table, const Elf64_Sym& symbol) const {
-        return at<char>(sections_[section(table)->sh_link].sh_offset + symbol.st_name);
-    }
-
-    std::map<std::uint64_t, std::string> functionNames() const {
-        std::map<std::uint64_t, std::string> names;
-        for (const Elf64_Sym& symbol : contents<Elf64_Sym>(SHT_SYMTAB)) {
-            if (ELF64_ST_TYPE(symbol.st_info) == STT_FUNC) names[symbol.st_value] = readable(name(SHT_SYMTAB, symbol));
-        }
-        return names;
-    }
-
-    // The array's entries are filled in when the file is loaded: what with, the relocations tell.
-    std::vector<std::string> functionArray(std::uint32_t type,
-                                           const std::map<std::uint64_t, std::string>& functions) const {
-        const Elf64_Shdr* array = section(type);
-        if (array == nullptr) return {};
-        std::vector<std::string> names(array->sh_size / sizeof(std::uint64_t), "not relocated");
-        for (const Elf64_Shdr& each : sections_) {
-            if (each.sh_type != SHT_RELA) continue;
-            for (const Elf64_Rela& entry :
-                 std::span(at<Elf64_Rela>(each.sh_offset), each.sh_size / sizeof(Elf64_Rela))) {
-                if (entry.r_offset < array->sh_addr || entry.r_offset >= array->sh_addr + array->sh_size) continue;
-                auto function = functions.find(static_cast<std::uint64_t>(entry.r_addend));
-                names[(entry.r_offset - array->sh_addr) / sizeof(std::uint64_t)] =
-                    function != functions.end() ? function->second : "unknown function";
-            }
-        }
-        return names;
-    }
-
-    const std::vector<char>& bytes_;
-    std::span<const Elf64_Shdr> sections_;
-};
+    return names;
+}
 
 }  // namespace
 
 LibraryFile readLibrary(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    const std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (bytes.size() < sizeof(Elf64_Ehdr) || std::memcmp(bytes.data(), ELFMAG, SELFMAG) != 0) {
-        return {.problem = path + " is no ELF file"};
+    const Json read = printed(path);
+    if (read.is_null()) return {.problem = path + " is no ELF file"};
+    LibraryFile file;
+    const Functions functions = functionsOf(read);
+    file.initialisers = functionArray(read, "SHT_INIT_ARRAY", functions);
+    file.finalisers = functionArray(read, "SHT_FINI_ARRAY", functions);
+    for (const Json& entry : read.at("DynamicSection")) {
+        if (entry.at("Type") == "INIT" || entry.at("Type") == "FINI") file.hasOldInitialisers = true;
     }
-    return Reader(bytes).read();
+    for (const Json& each : read.at("DynamicSymbols")) {
+        const Json& symbol = each.at("Symbol");
+        const std::string section = symbol.at("Section").at("Name");
+        if (section != "Undefined" && section != "Absolute") file.exports.push_back(symbol.at("Name").at("Name"));
+    }
+    for (const Json& each : read.at("Symbols")) file.symbols.push_back(each.at("Symbol").at("Name").at("Name"));
+    return file;
 }
 
 }  // namespace test

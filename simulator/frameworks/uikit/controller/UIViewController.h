@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/frameworks/uikit/control/UINavigationItem.h"
 #include "simulator/frameworks/uikit/view/UIView.h"
 #include "simulator/frameworks/uikit/view/UIViewDelegate.h"
 
@@ -15,6 +16,7 @@ typedef NS_ENUM(NSInteger, UIViewAppearance) {
   @private
     UIView* _view;
     NSString* _title;
+    UINavigationItem* _navigationItem;
     NSMutableArray* _childViewControllers;
     UIViewController* _parentViewController;
     UIViewAppearance _appearance;
@@ -24,8 +26,9 @@ typedef NS_ENUM(NSInteger, UIViewAppearance) {
 
 - (instancetype)initWithNibName:(NSString*)nibName bundle:(NSBundle*)bundle;  // the phone has no nib to give: both nil
 
-@property (nonatomic, retain) UIView* view;  // loads on first use
-@property (nonatomic, copy) NSString* title;
+@property (nonatomic, retain) UIView* view;                              // loads on first use
+@property (nonatomic, copy) NSString* title;                             // the navigation item's, too
+@property (nonatomic, readonly) UINavigationItem* navigationItem;        // made on first use; +0
 @property (nonatomic, readonly) UIViewController* parentViewController;  // unowned
 @property (nonatomic, readonly) NSArray* childViewControllers;           // +0
 @property (nonatomic, getter=isEditing) BOOL editing;

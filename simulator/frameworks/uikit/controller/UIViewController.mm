@@ -30,7 +30,18 @@
     [_view _setViewDelegate:nil];
     [_view release];
     [_title release];
+    [_navigationItem release];
     [super dealloc];
+}
+
+- (void)setTitle:(NSString*)title {
+    ASSIGNCOPY(_title, title);
+    [_navigationItem setTitle:title];
+}
+
+- (UINavigationItem*)navigationItem {
+    if (!_navigationItem) _navigationItem = [[UINavigationItem alloc] initWithTitle:_title];
+    return _navigationItem;
 }
 
 - (UIResponder*)nextResponder {

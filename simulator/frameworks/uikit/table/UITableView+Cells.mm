@@ -78,10 +78,17 @@
     if ([cell isEditing] != editing) [cell setEditing:editing animated:NO];
 }
 
+- (UITableViewCellSectionEdges)_edgesAt:(NSIndexPath*)indexPath {
+    const NSInteger last = [self numberOfRowsInSection:[indexPath section]] - 1;
+    return ([indexPath row] == 0 ? UITableViewCellFirstOfSection : UITableViewCellInSection) |
+           ([indexPath row] == last ? UITableViewCellLastOfSection : UITableViewCellInSection);
+}
+
 - (void)_dress:(UITableViewCell*)cell at:(NSIndexPath*)indexPath {
     const BOOL separated = _separatorStyle != UITableViewCellSeparatorStyleNone;
     [cell setFrame:[self rectForRowAtIndexPath:indexPath]];
     [cell _setSeparatorColor:separated ? _separatorColor : nil];
+    if (_style == UITableViewStyleGrouped) [cell _setSectionEdges:separated ? [self _edgesAt:indexPath] : 0];
     [cell _setTableSeparatorInset:_separatorInset];
     [cell _setIndexWidth:_index ? [(UIView*)_index frame].size.width : 0];
 }
@@ -135,6 +142,19 @@
 
 - (UITableViewCell*)cellForRowAtIndexPath:(NSIndexPath*)indexPath {
     return [_cells objectForKey:indexPath];
+}
+
+- (void)selectRowAtIndexPath:(NSIndexPath*)indexPath
+                    animated:(BOOL)animated
+              scrollPosition:(UITableViewScrollPosition)position {
+    if (position != UITableViewScrollPositionNone) {
+        [self scrollToRowAtIndexPath:indexPath atScrollPosition:position animated:animated];
+    }
+    [[self cellForRowAtIndexPath:indexPath] setSelected:YES animated:animated];
+}
+
+- (void)deselectRowAtIndexPath:(NSIndexPath*)indexPath animated:(BOOL)animated {
+    [[self cellForRowAtIndexPath:indexPath] setSelected:NO animated:animated];
 }
 
 @end

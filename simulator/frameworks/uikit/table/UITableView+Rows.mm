@@ -11,7 +11,6 @@
 namespace {
 
 constexpr CGFloat kIndexWidth = 15;
-constexpr CGFloat kUntitledGroupGap = 18;
 
 NSIndexPath* pathOf(const UITableViewRowMap::Row& row) {
     return [NSIndexPath indexPathForRow:(NSInteger)row.row inSection:(NSInteger)row.section];
@@ -27,7 +26,8 @@ NSIndexPath* pathOf(const UITableViewRowMap::Row& row) {
 }
 
 - (UITableViewRowMap&)_rowMap {
-    if (_needsReload) {
+    const BOOL wrapsAnew = _style == UITableViewStyleGrouped && _rows->width != [self bounds].size.width;
+    if (_needsReload || wrapsAnew) {
         _needsReload = NO;
         [self _loadRows];
         [self _loadIndex];
@@ -42,12 +42,13 @@ NSIndexPath* pathOf(const UITableViewRowMap::Row& row) {
 
 - (void)_loadRows {
     *_rows = UITableViewRowMap{};
+    _rows->width = [self bounds].size.width;
     _rows->top = _tableHeaderView ? [_tableHeaderView frame].size.height : 0;
     if (!_dataSource) return;
     const BOOL knowsSections = [(id)_dataSource respondsToSelector:@selector(numberOfSectionsInTableView:)];
     const NSInteger sections = knowsSections ? [_dataSource numberOfSectionsInTableView:self] : 1;
     for (NSInteger section = 0; section < sections; ++section) {
-        _rows->addSection([self _headerHeightOf:section], [self _rowHeightsOf:section]);
+        _rows->addSection([self _headerHeightOf:section], [self _rowHeightsOf:section], [self _footerHeightOf:section]);
     }
 }
 
@@ -57,23 +58,10 @@ NSIndexPath* pathOf(const UITableViewRowMap::Row& row) {
     if (![(id)[self delegate] respondsToSelector:@selector(tableView:heightForRowAtIndexPath:)]) return heights;
     for (NSInteger row = 0; row < count; ++row) {
         NSIndexPath* indexPath = [NSIndexPath indexPathForRow:row inSection:section];
-        heights[(size_t)row] = [[self delegate] tableView:self heightForRowAtIndexPath:indexPath];
+        const CGFloat height = [[self delegate] tableView:self heightForRowAtIndexPath:indexPath];
+        if (height >= 0) heights[(size_t)row] = height;
     }
     return heights;
-}
-
-- (NSString*)_titleOf:(NSInteger)section {
-    if (![(id)_dataSource respondsToSelector:@selector(tableView:titleForHeaderInSection:)]) return nil;
-    return [_dataSource tableView:self titleForHeaderInSection:section];
-}
-
-- (CGFloat)_headerHeightOf:(NSInteger)section {
-    id<UITableViewDelegate> delegate = [self delegate];
-    if ([(id)delegate respondsToSelector:@selector(tableView:heightForHeaderInSection:)]) {
-        return [delegate tableView:self heightForHeaderInSection:section];
-    }
-    if ([self _titleOf:section]) return _sectionHeaderHeight;
-    return _style == UITableViewStyleGrouped ? kUntitledGroupGap : 0;
 }
 
 - (void)_loadIndex {
@@ -122,11 +110,6 @@ NSIndexPath* pathOf(const UITableViewRowMap::Row& row) {
     return CGRectMake(0, top, [self bounds].size.width, section.rowEdges[(size_t)row + 1] - top);
 }
 
-- (CGRect)rectForHeaderInSection:(NSInteger)index {
-    const UITableViewRowMap::Section& section = [self _section:index];
-    return CGRectMake(0, section.top, [self bounds].size.width, section.headerHeight);
-}
-
 - (NSArray*)indexPathsForRowsInRect:(CGRect)rect {
     NSMutableArray* paths = [NSMutableArray array];
     for (const UITableViewRowMap::Row& row : [self _rowMap].rowsBetween(CGRectGetMinY(rect), CGRectGetMaxY(rect))) {
@@ -162,49 +145,6 @@ NSIndexPath* pathOf(const UITableViewRowMap::Row& row) {
     const CGFloat lowest = std::max(highest, [self contentSize].height + inset.bottom - [self bounds].size.height);
     const CGFloat y = std::clamp(row.origin.y - above - inset.top, highest, lowest);
     [self setContentOffset:CGPointMake(0, y) animated:animated];
-}
-
-// A plain table's header stays at the top until its section's rows have gone by.
-- (CGRect)_headerFrameOf:(NSInteger)index {
-    CGRect frame = [self rectForHeaderInSection:index];
-    if (_style == UITableViewStyleGrouped) return frame;
-    const CGFloat edge = [self bounds].origin.y + [self contentInset].top;
-    const CGFloat lowest = [self _section:index].bottom() - frame.size.height;
-    frame.origin.y = std::max(frame.origin.y, std::min(edge, lowest));
-    return frame;
-}
-
-- (UIView*)_makeHeaderOf:(NSInteger)section {
-    if ([(id)[self delegate] respondsToSelector:@selector(tableView:viewForHeaderInSection:)]) {
-        UIView* view = [[self delegate] tableView:self viewForHeaderInSection:section];
-        if (view) return view;
-    }
-    NSString* title = [self _titleOf:section];
-    if (!title) return nil;
-    return [[[UITableViewHeaderFooterView alloc] initWithTitle:title
-                                                       grouped:_style == UITableViewStyleGrouped
-                                                         inset:_separatorInset.left] autorelease];
-}
-
-- (void)_askForHeaders {
-    const CGRect bounds = [self bounds];
-    for (NSInteger section = 0; section < [self numberOfSections]; ++section) {
-        NSNumber* key = [NSNumber numberWithInteger:section];
-        const CGRect frame = [self _headerFrameOf:section];
-        UIView* header = [_headers objectForKey:key];
-        if (frame.size.height <= 0 || !CGRectIntersectsRect(frame, bounds)) {
-            [header removeFromSuperview];
-            [_headers removeObjectForKey:key];
-            continue;
-        }
-        if (!header) {
-            header = [self _makeHeaderOf:section];
-            if (!header) continue;
-            [_headers setObject:header forKey:key];
-            _index ? [self insertSubview:header belowSubview:(UIView*)_index] : [self addSubview:header];
-        }
-        [header setFrame:frame];
-    }
 }
 
 @end

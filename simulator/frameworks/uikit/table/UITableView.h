@@ -37,6 +37,7 @@ typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
 @optional
 - (NSInteger)numberOfSectionsInTableView:(UITableView*)tableView;
 - (NSString*)tableView:(UITableView*)tableView titleForHeaderInSection:(NSInteger)section;
+- (NSString*)tableView:(UITableView*)tableView titleForFooterInSection:(NSInteger)section;
 - (NSArray*)sectionIndexTitlesForTableView:(UITableView*)tableView;
 - (BOOL)tableView:(UITableView*)tableView canEditRowAtIndexPath:(NSIndexPath*)indexPath;
 - (void)tableView:(UITableView*)tableView
@@ -49,12 +50,17 @@ typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
 - (CGFloat)tableView:(UITableView*)tableView heightForRowAtIndexPath:(NSIndexPath*)indexPath;
 - (CGFloat)tableView:(UITableView*)tableView heightForHeaderInSection:(NSInteger)section;
 - (UIView*)tableView:(UITableView*)tableView viewForHeaderInSection:(NSInteger)section;
+- (CGFloat)tableView:(UITableView*)tableView heightForFooterInSection:(NSInteger)section;
+- (UIView*)tableView:(UITableView*)tableView viewForFooterInSection:(NSInteger)section;
 - (void)tableView:(UITableView*)tableView
       willDisplayCell:(UITableViewCell*)cell
     forRowAtIndexPath:(NSIndexPath*)indexPath;
 - (void)tableView:(UITableView*)tableView didSelectRowAtIndexPath:(NSIndexPath*)indexPath;
 - (UITableViewCellEditingStyle)tableView:(UITableView*)tableView editingStyleForRowAtIndexPath:(NSIndexPath*)indexPath;
 @end
+
+// What a delegate returns for a header or footer that is to be as high as its title wants it.
+CG_EXTERN const CGFloat UITableViewAutomaticDimension;
 
 // A list of rows in sections. Only the rows in sight have cells; a cell that leaves goes to the pool of its reuse
 // identifier and is handed out again. Systems 7 to 10 put the cells into a UITableViewWrapperView.
@@ -67,6 +73,7 @@ typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
     NSMutableDictionary* _cellClasses;
     NSMutableDictionary* _cells;
     NSMutableDictionary* _headers;
+    NSMutableDictionary* _footers;
     UIView* _wrapperView;
     UIView* _tableHeaderView;
     UIView* _tableFooterView;
@@ -85,8 +92,9 @@ typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
 @property (nonatomic, readonly) UITableViewStyle style;
 @property (nonatomic, assign) id<UITableViewDataSource> dataSource;
 @property (nonatomic, assign) id<UITableViewDelegate> delegate;
-@property (nonatomic) CGFloat rowHeight;            // 44 at first
-@property (nonatomic) CGFloat sectionHeaderHeight;  // of headers with a title, unless the delegate says otherwise
+@property (nonatomic) CGFloat rowHeight;  // 44 at first
+// Of headers with a title, unless the delegate says otherwise; a grouped table's first is higher.
+@property (nonatomic) CGFloat sectionHeaderHeight;
 @property (nonatomic) UITableViewCellSeparatorStyle separatorStyle;
 @property (nonatomic, retain) UIColor* separatorColor;
 @property (nonatomic) UIEdgeInsets separatorInset;
@@ -108,7 +116,6 @@ typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
 - (NSInteger)numberOfSections;
 - (NSInteger)numberOfRowsInSection:(NSInteger)section;
 - (CGRect)rectForRowAtIndexPath:(NSIndexPath*)indexPath;
-- (CGRect)rectForHeaderInSection:(NSInteger)section;
 - (NSIndexPath*)indexPathForRowAtPoint:(CGPoint)point;  // nil between rows; +0
 - (NSArray*)indexPathsForRowsInRect:(CGRect)rect;       // +0
 
@@ -118,12 +125,25 @@ typedef NS_ENUM(NSInteger, UITableViewRowAnimation) {
 
 @end
 
+@interface UITableView (UITableViewHeaders)
+
+- (CGRect)rectForHeaderInSection:(NSInteger)section;
+- (CGRect)rectForFooterInSection:(NSInteger)section;
+
+@end
+
 @interface UITableView (UITableViewCells)
 
 - (NSIndexPath*)indexPathForCell:(UITableViewCell*)cell;            // nil for a cell out of sight; +0
 - (UITableViewCell*)cellForRowAtIndexPath:(NSIndexPath*)indexPath;  // nil for a row out of sight; +0
 - (NSArray*)visibleCells;                                           // from the top down; +0
 - (NSArray*)indexPathsForVisibleRows;                               // from the top down; +0
+
+// A row out of sight has no cell to show it, and shows nothing later either.
+- (void)selectRowAtIndexPath:(NSIndexPath*)indexPath
+                    animated:(BOOL)animated
+              scrollPosition:(UITableViewScrollPosition)position;
+- (void)deselectRowAtIndexPath:(NSIndexPath*)indexPath animated:(BOOL)animated;
 
 // A cell from the pool, prepared for reuse, or nil. +0.
 - (id)dequeueReusableCellWithIdentifier:(NSString*)identifier;

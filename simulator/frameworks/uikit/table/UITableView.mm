@@ -50,6 +50,7 @@ BOOL wrapsCells() {
         _cellClasses = [[NSMutableDictionary alloc] init];
         _cells = [[NSMutableDictionary alloc] init];
         _headers = [[NSMutableDictionary alloc] init];
+        _footers = [[NSMutableDictionary alloc] init];
         _rowHeight = 44;
         _sectionHeaderHeight = style == UITableViewStyleGrouped ? 38 : uikit::systemMajorVersion() >= 8 ? 28 : 22;
         _separatorStyle = UITableViewCellSeparatorStyleSingleLine;
@@ -73,6 +74,7 @@ BOOL wrapsCells() {
     [_cellClasses release];
     [_cells release];
     [_headers release];
+    [_footers release];
     [_wrapperView release];
     [_tableHeaderView release];
     [_tableFooterView release];
@@ -154,8 +156,7 @@ BOOL wrapsCells() {
 - (void)reloadData {
     [self _requireThread:_cmd];
     [self _recycleAllCells];
-    for (UIView* header in [_headers allValues]) [header removeFromSuperview];
-    [_headers removeAllObjects];
+    [self _forgetHeaders];
     [self _forgetRows];
 }
 

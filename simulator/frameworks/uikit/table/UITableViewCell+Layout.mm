@@ -4,7 +4,7 @@
 #include "simulator/frameworks/uikit/graphics/UIImage.h"
 #include "simulator/frameworks/uikit/graphics/UIScreen.h"
 #include "simulator/frameworks/uikit/graphics/device_traits.h"
-#include "simulator/frameworks/uikit/table/UITableViewCell.h"
+#include "simulator/frameworks/uikit/table/UITableViewCell+Private.h"
 #include "simulator/frameworks/uikit/table/UITableViewCellParts.h"
 #include "simulator/frameworks/uikit/view/UIImageView.h"
 #include "simulator/frameworks/uikit/view/UILabel.h"
@@ -173,11 +173,13 @@ void layOutValue2(UILabel* text, UILabel* detail, const TextArea& area) {
 }
 
 - (void)_layOutSeparator {
-    if (!_separatorView) return;
     const CGSize room = [self bounds].size;
-    const CGFloat left = _separatorInset.left + [self _editShift];
-    [self _place:_separatorView
-              at:CGRectMake(left, room.height - hairline(), room.width - left - _separatorInset.right, hairline())];
+    [_topLineView setFrame:CGRectMake(0, 0, room.width, hairline())];
+    if (!_separatorView) return;
+    const BOOL wholeWidth = (_sectionEdges & UITableViewCellLastOfSection) != 0;
+    const CGFloat left = wholeWidth ? 0 : _separatorInset.left + [self _editShift];
+    const CGFloat right = wholeWidth ? 0 : _separatorInset.right;
+    [self _place:_separatorView at:CGRectMake(left, room.height - hairline(), room.width - left - right, hairline())];
 }
 
 @end

@@ -19,6 +19,17 @@
     [self setNeedsLayout];
 }
 
+- (void)_setSectionEdges:(UITableViewCellSectionEdges)edges {
+    _sectionEdges = edges;
+    if (edges & UITableViewCellFirstOfSection && !_topLineView) {
+        _topLineView = [[UIView alloc] initWithFrame:CGRectZero];
+        [[_contentView superview] addSubview:_topLineView];
+    }
+    [_topLineView setBackgroundColor:[_separatorView backgroundColor]];
+    [_topLineView setHidden:!(edges & UITableViewCellFirstOfSection)];
+    [self setNeedsLayout];
+}
+
 - (void)_setTableSeparatorInset:(UIEdgeInsets)inset {
     if (_hasOwnSeparatorInset) return;
     [self setSeparatorInset:inset];

@@ -22,6 +22,8 @@
     UIView* _accessoryView;
     UIView* _defaultAccessory;
     UIView* _separatorView;
+    UIView* _topLineView;
+    NSUInteger _sectionEdges;
     UIView* _backgroundView;
     UIView* _selectedBackgroundView;
     UITableViewCellEditControl* _editControl;

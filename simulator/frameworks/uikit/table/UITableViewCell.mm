@@ -79,6 +79,7 @@ LabelLook lookOf(UITableViewCellStyle style) {
     [_accessoryView release];
     [_defaultAccessory release];
     [_separatorView release];
+    [_topLineView release];
     [_backgroundView release];
     [_selectedBackgroundView release];
     [_editControl release];

@@ -13,7 +13,13 @@
 - (UITableViewRowMap&)_rowMap;
 // Marks the rows stale without touching the cells.
 - (void)_forgetRows;
+- (const UITableViewRowMap::Section&)_section:(NSInteger)section;
+// What the section's title or the delegate asks for; 0 for none.
+- (CGFloat)_headerHeightOf:(NSInteger)section;
+- (CGFloat)_footerHeightOf:(NSInteger)section;
+// Gives the headers and footers in sight their views.
 - (void)_askForHeaders;
+- (void)_forgetHeaders;
 // Gives every row in sight a cell and takes the others' away.
 - (void)_updateCells;
 - (void)_recycleAllCells;

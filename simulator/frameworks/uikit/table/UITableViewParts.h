@@ -9,14 +9,21 @@
 @interface UITableViewWrapperView : UIView
 @end
 
-// A section's title on a grey bar.
+typedef NS_ENUM(NSInteger, UITableViewTitleKind) {
+    UITableViewTitleOnBar,      // of a plain table's section, on a grey bar
+    UITableViewTitleOfGroup,    // small grey capitals, at the bottom
+    UITableViewTextBelowGroup,  // small grey text of as many lines as it takes, at the top
+};
+
+// What is written above or below a section.
 @interface UITableViewHeaderFooterView : UIView {
   @private
+    UITableViewTitleKind _kind;
     UILabel* _textLabel;
     CGFloat _inset;
 }
 @property (nonatomic, readonly) UILabel* textLabel;
-- (instancetype)initWithTitle:(NSString*)title grouped:(BOOL)grouped inset:(CGFloat)inset;
+- (instancetype)initWithTitle:(NSString*)title kind:(UITableViewTitleKind)kind inset:(CGFloat)inset;
 @end
 
 // The column of section titles at the table's trailing edge.

@@ -6,6 +6,13 @@
 #include "simulator/frameworks/uikit/graphics/UIColor.h"
 #include "simulator/frameworks/uikit/view/UILabel.h"
 
+namespace {
+
+// Around the text below a group.
+constexpr CGFloat kAboveText = 7, kBelowText = 7;
+
+}  // namespace
+
 @implementation UITableViewWrapperView
 @end
 
@@ -13,19 +20,24 @@
 
 @synthesize textLabel = _textLabel;
 
-- (instancetype)initWithTitle:(NSString*)title grouped:(BOOL)grouped inset:(CGFloat)inset {
+- (instancetype)initWithTitle:(NSString*)title kind:(UITableViewTitleKind)kind inset:(CGFloat)inset {
     self = [super initWithFrame:CGRectZero];
     if (self) {
+        _kind = kind;
         _inset = inset;
         _textLabel = [[UILabel alloc] initWithFrame:CGRectZero];
-        [_textLabel setText:grouped ? [title uppercaseString] : title];
+        [_textLabel setText:kind == UITableViewTitleOfGroup ? [title uppercaseString] : title];
         [_textLabel setTextAlignment:NSTextAlignmentNatural];
-        if (grouped) {
-            [_textLabel setFont:[UIFont systemFontOfSize:13]];
-            [_textLabel setTextColor:[UIColor colorWithRed:0.427 green:0.427 blue:0.447 alpha:1]];
-        } else {
+        if (kind == UITableViewTitleOnBar) {
             [_textLabel setFont:[UIFont boldSystemFontOfSize:15]];
             [self setBackgroundColor:[UIColor colorWithWhite:247 / 255.0 alpha:1]];
+        } else {
+            [_textLabel setFont:[UIFont systemFontOfSize:13]];
+            [_textLabel setTextColor:[UIColor colorWithRed:0.427 green:0.427 blue:0.447 alpha:1]];
+        }
+        if (kind == UITableViewTextBelowGroup) {
+            [_textLabel setNumberOfLines:0];
+            [_textLabel setLineBreakMode:NSLineBreakByWordWrapping];
         }
         [self addSubview:_textLabel];
     }
@@ -37,13 +49,25 @@
     [super dealloc];
 }
 
+- (CGFloat)_textHeightForWidth:(CGFloat)width {
+    return std::ceil([_textLabel sizeThatFits:CGSizeMake(width - 2 * _inset, 0)].height);
+}
+
+- (CGSize)sizeThatFits:(CGSize)size {
+    return CGSizeMake(size.width, [self _textHeightForWidth:size.width] + kAboveText + kBelowText);
+}
+
+- (CGFloat)_topOfText:(CGFloat)height {
+    const CGFloat room = [self bounds].size.height;
+    if (_kind == UITableViewTextBelowGroup) return kAboveText;
+    return _kind == UITableViewTitleOfGroup ? room - height - 6 : std::floor((room - height) / 2);
+}
+
 - (void)layoutSubviews {
     [super layoutSubviews];
-    const CGSize size = [self bounds].size;
-    const CGFloat height = [_textLabel sizeThatFits:size].height;
-    const BOOL grouped = [self backgroundColor] == nil;
-    [_textLabel setFrame:CGRectMake(_inset, grouped ? size.height - height - 6 : std::floor((size.height - height) / 2),
-                                    size.width - 2 * _inset, height)];
+    const CGFloat width = [self bounds].size.width;
+    const CGFloat height = [self _textHeightForWidth:width];
+    [_textLabel setFrame:CGRectMake(_inset, [self _topOfText:height], width - 2 * _inset, height)];
 }
 
 @end

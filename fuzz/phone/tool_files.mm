@@ -6,25 +6,27 @@
 
 #include "fuzz/phone/target.h"
 #include "simulator/maker/calls/call_file.h"
-#include "simulator/maker/contacts/vcard_import.h"
+#include "simulator/maker/contacts/contact_files.h"
 #include "simulator/runtime/process/device.h"
 
 namespace fuzz {
 
 void vcards(Bytes input) {
     root().write("/tmp/contacts.vcf", text(input));
-    phone::Result<maker::ImportedContacts> contacts = maker::importVCards(root().host("/tmp/contacts.vcf"));
+    phone::Result<maker::ImportedContacts> contacts = maker::importContacts({root().host("/tmp/contacts.vcf")}, {});
     if (!contacts) {
         if (phone::problemOf(contacts).empty()) fail("a failure that does not say why");
         return;
     }
-    if (contacts->persons.empty()) fail("neither contacts nor a failure");
-    for (const maker::Person& person : contacts->persons) (void)person.displayName();
+    if (contacts->persons.empty() && contacts->findings.empty()) fail("neither contacts nor a failure");
+    for (const maker::ImportedPerson& found : contacts->persons) (void)found.person.displayName();
 }
 
 void calls(Bytes input) {
     root().write("/tmp/calls.csv", text(input));
-    phone::Result<std::vector<maker::WrittenCall>> calls = maker::readCallFile(root().host("/tmp/calls.csv"), 1e9);
+    maker::Findings findings;
+    const phone::Result<std::vector<maker::WrittenCall>> calls =
+        maker::readCallFile(root().host("/tmp/calls.csv"), {1e9, {}}, findings);
     if (!calls) {
         if (phone::problemOf(calls).empty()) fail("a failure that does not say why");
         return;

@@ -5,14 +5,19 @@
 #include <algorithm>
 #include <cctype>
 #include <chrono>
+#include <cmath>
 #include <system_error>
 
+#include "simulator/maker/backup/backup.h"
 #include "simulator/maker/calls/call_file.h"
 #include "simulator/maker/calls/call_history.h"
 #include "simulator/maker/calls/favorites.h"
+#include "simulator/maker/common/property_list_file.h"
+#include "simulator/maker/common/read_file.h"
 #include "simulator/maker/contacts/address_book_builder.h"
+#include "simulator/maker/contacts/call_records.h"
+#include "simulator/maker/contacts/contact_files.h"
 #include "simulator/maker/contacts/generated_book.h"
-#include "simulator/maker/contacts/vcard_import.h"
 #include "simulator/maker/database/adopt.h"
 #include "simulator/maker/database/database.h"
 #include "simulator/maker/database/schema.h"
@@ -99,8 +104,12 @@ class Workshop {
 };
 
 Status checkOptions(const RootOptions& options) {
-    int sources = !options.contacts.empty() + !options.addressBook.empty() + (options.contactsCount != 0);
-    if (sources > 1) return failure("give contacts as a vCard file, as a count or as a phone's database: only one");
+    const int sources = !options.contacts.empty() + !options.addressBook.empty() + (options.contactsCount != 0) +
+                        !options.backup.empty();
+    if (sources > 1)
+        return failure("give contacts as files, as a count, as a phone's database or as a backup: only one");
+    if (!options.backup.empty() && !options.calls.empty())
+        return failure("a backup has calls of its own: give no others");
     if (options.contactsCount < 0) return failure("a number of contacts cannot be negative");
     if (!options.images.empty() && options.addressBook.empty()) {
         return failure("a phone's images belong to its address book: give that, too");
@@ -125,54 +134,121 @@ Status checkPlace(const RootOptions& options, const fs::path& root) {
     return failure(root.string() + ": exists and is not a phone root; it is left as it is");
 }
 
-Status writeDeviceFile(const RootOptions& options, const fs::path& root) {
-    std::optional<phone::Device> device =
-        options.device.empty() ? phone::Device{} : phone::deviceFromProfile(options.device);
-    if (!device) {
-        std::string known;
-        for (const phone::DeviceProfile& profile : phone::deviceProfiles()) known += "\n  " + std::string(profile.id);
-        return failure("there is no device profile \"" + options.device + "\"; there are:" + known);
+// What the options say of it; `device` is what it is without them.
+Status writeDeviceFile(const RootOptions& options, phone::Device device, const fs::path& root) {
+    if (!options.device.empty()) {
+        const std::optional<phone::Device> profile = phone::deviceFromProfile(options.device);
+        if (!profile) {
+            std::string known;
+            for (const phone::DeviceProfile& each : phone::deviceProfiles()) known += "\n  " + std::string(each.id);
+            return failure("there is no device profile \"" + options.device + "\"; there are:" + known);
+        }
+        const phone::Device before = std::exchange(device, *profile);
+        device.region = before.region;
+        device.language = before.language;
     }
-    device->rightToLeft = options.rightToLeft;
-    if (!options.region.empty()) device->region = options.region;
-    if (!options.processor.empty()) device->processor = options.processor;
-    if (!options.language.empty()) device->language = options.language;
-    return phone::writeDevice(root, *device);
+    device.rightToLeft = options.rightToLeft;
+    if (!options.region.empty()) device.region = options.region;
+    if (!options.processor.empty()) device.processor = options.processor;
+    if (!options.language.empty()) device.language = options.language;
+    return phone::writeDevice(root, device);
+}
+
+// Whether a database of calls is a store: its tables' names stand in it, or in its log, as they are written.
+bool holdsCallStore(const fs::path& file) {
+    for (const char* suffix : {"", "-wal"}) {
+        const Result<std::string> bytes = readFile(file.string() + suffix);
+        if (bytes && bytes->find("ZCALLRECORD") != std::string::npos) return true;
+    }
+    return false;
 }
 
 // One root in the making.
 struct Making {
-    const RootOptions& options;
+    RootOptions options;
     const Progress& progress;
     fs::path root;
     double now;
     RootReport report;
+    phone::Device device;
+    // Those of a text file, and of a database that this phone keeps in another shape, are added as calls.
+    std::vector<WrittenCall> calls;
+    fs::path favorites;  // a property list that is taken over; empty: they are made from the calls
 
-    std::string region() const { return options.region.empty() ? phone::Device{}.region : options.region; }
+    fs::path workplace() const { return root / "private/var/tmp/backup"; }
+
+    // A backup stands for the options that it gives.
+    Status openBackup() {
+        if (options.backup.empty()) return {};
+        return readBackup(options.backup, workplace(), report.findings).map([&](Backup backup) {
+            options.addressBook = std::move(backup.addressBook);
+            options.images = options.addressBook.empty() ? fs::path() : std::move(backup.images);
+            options.calls = std::move(backup.calls);
+            options.noCalls = true;
+            favorites = std::move(backup.favorites);
+            device = std::move(backup.device);
+        });
+    }
+
+    Status addFavorites() {
+        if (favorites.empty()) return writeFavorites(root);
+        const Result<PropertyList> list = readPropertyListFile(favorites);
+        if (!list) return failure(list);
+        std::error_code error;
+        fs::copy_file(favorites, favoritesPath(root), fs::copy_options::overwrite_existing, error);
+        if (error) return failure(favorites.string() + ": cannot be copied: " + error.message());
+        fs::permissions(favoritesPath(root), fs::perms::owner_write, fs::perm_options::add, error);
+        return {};
+    }
 
     Status adopt() {
-        const std::pair<const fs::path&, const DatabaseShape&> adopted[] = {
-            {options.addressBook, addressBookShape()}, {options.images, imagesShape()}, {options.calls, callsShape()}};
+        const std::pair<const fs::path&, const DatabaseShape&> adopted[] = {{options.addressBook, addressBookShape()},
+                                                                            {options.images, imagesShape()}};
         for (const auto& [file, shape] : adopted) {
             if (file.empty()) continue;
-            if (&file == &options.calls && isCallFile(file)) continue;
             Status copied = adoptDatabase(file, shape, root / shape.path, progress);
             if (!copied) return copied;
         }
         return {};
     }
 
+    // Before anything that takes long: a mistake in a file should show at once.
+    Status readCalls() {
+        if (options.calls.empty() || !isCallFile(options.calls)) return {};
+        return readCallFile(options.calls, {now, options.charset}, report.findings, progress)
+            .map([&](std::vector<WrittenCall> written) { calls = std::move(written); });
+    }
+
+    Status adoptCalls() {
+        if (options.calls.empty() || isCallFile(options.calls)) return {};
+        const DatabaseShape& given = holdsCallStore(options.calls) ? callStoreShape() : callHistoryShape();
+        const DatabaseShape& kept = callsShape(device);
+        const fs::path copy = root / given.path;
+        Status copied = adoptDatabase(options.calls, given, copy, progress);
+        if (!copied || &given == &kept) return copied;
+        return Database::openToRead(copy)
+            .and_then([](const Database& database) { return readCallRecords(database); })
+            .map([&](std::vector<Call> records) {
+                for (Call& call : records) calls.push_back({std::move(call), false});
+                std::error_code error;
+                fs::remove(copy, error);
+            });
+    }
+
     Status addImported(AddressBookBuilder& builder) {
-        Result<ImportedContacts> imported = importVCards(options.contacts, progress);
+        Result<ImportedContacts> imported =
+            importContacts(options.contacts, {options.charset, options.photos}, progress);
         if (!imported) return failure(imported);
-        report.warnings = std::move(imported->warnings);
+        Findings& findings = report.findings;
+        findings.insert(findings.end(), imported->findings.begin(), imported->findings.end());
         long done = 0;
-        for (Person& person : imported->persons) {
-            person.created = person.modified = now - kAddressBookEpoch;
+        for (ImportedPerson& found : imported->persons) {
+            Person& person = found.person;
+            person.created = person.modified = std::floor(now - kAddressBookEpoch);
             Result<int> contact = builder.addPerson(person);
             if (!contact && !person.photo.empty()) {
-                report.warnings.push_back(options.contacts.string() + ": " + person.displayName() +
-                                          " goes without photo: " + contact.error().message);
+                findings.push_back({FindingKind::photo, found.file, found.line,
+                                    person.displayName() + " goes without photo: " + contact.error().message});
                 person.photo.clear();
                 contact = builder.addPerson(person);
             }
@@ -185,7 +261,8 @@ struct Making {
     Status addContacts(AddressBookBuilder& builder) {
         if (!options.contacts.empty()) return addImported(builder);
         if (options.contactsCount == 0) return {};
-        return addGeneratedContacts(builder, options.contactsCount, options.seed, now - kAddressBookEpoch, progress)
+        return addGeneratedContacts(builder, options.contactsCount, options.seed, std::floor(now - kAddressBookEpoch),
+                                    progress)
             .map([](long /*pictures*/) {});
     }
 
@@ -195,20 +272,14 @@ struct Making {
             if (options.noCalls) return {};
             return addGeneratedCalls(builder, root, now, options.seed).map(forgetCount);
         }
-        if (!isCallFile(options.calls)) return {};
-        return readCallFile(options.calls, now, progress)
-            .and_then([&](const std::vector<WrittenCall>& written) {
-                return addWrittenCalls(builder, root, written, region(), progress);
-            })
-            .map(forgetCount);
+        return addWrittenCalls(builder, root, calls, device.region, progress).map(forgetCount);
     }
 
     Status count() {
         const std::tuple<const DatabaseShape&, const char*, long&> counts[] = {
             {addressBookShape(), "SELECT count(*) FROM ABPerson", report.contacts},
             {imagesShape(), "SELECT count(DISTINCT record_id) FROM ABThumbnailImage WHERE length(data)",
-             report.pictures},
-            {callsShape(), "SELECT count(*) FROM call", report.calls}};
+             report.pictures}};
         for (const auto& [shape, sql, result] : counts) {
             Result<Database> database = Database::openToRead(root / shape.path);
             if (!database) return failure(database);
@@ -216,7 +287,9 @@ struct Making {
             if (!statement.step()) return statement.status();
             result = statement.integer(0);
         }
-        return {};
+        return Database::openToRead(root / callsShape(device).path)
+            .and_then([](const Database& database) { return countCallRecords(database); })
+            .map([&](long found) { report.calls = found; });
     }
 
     // The calls' callers are looked up in what was written before them.
@@ -234,16 +307,25 @@ struct Making {
 
     Status fill() {
         return makeFolders(root)
-            .and_then([&] { return writeDeviceFile(options, root); })
+            .and_then([&] { return openBackup(); })
+            .and_then([&] { return writeDeviceFile(options, device, root); })
+            .and_then([&] { return phone::readDevice(root); })
+            .map([&](phone::Device written) { device = std::move(written); })
             .and_then([&] { return installExtension(root, options.extension); })
+            .and_then([&] { return readCalls(); })
             .and_then([&] { return adopt(); })
+            .and_then([&] { return adoptCalls(); })
             .and_then([&] {
                 reportGoingOn(progress);
                 return addContactsAndCalls();
             })
-            .and_then([&] { return writeFavorites(root); })
+            .and_then([&] { return addFavorites(); })
             .and_then([&] { return count(); })
-            .map([&] { reportGoingOn(progress); });
+            .map([&] {
+                std::error_code error;
+                fs::remove_all(workplace(), error);
+                reportGoingOn(progress);
+            });
     }
 };
 
@@ -266,7 +348,8 @@ Result<RootReport> makeRoot(const RootOptions& options, const Progress& progress
         .and_then([&] { return checkPlace(options, root); })
         .and_then([&] { return Workshop::beside(root); })
         .and_then([&](Workshop workshop) {
-            Making making{options, progress, workshop.path(), options.now > 0 ? options.now : present(), {}};
+            Making making{options, progress, workshop.path(), options.now > 0 ? options.now : present(), {}, {},
+                          {},      {}};
             return making.fill().and_then([&] { return workshop.moveTo(root); }).map([&] { return making.report; });
         });
 }

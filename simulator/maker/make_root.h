@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/maker/common/findings.h"
 #include "simulator/maker/common/progress.h"
 #include "simulator/maker/common/result.h"
 #include "simulator/maker/install/install.h"
@@ -17,19 +18,27 @@ struct RootOptions {
     bool force = false;  // replace an existing root
 
     // Where the address book comes from: at most one of these three; none makes an empty book.
-    std::filesystem::path contacts;     // a vCard file
-    int contactsCount = 0;              // a generated book of that many contacts
-    std::filesystem::path addressBook;  // AddressBook.sqlitedb of a phone
+    std::vector<std::filesystem::path> contacts;  // files of contacts and folders of them (contact_files.h)
+    int contactsCount = 0;                        // a generated book of that many contacts
+    std::filesystem::path addressBook;            // AddressBook.sqlitedb of a phone
+
+    // The folder of a phone's unencrypted backup (backup.h), in place of all other contacts, calls and the device.
+    std::filesystem::path backup;
+
+    std::string charset;  // what bytes of contacts and calls are of which a file says nothing; empty: not known
+    std::filesystem::path
+        photos;  // a folder outside of that of the contacts from which they may take pictures; or empty
 
     std::filesystem::path images;  // AddressBookImages.sqlitedb of a phone; only with addressBook
-    // call_history.db of a phone, or a text file of calls (.csv or .txt; see call_file.h). Left out: calls are made up
-    // from the book.
+    // call_history.db or CallHistory.storedata of a phone, or a text file of calls (call_file.h). Left out: calls are
+    // made up from the book. A database of the kind that this device's system does not keep is rewritten into the
+    // other.
     std::filesystem::path calls;
     bool noCalls = false;  // an empty call history when `calls` is left out
 
     std::string device;        // a profile's name (device_profiles.h); empty: "iphone6-8.4"
     std::string region;        // ISO 3166 country in which numbers without country code are; empty: "US"
-    std::string language;      // of the interface, such as "de" or "zh-Hans"; empty: "en"
+    std::string language;      // of the interface, by which names are sorted ("de", "zh-Hant"); empty: "en"
     bool rightToLeft = false;  // the interface's layout direction
     std::string processor;     // what its processes are built for (processor.h); empty: what this program is
 
@@ -43,8 +52,7 @@ struct RootReport {
     long contacts = 0;
     long pictures = 0;
     long calls = 0;
-    std::vector<std::string>
-        warnings;  // what was left out and why: "contacts.vcf: Ann Lee: photo ... is not a picture"
+    Findings findings;  // what was left out or mended, and why
 };
 
 // Makes a root. It is built in a temporary directory beside its place and moved there at the end: on failure nothing is

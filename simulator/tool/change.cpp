@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "simulator/runtime/notifications/notification_log.h"
 #include "simulator/tool/completion.h"
@@ -59,6 +60,39 @@ void addSet(CLI::App& app) {
         phone::require(setSwitch(root, known.key, change->state == "on").and_then([&] {
             return phone::postNotification(root, known.notification);
         }));
+    });
+}
+
+void addGet(CLI::App& app) {
+    struct Question {
+        std::string root, key;
+        bool json = false;
+    };
+    auto question = std::make_shared<Question>();
+    CLI::App* verb = app.add_subcommand("get", "Print a setting of a phone, or all");
+    verb->add_option("ROOT", question->root, "The phone")->required()->type_name(kDirectory);
+    verb->add_option("KEY", question->key, "The setting, see below; all when left out")->check(offered(keys()));
+    verb->add_flag("--json", question->json, "As JSON; null for what is not set");
+    verb->footer("Settings:" + keyList() +
+                 "\n\nA setting that the file does not have is \"unset\": the library takes its default.\n\n"
+                 "Examples:\n  phonesim get phone\n  phonesim get phone ZelkaCBEnabledRoundedPictures");
+    verb->callback([question] {
+        if (!question->key.empty()) findSwitch(question->key);
+        requireRoot(question->root);
+        nlohmann::ordered_json json;
+        for (const Switch& known : kSwitches) {
+            if (!question->key.empty() && question->key != known.key) continue;
+            const std::optional<bool> on = readSwitch(std::filesystem::canonical(question->root), known.key).value();
+            json[known.key] = on ? nlohmann::ordered_json(*on) : nlohmann::ordered_json();
+        }
+        if (question->json) {
+            std::printf("%s\n", json.dump(2).c_str());
+            return;
+        }
+        for (const auto& [key, value] : json.items()) {
+            const char* const state = value.is_null() ? "unset" : (value.get<bool>() ? "on" : "off");
+            std::printf("%s%s%s\n", question->key.empty() ? key.c_str() : "", question->key.empty() ? " " : "", state);
+        }
     });
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "simulator/maker/database/check_database.h"
+#include "simulator/runtime/process/device.h"
 #include "simulator/tool/built_extension.h"
 #include "simulator/tool/places.h"
 #include "simulator/tool/verbs.h"
@@ -51,7 +52,10 @@ std::unique_ptr<hosts::HostProcess> startHost(hosts::HostKind kind, const fs::pa
 }
 
 void warnOfDamage(const fs::path& root) {
-    for (const maker::DatabaseShape* shape : maker::databaseShapes()) {
+    const phone::Result<phone::Device> device = phone::readDevice(root);
+    // A host refuses such a phone in its own words.
+    if (!device) return;
+    for (const maker::DatabaseShape* shape : maker::databaseShapes(*device)) {
         const phone::Status sound = maker::checkDatabase(root / shape->path, *shape);
         if (!sound) std::fprintf(stderr, "phonesim: %s\n", sound.error().message.c_str());
     }

@@ -1,6 +1,7 @@
 // phonesim: makes stand-in phones and looks at them.
 #include <cstdio>
 #include <exception>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,14 +23,6 @@ void requireFile(const std::filesystem::path& file) {
     if (!std::filesystem::is_regular_file(file)) throw Problem(file.string() + ": is not a file");
 }
 
-}  // namespace tool
-
-namespace {
-
-constexpr const char* kVersion = "phonesim " ZELKA_VERSION;
-constexpr int kFailure = 1;
-constexpr int kMisuse = 2;
-
 // The parser would only miss a verb, and not say which word it took for none.
 void requireKnownVerb(const CLI::App& app, const std::string& word) {
     std::string verbs;
@@ -39,6 +32,35 @@ void requireKnownVerb(const CLI::App& app, const std::string& word) {
     }
     throw CLI::ParseError("there is no verb \"" + word + "\"; there are: " + verbs, CLI::ExitCodes::ExtrasError);
 }
+
+void addHelp(CLI::App& app) {
+    auto wanted = std::make_shared<std::string>();
+    std::vector<std::string> verbs;
+    for (const CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; }))
+        verbs.push_back(verb->get_name());
+    CLI::App* verb = app.add_subcommand("help", "Tell more about a verb, with examples");
+    verb->add_option("VERB", *wanted, "The verb; all in short when left out")->check(offered(verbs));
+    verb->footer("Example:\n  phonesim help new");
+    verb->callback([&app, wanted] {
+        const CLI::App* about = &app;
+        std::string name = app.get_name();
+        if (!wanted->empty()) {
+            requireKnownVerb(app, *wanted);
+            about = app.get_subcommand(*wanted);
+            name += " " + *wanted;
+        }
+        // App::help() would be that of the verb that is carried out.
+        std::fputs(about->get_formatter()->make_help(about, name, CLI::AppFormatMode::Normal).c_str(), stdout);
+    });
+}
+
+}  // namespace tool
+
+namespace {
+
+constexpr const char* kVersion = "phonesim " ZELKA_VERSION;
+constexpr int kFailure = 1;
+constexpr int kMisuse = 2;
 
 // What no user types: the shells' completion asks with the first, the build makes the manual page with the second.
 bool doneForOthers(CLI::App& app, const std::vector<std::string>& arguments) {
@@ -60,24 +82,23 @@ int run(int argc, char** argv) {
     app.set_version_flag("--version", kVersion);
     app.require_subcommand(1);
     app.footer(
-        "\"phonesim VERB --help\" tells more about each, with examples.\n"
+        "\"phonesim help VERB\" or \"phonesim VERB --help\" tells more about each, with examples.\n"
         "Exit status: 0 done, 1 something went wrong, 2 the command line is wrong.\n"
         "\n"
         "Environment:\n"
         "  PHONESIM_HOSTS          the folder of the host programs, if it is not the one beside phonesim\n"
         "  PHONESIM_RANDOM         a number that takes the place of chance, for pictures that come out the same\n"
         "  PHONESIM_NOTIFICATIONS  \"watcher\" delivers Darwin notifications on a thread of their own");
-    tool::addNew(app);
-    tool::addShot(app);
-    tool::addRun(app);
-    tool::addLog(app);
-    tool::addSet(app);
-    tool::addNotify(app);
-    tool::addEdit(app);
-    tool::addInstall(app);
+    for (const auto add : {tool::addNew, tool::addList, tool::addInfo, tool::addShot, tool::addRun, tool::addLog,
+                           tool::addGet, tool::addSet, tool::addNotify, tool::addAdd, tool::addEdit, tool::addFavorite,
+                           tool::addCall, tool::addInstall, tool::addClone, tool::addDelete, tool::addHelp})
+        add(app);
+    app.failure_message([](const CLI::App*, const CLI::Error& error) {
+        return std::string("phonesim: ") + error.what() + "\nphonesim: \"phonesim help\" tells what is expected\n";
+    });
     if (doneForOthers(app, {argv + 1, argv + argc})) return 0;
     try {
-        if (argc > 1 && argv[1][0] != '-') requireKnownVerb(app, argv[1]);
+        if (argc > 1 && argv[1][0] != '-') tool::requireKnownVerb(app, argv[1]);
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kMisuse;

@@ -11,6 +11,8 @@
 namespace tool {
 namespace {
 
+constexpr const char* kFile = "private/var/run/phonesim.lock";
+
 std::string holder(const phone::Descriptor& file) {
     char text[32];
     const ssize_t length = pread(file.get(), text, sizeof text, 0);
@@ -25,8 +27,13 @@ phone::Status writeHolder(const phone::Descriptor& file, const std::filesystem::
 
 }  // namespace
 
+bool RunLock::isHeld(const std::filesystem::path& root) {
+    const phone::Descriptor file(open((root / kFile).c_str(), O_RDONLY | O_CLOEXEC));
+    return file.isOpen() && flock(file.get(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
 phone::Result<RunLock> RunLock::take(const std::filesystem::path& root) {
-    const std::filesystem::path path = root / "private/var/run/phonesim.lock";
+    const std::filesystem::path path = root / kFile;
     std::error_code error;
     std::filesystem::create_directories(path.parent_path(), error);
     phone::Descriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644));

@@ -13,6 +13,8 @@ class RunLock {
   public:
     // Fails, naming the process, when the phone is being run already.
     static phone::Result<RunLock> take(const std::filesystem::path& root);
+    // Whether a process holds it now.
+    static bool isHeld(const std::filesystem::path& root);
 
   private:
     explicit RunLock(phone::Descriptor file) : file_(std::move(file)) {}

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "simulator/runtime/result.h"
@@ -12,5 +13,9 @@ namespace tool {
 // replaced as a whole, and programs that do so at the same time take turns. Fails, changing nothing, when the file
 // there is not a property list with a dictionary.
 [[nodiscard]] phone::Status setSwitch(const std::filesystem::path& root, const std::string& key, bool on);
+
+// Whether a switch is on; nothing when the file does not have it, or there is no file. Fails when the file there is not
+// a property list with a dictionary.
+phone::Result<std::optional<bool>> readSwitch(const std::filesystem::path& root, const std::string& key);
 
 }  // namespace tool

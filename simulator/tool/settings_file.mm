@@ -75,4 +75,15 @@ phone::Status setSwitch(const std::filesystem::path& root, const std::string& ke
     return lockFolder(file.parent_path()).and_then([&](const phone::Descriptor&) { return changeFile(file, key, on); });
 }
 
+phone::Result<std::optional<bool>> readSwitch(const std::filesystem::path& root, const std::string& key) {
+    @autoreleasepool {
+        const std::string file = phone::hostPath(kFile, root);
+        NSMutableDictionary* settings = readDictionary(file);
+        if (!settings) return phone::failure(file + ": is no property list with settings; remove it to start afresh");
+        id value = [settings objectForKey:[NSString stringWithUTF8String:key.c_str()]];
+        if (![value respondsToSelector:@selector(boolValue)]) return std::optional<bool>();
+        return std::optional<bool>([value boolValue]);
+    }
+}
+
 }  // namespace tool

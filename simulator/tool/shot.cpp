@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <regex>
 #include <string_view>
 
@@ -9,6 +10,7 @@
 #include "simulator/tool/built_extension.h"
 #include "simulator/tool/completion.h"
 #include "simulator/tool/host_start.h"
+#include "simulator/tool/picture_file.h"
 #include "simulator/tool/verbs.h"
 
 namespace tool {
@@ -35,20 +37,11 @@ struct Shot {
 
 void requireSense(const Shot& shot) {
     if (shot.isSettings() && shot.editing) throw Problem("the Settings app's pages have no editing mode");
-    if (shot.out.empty() && !shot.rowDetails) throw Problem("give --out FILE.png, --row-details, or both");
+    if (shot.out.empty() && !shot.rowDetails) throw Problem("give --out FILE, --row-details, or both");
+    if (shot.out == "-" && shot.rowDetails) throw Problem("--out -: standard output has the row details already");
     if ((shot.screen == "search") == shot.text.empty()) {
         throw Problem("the screen search needs a TEXT to search for, the others take none");
     }
-}
-
-// Where the picture goes: the file that a link leads to, not the link. A picture is put in place by renaming, which
-// would replace a device as readily as a file.
-fs::path placeOfPicture(const std::string& name) {
-    fs::path out = fs::weakly_canonical(fs::absolute(name));
-    if (fs::is_directory(out)) throw Problem(name + ": is a folder; name the picture to write in it");
-    if (fs::exists(out) && !fs::is_regular_file(out)) throw Problem(name + ": is no file that a picture could replace");
-    if (!fs::is_directory(out.parent_path())) throw Problem(out.parent_path().string() + ": there is no such folder");
-    return out;
 }
 
 std::string knownScreen(const std::string& name) {
@@ -81,16 +74,18 @@ nlohmann::json detailsOf(hosts::HostProcess& host, const Shot& shot) {
 void run(const Shot& shot) {
     requireRoot(shot.root);
     requireSense(shot);
-    const fs::path out = shot.out.empty() ? fs::path() : placeOfPicture(shot.out);
+    std::optional<PictureFile> picture;
+    if (!shot.out.empty()) picture.emplace(shot.out);
     const fs::path root = fs::absolute(shot.root);
     warnOfDamage(root);
     if (!shot.withoutExtension) warnOfStaleLibrary(root);
     const auto host = startHost(shot.kind(), root, shot.withoutExtension);
     showScreen(*host, shot);
     if (shot.rowDetails) std::printf("%s\n", detailsOf(*host, shot).dump(2).c_str());
-    if (!out.empty()) host->call({{"do", "shot"}, {"out", out.string()}});
+    if (picture) host->call({{"do", "shot"}, {"out", picture->drawn().string()}});
     const int status = host->quit();
     if (status != 0) throw Problem("the host ended with status " + std::to_string(status));
+    if (picture) picture->finish();
 }
 
 }  // namespace
@@ -104,7 +99,8 @@ void addShot(CLI::App& app) {
         ->check(offered({"recents", "missed", "favorites", "contacts", "search", "settings", "settings/zelkacb"}))
         ->check(knownScreen);
     verb->add_option("TEXT", shot->text, "What the screen search searches for");
-    verb->add_option("--out", shot->out, "The picture to write (PNG)")->type_name(kFile);
+    verb->add_option("--out", shot->out, "The picture to write: .png, .jpg or .webp, or - for standard output (PNG)")
+        ->type_name(kFile);
     verb->add_flag("--without-extension", shot->withoutExtension, "As the screen looks without the library");
     verb->add_flag("--row-details", shot->rowDetails,
                    "Print what each row shows, such as contact ID, picture source and frames, as JSON");
@@ -116,7 +112,7 @@ void addShot(CLI::App& app) {
     verb->footer(
         "Examples:\n"
         "  phonesim shot phone recents --out recents.png\n"
-        "  phonesim shot phone missed --out before.png --without-extension\n"
+        "  phonesim shot phone missed --out before.jpg --without-extension\n"
         "  phonesim shot phone recents --row-details --process springboard\n"
         "  phonesim shot phone settings/zelkacb --out settings.png");
     verb->callback([shot] { run(*shot); });

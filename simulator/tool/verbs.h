@@ -17,13 +17,23 @@ class Problem : public std::runtime_error {
 };
 
 void addNew(CLI::App& app);
+void addList(CLI::App& app);
+void addInfo(CLI::App& app);
 void addShot(CLI::App& app);
 void addRun(CLI::App& app);
 void addLog(CLI::App& app);
+void addGet(CLI::App& app);
 void addSet(CLI::App& app);
 void addNotify(CLI::App& app);
+void addAdd(CLI::App& app);
 void addEdit(CLI::App& app);
+void addFavorite(CLI::App& app);
+void addCall(CLI::App& app);
 void addInstall(CLI::App& app);
+void addClone(CLI::App& app);
+void addDelete(CLI::App& app);
+// Adds the verb that stands for --help of another, which is there already.
+void addHelp(CLI::App& app);
 
 // Throws unless the directory is a phone root.
 void requireRoot(const std::string& root);

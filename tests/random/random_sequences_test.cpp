@@ -5,6 +5,8 @@
 #include <functional>
 #include <random>
 
+#include "simulator/maker/database/schema.h"
+#include "simulator/runtime/process/device.h"
 #include "tests/phone/other_process.h"
 #include "tests/phone/phone_test.h"
 #include "tests/random/model.h"
@@ -48,6 +50,7 @@ class RandomSequences : public PhoneTest, public testing::WithParamInterface<int
     void fill(maker::AddressBookBuilder& book) override;
     void start();
     void reset();
+    std::string calls() const { return maker::callsShape(phone::readDevice(root_).value()).path; }
     void runSequence(int seed);
     std::string step(std::mt19937& random);
 
@@ -154,7 +157,7 @@ void RandomSequences::start() {
     set("ZelkaCBEnabled", true);
     phone_.switches = switches_;
     untouched_ = phone_;
-    for (const char* database : {kBookPath, kImagesPath, "private/var/wireless/Library/CallHistory/call_history.db"})
+    for (const std::string& database : {std::string(kBookPath), std::string(kImagesPath), calls()})
         std::filesystem::copy_file(host(database), host(database) + ".untouched");
     hosts::HostOptions fixed = options();
     fixed.environment.emplace_back("PHONESIM_RANDOM", "0");
@@ -171,7 +174,7 @@ void RandomSequences::start() {
 }
 
 void RandomSequences::reset() {
-    for (const char* database : {kBookPath, kImagesPath, "private/var/wireless/Library/CallHistory/call_history.db"}) {
+    for (const std::string& database : {std::string(kBookPath), std::string(kImagesPath), calls()}) {
         std::filesystem::copy_file(host(database) + ".untouched", host(database) + ".new");
         std::filesystem::rename(host(database) + ".new", host(database));
     }

@@ -1,6 +1,10 @@
 #import "simulator/frameworks/contacts_ui/ABMember.h"
 
+#include <string_view>
+#include <tuple>
+
 #include "simulator/frameworks/contacts_ui/member_list.h"
+#include "simulator/frameworks/contacts_ui/name_order.h"
 
 namespace {
 
@@ -15,20 +19,12 @@ NSString* sortKeyOf(NSString* first, NSString* last, NSString* shown) {
     return shown;
 }
 
-NSString* sectionOfKey(NSString* key) {
-    const unichar first = [key length] > 0 ? [key characterAtIndex:0] : 0;
-    return first >= 'a' && first <= 'z' ? [[key substringToIndex:1] uppercaseString] : @"#";
+std::string utf8(NSString* text) {
+    const char* bytes = [text UTF8String];
+    return bytes != nullptr ? bytes : "";
 }
 
-// "#" stands behind the letters.
-NSComparisonResult compareMembers(ABMember* a, ABMember* b, void*) {
-    const bool aNamed = ![[a sectionTitle] isEqualToString:@"#"];
-    const bool bNamed = ![[b sectionTitle] isEqualToString:@"#"];
-    if (aNamed != bNamed) return aNamed ? NSOrderedAscending : NSOrderedDescending;
-    const NSComparisonResult order = [[a sortKey] compare:[b sortKey] options:NSLiteralSearch];
-    if (order != NSOrderedSame) return order;
-    return [a recordID] < [b recordID] ? NSOrderedAscending : NSOrderedDescending;
-}
+NSComparisonResult compareMembers(ABMember* a, ABMember* b, void*) { return [a compare:b]; }
 
 }  // namespace
 
@@ -41,8 +37,11 @@ NSComparisonResult compareMembers(ABMember* a, ABMember* b, void*) {
         NSString* last = textOf(member.last);
         NSString* composite = ABUICompositeName(first, last);
         _name = [(composite != nil ? composite : textOf(member.otherName)) copy];
-        _sortKey = [ABUIFold(sortKeyOf(first, last, _name)) copy];
-        _sectionTitle = [sectionOfKey(_sortKey) copy];
+        const contacts_ui::NameOrder::Place place =
+            contacts_ui::deviceNameOrder().placeOf(utf8(sortKeyOf(first, last, _name)));
+        _section = place.section;
+        _sortKey = [[NSData alloc] initWithBytes:place.key.data() length:place.key.size()];
+        _sectionTitle = [textOf(place.title) copy];
     }
     return self;
 }
@@ -63,8 +62,15 @@ NSComparisonResult compareMembers(ABMember* a, ABMember* b, void*) {
     return _name;
 }
 
-- (NSString*)sortKey {
-    return _sortKey;
+- (NSComparisonResult)compare:(ABMember*)other {
+    const auto key = [](NSData* bytes) {
+        return std::string_view(static_cast<const char*>([bytes bytes]), [bytes length]);
+    };
+    const auto place = [&key](ABMember* member) {
+        return std::tuple(member->_section, key(member->_sortKey), member->_recordID);
+    };
+    if (place(self) == place(other)) return NSOrderedSame;
+    return place(self) < place(other) ? NSOrderedAscending : NSOrderedDescending;
 }
 
 - (NSString*)sectionTitle {

@@ -14,11 +14,21 @@ NSString* kindText(NSArray* calls) {
     return [calls count] > 1 ? [NSString stringWithFormat:@"%@ (%u)", kind, (unsigned)[calls count]] : kind;
 }
 
+// The stand-in's own name for "another process has added to the call history".
+NSString* const kCallsChanged = @"phonesim.callHistoryChanged";
+
+void callsChanged(CFNotificationCenterRef, void* observer, CFStringRef, const void*, CFDictionaryRef) {
+    [(CallBarABViewController*)observer performSelectorOnMainThread:@selector(readEntriesAndReload)
+                                                         withObject:nil
+                                                      waitUntilDone:NO];
+}
+
 }  // namespace
 
 @implementation CallBarABViewController
 
 - (void)dealloc {
+    CFNotificationCenterRemoveEveryObserver(CFNotificationCenterGetDarwinNotifyCenter(), self);
     [_missedEntries release];
     [_allEntries release];
     [super dealloc];
@@ -29,10 +39,16 @@ NSString* kindText(NSArray* calls) {
     UITableView* table = [self tableView];
     [table setRowHeight:[CallBarTableViewTransparentCell rowHeight]];
     [table setSeparatorInset:UIEdgeInsetsMake(0, 15, 0, 0)];
+    CFNotificationCenterAddObserver(CFNotificationCenterGetDarwinNotifyCenter(), self, callsChanged, kCallsChanged,
+                                    nullptr, CFNotificationSuspensionBehaviorDeliverImmediately);
 }
 
 - (void)viewWillAppear:(BOOL)animated {
     [super viewWillAppear:animated];
+    [self readEntriesAndReload];
+}
+
+- (void)readEntriesAndReload {
     [self readEntries];
     [[self tableView] reloadData];
 }

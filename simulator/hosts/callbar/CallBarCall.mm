@@ -68,8 +68,8 @@ ABRecordRef personOfRow(const callbar::CallRow& row, NSString* address) {
         _name = [name length] > 0 ? [name copy] : nil;
         _date = [[NSDate alloc] initWithTimeIntervalSince1970:row.date];
         _contact = person != nullptr ? ABRecordGetRecordID(person) : kABRecordInvalidID;
-        _outgoing = row.outgoing();
-        _missed = row.missed();
+        _outgoing = row.isOutgoing;
+        _missed = row.isMissed;
     }
     return self;
 }

@@ -16,9 +16,10 @@ id pictureReport(UIImage* picture, int contact, bool withSource = true);
 
 // The visible rows of the shown list from the top down, one dictionary each. +0.
 //
-//   "section", "row", "contact" (contact ID; below 1 for none), "name" (the text shown), "editing", "frame" (in the
-//   list's content), "hasPictureView", "pictureInContentView", "picture" (see above), "frames": {"picture", "name",
-//   "detail", "date", "icon"} in the cell's coordinates (NSNull for what is not shown)
+//   "section", "sectionTitle" (NSNull in a list without titles), "row", "contact" (contact ID; below 1 for none),
+//   "name" (the text shown), "editing", "frame" (in the list's content), "hasPictureView", "pictureInContentView",
+//   "picture" (see above), "frames": {"picture", "name", "detail", "date", "icon"} in the cell's coordinates (NSNull
+//   for what is not shown)
 //
 // and of a call also "address", "calls" (how many), "missed", "outgoing", "detail" and "date" (texts), "answers"
 // ("uid", "addressBookRecordId" or "neither") and "answersCallerName".

@@ -34,11 +34,19 @@ NSString* centreColour(const Pixels& pixels) {
 
 id textOrNull(NSString* text) { return text != nil ? (id)text : (id)[NSNull null]; }
 
+// nil for a list without titles.
+NSString* sectionTitle(UITableView* table, NSInteger section) {
+    id<UITableViewDataSource> source = [table dataSource];
+    if (![source respondsToSelector:@selector(tableView:titleForHeaderInSection:)]) return nil;
+    return [source tableView:table titleForHeaderInSection:section];
+}
+
 NSMutableDictionary* commonReport(UITableView* table, UITableViewCell* cell, NSIndexPath* path, int contact,
                                   bool withSource) {
     UIImageView* pictureView = (UIImageView*)[cell viewWithTag:kPictureTag];
     NSMutableDictionary* report = [NSMutableDictionary dictionary];
     [report setObject:[NSNumber numberWithInteger:[path section]] forKey:@"section"];
+    [report setObject:textOrNull(sectionTitle(table, [path section])) forKey:@"sectionTitle"];
     [report setObject:[NSNumber numberWithInteger:[path row]] forKey:@"row"];
     [report setObject:[NSNumber numberWithInt:contact] forKey:@"contact"];
     [report setObject:flag([cell isEditing]) forKey:@"editing"];

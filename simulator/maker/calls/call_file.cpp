@@ -1,38 +1,19 @@
 #include "simulator/maker/calls/call_file.h"
 
-#include <charconv>
+#include <algorithm>
+#include <array>
 #include <cmath>
-#include <ctime>
+#include <fstream>
 #include <string_view>
 
-#include "simulator/maker/common/read_file.h"
+#include "simulator/maker/calls/call_table.h"
+#include "simulator/maker/calls/call_values.h"
+#include "simulator/maker/calls/call_xml.h"
+#include "simulator/maker/text/csv_table.h"
+#include "simulator/maker/text/text_file.h"
 
 namespace maker {
 namespace {
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blank = " \t\r";
-    std::size_t first = text.find_first_not_of(blank);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blank) - first + 1);
-}
-
-std::vector<std::string> fieldsOf(std::string_view line) {
-    std::vector<std::string> fields;
-    for (std::size_t start = 0; start <= line.size();) {
-        std::size_t end = std::min(line.find(',', start), line.size());
-        fields.emplace_back(trimmed(line.substr(start, end - start)));
-        start = end + 1;
-    }
-    return fields;
-}
-
-std::optional<int> wholeNumber(std::string_view text) {
-    int number = 0;
-    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size() || number < 0) return std::nullopt;
-    return number;
-}
 
 std::optional<double> readAgo(std::string_view text) {
     if (text.size() < 3 || text.front() != '-') return std::nullopt;
@@ -42,13 +23,6 @@ std::optional<double> readAgo(std::string_view text) {
     std::optional<int> count = wholeNumber(text.substr(1, text.size() - 2));
     if (unit == std::string_view::npos || !count) return std::nullopt;
     return static_cast<double>(*count) * seconds[unit];
-}
-
-std::optional<CallKind> readKind(std::string_view text) {
-    if (text == "incoming") return CallKind::incoming;
-    if (text == "outgoing") return CallKind::outgoing;
-    if (text == "missed") return CallKind::missed;
-    return std::nullopt;
 }
 
 Result<WrittenCall> readCall(const std::vector<std::string>& fields, double now) {
@@ -65,7 +39,7 @@ Result<WrittenCall> readCall(const std::vector<std::string>& fields, double now)
         if (!seconds) return failure("\"" + fields[3] + "\" is no number of seconds");
         written.call.duration = *seconds;
     }
-    // The database knows a missed call only by its duration.
+    // A database of before version 8 knows a missed call only by its duration.
     if ((*kind == CallKind::missed) && written.call.duration != 0) return failure("a missed call lasts 0 seconds");
     if (*kind == CallKind::incoming && written.call.duration == 0) {
         return failure("an incoming call of 0 seconds is a missed one: give its seconds");
@@ -81,39 +55,44 @@ Result<WrittenCall> readCall(const std::vector<std::string>& fields, double now)
     return written;
 }
 
-}  // namespace
-
-std::optional<double> readDate(const std::string& text) {
-    for (const char* format : {"%Y-%m-%d %H:%M:%S", "%Y-%m-%d %H:%M", "%Y-%m-%dT%H:%M:%S", "%Y-%m-%dT%H:%M"}) {
-        std::tm parts{};
-        const char* end = strptime(text.c_str(), format, &parts);
-        if (!end || *end) continue;
-        const int day = parts.tm_mday;
-        const time_t seconds = timegm(&parts);
-        // It takes the 31st of February for the 3rd of March.
-        if (parts.tm_mday == day) return static_cast<double>(seconds);
-    }
-    return std::nullopt;
-}
-
-bool isCallFile(const std::filesystem::path& file) { return file.extension() == ".csv" || file.extension() == ".txt"; }
-
-Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file, double now, const Progress& progress) {
-    Result<std::string> content = readFile(file, progress);
-    if (!content) return failure(content);
+Result<std::vector<WrittenCall>> readWritten(const std::string& file, const std::vector<CsvRow>& rows, double now) {
     std::vector<WrittenCall> calls;
-    int number = 0;
-    for (std::size_t start = 0; start < content->size();) {
-        std::size_t end = std::min(content->find('\n', start), content->size());
-        std::string_view line = trimmed(std::string_view(*content).substr(start, end - start));
-        start = end + 1;
-        ++number;
-        if (line.empty() || line.front() == '#') continue;
-        Result<WrittenCall> call = readCall(fieldsOf(line), now);
-        if (!call) return failure(file.string() + ", line " + std::to_string(number) + ": " + call.error().message);
+    for (const CsvRow& row : rows) {
+        Result<WrittenCall> call = readCall(row.fields, now);
+        if (!call) return failure(placeOf(file, row.line) + ": " + call.error().message);
         calls.push_back(std::move(*call));
     }
     return calls;
+}
+
+bool beginsAsXml(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(" \t\n");
+    return first != std::string::npos && text[first] == '<';
+}
+
+}  // namespace
+
+bool isCallFile(const std::filesystem::path& file) {
+    for (const char* ending : {".db", ".storedata", ".sqlite", ".sqlitedb"})
+        if (file.extension() == ending) return false;
+    // A pipe has a beginning only once.
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error)) return true;
+    std::array<char, 16> head{};
+    std::ifstream(file, std::ios::binary).read(head.data(), head.size());
+    return std::string_view(head.data(), head.size()) != std::string_view("SQLite format 3\0", 16);
+}
+
+Result<std::vector<WrittenCall>> readCallFile(const std::filesystem::path& file, const CallFileOptions& options,
+                                              Findings& findings, const Progress& progress) {
+    Result<Text> text = readText(file, findings, progress);
+    if (!text) return failure(text);
+    if (beginsAsXml(text->bytes)) return readCallXml(std::move(*text), options.charset, findings);
+    makeUtf8(*text, options.charset, findings);
+    Result<std::vector<CsvRow>> rows = readCsv(*text, true);
+    if (!rows) return failure(rows);
+    if (!rows->empty() && isCallsHeader(rows->front())) return readCallTable(text->file, *rows, findings);
+    return readWritten(text->file, *rows, options.now);
 }
 
 }  // namespace maker

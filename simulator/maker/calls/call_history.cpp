@@ -79,24 +79,27 @@ constexpr int kGeneratedCalls = 60;
 
 }  // namespace
 
-Result<Caller> findCaller(const std::filesystem::path& root, const std::string& address, const std::string& region) {
+Result<Callers> Callers::of(const std::filesystem::path& root, const std::string& region) {
     Result<Database> book = openBook(root);
-    return book.and_then([&](const Database& opened) { return findIn(opened, address, region); });
+    if (!book) return failure(book);
+    return Callers(std::move(*book), region);
 }
+
+Result<Caller> Callers::find(const std::string& address) const { return findIn(book_, address, region_); }
 
 Result<long> addWrittenCalls(AddressBookBuilder& builder, const std::filesystem::path& root,
                              const std::vector<WrittenCall>& calls, const std::string& region,
                              const Progress& progress) {
-    Result<Database> book = openBook(root);
-    if (!book) return failure(book);
+    const Result<Callers> callers = Callers::of(root, region);
+    if (!callers) return failure(callers);
     long done = 0;
     for (const WrittenCall& written : calls) {
         Call call = written.call;
         if (!written.unlinked) {
-            Result<Caller> caller = findIn(*book, call.address, region);
+            Result<Caller> caller = callers->find(call.address);
             if (!caller) return failure(caller);
             call.contact = caller->contact;
-            call.name = caller->name;
+            if (!caller->name.empty()) call.name = caller->name;
         }
         Result<int> added = builder.addCall(call);
         if (!added) return failure(added);

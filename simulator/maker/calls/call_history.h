@@ -8,6 +8,7 @@
 #include "simulator/maker/calls/call_file.h"
 #include "simulator/maker/common/result.h"
 #include "simulator/maker/contacts/address_book_builder.h"
+#include "simulator/maker/database/database.h"
 
 namespace maker {
 
@@ -17,10 +18,20 @@ struct Caller {
     std::string name;
 };
 
-// Looks an address up in the finished address book of a root, numbers as they are read in `region`.
-Result<Caller> findCaller(const std::filesystem::path& root, const std::string& address, const std::string& region);
+// Looks addresses up in the finished address book of a root, numbers as they are read in `region`.
+class Callers {
+  public:
+    static Result<Callers> of(const std::filesystem::path& root, const std::string& region);
+    Result<Caller> find(const std::string& address) const;
 
-// Adds written calls, each with the contact that it belongs to; how many.
+  private:
+    Callers(Database book, std::string region) : book_(std::move(book)), region_(std::move(region)) {}
+
+    Database book_;
+    std::string region_;
+};
+
+// Adds written calls, each with the contact that it belongs to and its name; how many.
 Result<long> addWrittenCalls(AddressBookBuilder& builder, const std::filesystem::path& root,
                              const std::vector<WrittenCall>& calls, const std::string& region,
                              const Progress& progress = {});

@@ -3,6 +3,7 @@
 #include <map>
 #include <system_error>
 
+#include "simulator/maker/contacts/call_records.h"
 #include "simulator/maker/contacts/photo.h"
 #include "simulator/maker/database/database.h"
 #include "simulator/maker/database/schema.h"
@@ -21,6 +22,7 @@ struct AddressBookBuilder::Databases {
     Status commit();
     Result<int> labelRow(const std::string& label);
     Status addValues(int contact, int property, const std::vector<LabelledValue>& values);
+    Status addAddress(int contact, const std::string& city);
     Status addLastFour(int value, const std::string& number);
     Result<int> newLink(int preferred);
     Status joinLink(int contact, int link, bool preferred);
@@ -109,6 +111,28 @@ Status AddressBookBuilder::Databases::addValues(int contact, int property, const
     return {};
 }
 
+Status AddressBookBuilder::Databases::addAddress(int contact, const std::string& city) {
+    if (city.empty()) return {};
+    const Result<int> label = labelRow("_$!<Home>!$_");
+    if (!label) return failure(label);
+    Status added = book.prepare("INSERT INTO ABMultiValue (record_id, property, identifier, label) VALUES (?, ?, 0, ?)")
+                       .bind(1, contact)
+                       .bind(2, kAddressProperty)
+                       .bind(3, *label)
+                       .run();
+    if (!added) return added;
+    const int value = book.lastRow();
+    return book.prepare("INSERT OR IGNORE INTO ABMultiValueEntryKey (value) VALUES ('City')").run().and_then([&] {
+        return book
+            .prepare(
+                "INSERT INTO ABMultiValueEntry (parent_id, key, value) VALUES (?, (SELECT ROWID FROM "
+                "ABMultiValueEntryKey WHERE value = 'City'), ?)")
+            .bind(1, value)
+            .bind(2, std::string_view(city))
+            .run();
+    });
+}
+
 Result<int> AddressBookBuilder::Databases::newLink(int preferred) {
     Status added =
         book.prepare("INSERT INTO ABPersonLink (PreferredImagePersonID, PreferredNamePersonID) VALUES (?1, ?1)")
@@ -180,7 +204,7 @@ Result<AddressBookBuilder> AddressBookBuilder::open(const std::filesystem::path&
     if (!book) return failure(book);
     Result<Database> images = openDatabase(root, imagesShape());
     if (!images) return failure(images);
-    Result<Database> calls = openDatabase(root, callsShape());
+    Result<Database> calls = openDatabase(root, callsShape(*device));
     if (!calls) return failure(calls);
     auto databases = std::unique_ptr<Databases>(
         new Databases{std::move(*book), std::move(*images), std::move(*calls), device->region, {}, {}});
@@ -215,6 +239,7 @@ Result<int> AddressBookBuilder::addPerson(const Person& person) {
     int contact = databases_->book.lastRow();
     return databases_->addValues(contact, kPhoneProperty, person.phones)
         .and_then([&] { return databases_->addValues(contact, kEmailProperty, person.emails); })
+        .and_then([&] { return databases_->addAddress(contact, person.city); })
         .and_then([&] { return databases_->linkByName(contact, person.linkedAs); })
         .and_then(
             [&] { return person.photo.empty() ? Status() : databases_->storePhoto(contact, person.photo, photo); })
@@ -275,6 +300,17 @@ Status AddressBookBuilder::setModificationDate(int contact, double seconds) {
 }
 
 Status AddressBookBuilder::removePerson(int contact) {
+    const bool hasEntries =
+        databases_->book.prepare("SELECT 1 FROM sqlite_master WHERE name = 'ABMultiValueEntry'").step();
+    if (hasEntries) {
+        Status removed = databases_->book
+                             .prepare(
+                                 "DELETE FROM ABMultiValueEntry WHERE parent_id IN "
+                                 "(SELECT UID FROM ABMultiValue WHERE record_id = ?)")
+                             .bind(1, contact)
+                             .run();
+        if (!removed) return removed;
+    }
     constexpr const char* bookStatements[] = {
         "DELETE FROM ABPhoneLastFour WHERE multivalue_id IN (SELECT UID FROM ABMultiValue WHERE record_id = ?)",
         "DELETE FROM ABMultiValue WHERE record_id = ?", "DELETE FROM ABPerson WHERE ROWID = ?"};
@@ -283,22 +319,11 @@ Status AddressBookBuilder::removePerson(int contact) {
         if (!removed) return removed;
     }
     if (Status existed = requireRow(databases_->book, contact); !existed) return existed;
-    return removePhoto(contact).and_then(
-        [&] { return databases_->calls.prepare("UPDATE call SET id = -1 WHERE id = ?").bind(1, contact).run(); });
+    return removePhoto(contact).and_then([&] { return forgetCaller(databases_->calls, contact); });
 }
 
 Result<int> AddressBookBuilder::addCall(const Call& call) {
-    Statement insert = databases_->calls.prepare(
-        "INSERT INTO call (address, date, duration, flags, id, name, country_code, read) VALUES (?, ?, ?, ?, ?, ?, ?, "
-        "1)");
-    insert.bind(1, std::string_view(call.address))
-        .bind(2, call.date)
-        .bind(3, call.kind == CallKind::missed ? 0 : call.duration)
-        .bind(4, call.kind == CallKind::outgoing ? kOutgoingCall : kIncomingCall)
-        .bind(5, call.contact);
-    if (!call.name.empty()) insert.bind(6, std::string_view(call.name));
-    if (!call.countryCode.empty()) insert.bind(7, std::string_view(call.countryCode));
-    return insert.run().map([&] { return databases_->calls.lastRow(); });
+    return addCallRecord(databases_->calls, call, databases_->region);
 }
 
 Status AddressBookBuilder::finish() {

@@ -23,6 +23,7 @@ struct Person {
     std::optional<std::string> organization;
     std::vector<LabelledValue> phones;
     std::vector<LabelledValue> emails;
+    std::string city;  // of the home address, which is a value without text, made of entries; empty: no address
     // An encoded picture (JPEG, PNG, ...), kept as the full-size image and made into the thumbnail. Empty: none.
     std::string photo;
     // Persons that share this text are linked contacts of one person. Empty: linked to nobody.

@@ -79,6 +79,9 @@ Person makePerson(int index, std::mt19937& random) {
     if (index % 4 == 1) person.phones.push_back({fillNumber("+44 20 79######", index), "_$!<Home>!$_"});
     if (index % 9 == 1) person.phones.push_back({fillNumber("+1 650 2######", index), "_$!<Work>!$_"});
     if (index % 2 == 0) person.emails.push_back({"contact" + std::to_string(index) + "@example.com", "_$!<Home>!$_"});
+    // Values without label or text, as phones have them.
+    if (index % 8 == 0) person.emails.push_back({"unlabelled" + std::to_string(index) + "@example.com", ""});
+    if (index % 5 == 0) person.city = "Springfield";
     if (index % 50 == 48 || index % 50 == 49) person.linkedAs = "generated" + std::to_string(index / 50);
     return person;
 }

@@ -43,6 +43,42 @@ void limitSize(GdkPixbufLoader* loader, int width, int height, gpointer data) {
                                std::max(1, static_cast<int>(height * scale)));
 }
 
+// Big-endian.
+std::size_t numberAt(std::string_view bytes, std::size_t place, std::size_t length) {
+    std::size_t number = 0;
+    for (std::size_t i = 0; i < length; ++i) number = number << 8 | static_cast<unsigned char>(bytes[place + i]);
+    return number;
+}
+
+// Whether a JPEG's segments lead to the picture's data, and these to the mark of their end, which they cannot contain
+// (ISO/IEC 10918-1, B.1.1).
+bool isWholeJpeg(std::string_view bytes) {
+    constexpr std::size_t markLength = 2;
+    constexpr std::size_t startOfData = 0xFFDA;
+    for (std::size_t place = markLength; place + 2 * markLength <= bytes.size();) {
+        const std::size_t mark = numberAt(bytes, place, markLength);
+        if (mark == startOfData) return bytes.find("\xFF\xD9", place) != std::string_view::npos;
+        place += markLength + numberAt(bytes, place + markLength, 2);
+    }
+    return false;
+}
+
+// Whether a PNG's chunks lead to the last one (RFC 2083, 3.2).
+bool isWholePng(std::string_view bytes) {
+    constexpr std::size_t signature = 8, frame = 12;
+    for (std::size_t place = signature; place + frame <= bytes.size();) {
+        if (bytes.substr(place + 4, 4) == "IEND") return true;
+        place += frame + numberAt(bytes, place, 4);
+    }
+    return false;
+}
+
+// The decoders fill up with grey what is missing.
+bool isCutShort(std::string_view bytes) {
+    if (bytes.substr(0, 2) == "\xFF\xD8") return !isWholeJpeg(bytes);
+    return bytes.substr(0, 4) == "\x89PNG" && !isWholePng(bytes);
+}
+
 Result<Pixbuf> decode(std::string_view encoded, PictureSize& size) {
     if (encoded.empty()) return failure("no bytes");
     const phone::GObjectPointer<GdkPixbufLoader> loader(gdk_pixbuf_loader_new());
@@ -76,6 +112,7 @@ Result<std::string> encode(GdkPixbuf* pixbuf) {
 }  // namespace
 
 Result<Photo> makePhoto(std::string_view encoded) {
+    if (isCutShort(encoded)) return failure("not a picture: it is cut short");
     PictureSize size;
     Result<Pixbuf> decoded = decode(encoded, size);
     if (!decoded) return failure("not a picture: " + decoded.error().message);

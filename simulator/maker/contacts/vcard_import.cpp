@@ -6,10 +6,10 @@
 #include <memory>
 #include <set>
 #include <string_view>
-#include <system_error>
+#include <utility>
 
-#include "simulator/maker/common/read_file.h"
-#include "simulator/maker/contacts/utf8.h"
+#include "simulator/maker/contacts/photo_address.h"
+#include "simulator/maker/contacts/vcard_lines.h"
 #include "simulator/runtime/glib_pointers.h"
 
 namespace maker {
@@ -24,50 +24,27 @@ std::string upper(std::string_view text) {
     return result.get();
 }
 
-bool isLine(std::string_view line, std::string_view expected) {
-    while (!line.empty() && (line.back() == ' ' || line.back() == '\t')) line.remove_suffix(1);
-    return upper(line) == expected;
-}
+// While it lives, keeps what GLib's users have to say from the terminal.
+class QuietParser {
+  public:
+    QuietParser() : previous_(g_log_set_default_handler(keep, this)) {}
+    ~QuietParser() { g_log_set_default_handler(previous_, nullptr); }
+    QuietParser(const QuietParser&) = delete;
+    QuietParser& operator=(const QuietParser&) = delete;
 
-// The parser does not always see that a quoted-printable line goes on, so it gets such a line whole.
-void appendLine(std::string& card, std::string_view line) {
-    std::size_t lastLine = card.empty() ? 0 : card.rfind('\n', card.size() - 2) + 1;
-    bool goesOn = card.size() >= 2 && card.substr(card.size() - 2) == "=\n" &&
-                  upper(std::string_view(card).substr(lastLine)).find("QUOTED-PRINTABLE") != std::string::npos;
-    if (goesOn) card.resize(card.size() - 2);
-    card.append(line).append("\n");
-}
+    // What has been said since the last call.
+    std::vector<std::string> take() { return std::exchange(said_, {}); }
 
-struct Card {
-    std::string text;
-    int line = 0;  // where it begins
+  private:
+    static void keep(const gchar* /*domain*/, GLogLevelFlags /*level*/, const gchar* message, gpointer self) {
+        // It goes on to quote the rest of the text.
+        const std::string said = message != nullptr ? message : "";
+        static_cast<QuietParser*>(self)->said_.push_back(said.substr(0, said.find('\n')));
+    }
+
+    GLogFunc previous_;
+    std::vector<std::string> said_;
 };
-
-Result<std::vector<Card>> splitCards(const std::string& content, const std::string& file) {
-    std::vector<Card> cards;
-    bool inside = false;
-    int number = 0;
-    for (std::size_t start = 0; start < content.size();) {
-        std::size_t end = std::min(content.find('\n', start), content.size());
-        std::string_view line(content.data() + start, end - start);
-        start = end + 1;
-        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-        if (++number == 1 && line.substr(0, 3) == "\xEF\xBB\xBF") line.remove_prefix(3);
-        if (isLine(line, "BEGIN:VCARD")) {
-            if (inside) break;
-            inside = true;
-            cards.push_back({std::string(), number});
-        }
-        if (!inside) continue;
-        appendLine(cards.back().text, line);
-        if (isLine(line, "END:VCARD")) inside = false;
-    }
-    if (inside) {
-        return failure(file + ", line " + std::to_string(cards.back().line) + ": BEGIN:VCARD without END:VCARD");
-    }
-    if (cards.empty()) return failure(file + ": there is no vCard in it");
-    return cards;
-}
 
 // One line of a card: its values, decoded, and its types.
 struct Line {
@@ -188,42 +165,10 @@ std::vector<LabelledValue> readValues(const std::vector<Line>& lines, std::strin
     return values;
 }
 
-bool startsWith(const std::string& text, std::string_view prefix) {
-    return g_ascii_strncasecmp(text.c_str(), prefix.data(), prefix.size()) == 0;
-}
-
-Result<std::string> readDataAddress(const std::string& address) {
-    std::size_t comma = address.find(',');
-    if (comma == std::string::npos) return failure("a data: address without data");
-    std::string data = address.substr(comma + 1);
-    if (address.substr(0, comma).find(";base64") == std::string::npos) return failure("a data: address not in base64");
-    gsize length = 0;
-    phone::GText bytes(reinterpret_cast<gchar*>(g_base64_decode(data.c_str(), &length)));
-    return std::string(bytes.get(), length);
-}
-
-Result<std::string> readFileAddress(std::string address, const std::filesystem::path& folder) {
-    if (startsWith(address, "file:")) address.erase(0, 5);
-    if (startsWith(address, "//localhost/")) address.erase(0, 11);
-    if (startsWith(address, "//")) address.erase(0, 2);
-    phone::GText unescaped(g_uri_unescape_string(address.c_str(), nullptr));
-    if (!unescaped || !*unescaped) return failure("the address " + address + " names no file");
-    const std::filesystem::path file = folder / unescaped.get();
-    std::error_code error;
-    // Devices and pipes may never end; only the person at the command line can mean one.
-    if (std::filesystem::is_other(file, error)) return failure(file.string() + ": is not a file");
-    return readFile(file);
-}
-
-Result<std::string> readPhoto(const Line& line, const std::filesystem::path& folder) {
+Result<std::string> readPhoto(const Line& line, const PhotoFolders& folders) {
     std::string value = line.whole();
     if (line.encoded) return value;
-    if (startsWith(value, "data:")) return readDataAddress(value);
-    std::size_t scheme = value.find("://");
-    if (scheme != std::string::npos && !startsWith(value, "file:")) {
-        return failure("pictures are not fetched from " + value);
-    }
-    return readFileAddress(std::move(value), folder);
+    return readPhotoAddress(value, folders);
 }
 
 // Everything but the photo.
@@ -236,40 +181,50 @@ Person readPerson(const std::vector<Line>& lines) {
     return person;
 }
 
-Status takePhoto(const Line& line, const std::filesystem::path& folder, Person& person) {
-    return readPhoto(line, folder).and_then([&](std::string photo) -> Status {
+Status takePhoto(const Line& line, const PhotoFolders& folders, Person& person) {
+    return readPhoto(line, folders).and_then([&](std::string photo) -> Status {
         if (photo.empty()) return failure("it is empty");
         person.photo = std::move(photo);
         return {};
     });
 }
 
+// vCard 4.0 has KIND for it, address books of computers wrote the other before.
+bool isGroup(const std::vector<Line>& lines) {
+    return std::any_of(lines.begin(), lines.end(), [](const Line& line) {
+        return (line.name == "KIND" || line.name == "X-ADDRESSBOOKSERVER-KIND") && upper(line.whole()) == "GROUP";
+    });
+}
+
 }  // namespace
 
-Result<ImportedContacts> importVCards(const std::filesystem::path& file, const Progress& progress) {
-    Result<std::string> content = readFile(file, progress);
-    if (!content) return failure(content);
-    ImportedContacts imported;
-    std::string text = madeValid(*content);
-    if (text != *content) {
-        imported.warnings.push_back(file.string() + ": not all of it is UTF-8; the rest became U+FFFD");
-    }
-    Result<std::vector<Card>> cards = splitCards(text, file.string());
+Status importVCards(const Text& text, const ImportOptions& options, ImportedContacts& imported,
+                    const Progress& progress) {
+    const Result<std::vector<VCard>> cards = splitVCards(text, options.charset, imported.findings);
     if (!cards) return failure(cards);
-    for (const Card& card : *cards) {
+    const PhotoFolders folders{std::filesystem::path(text.file).parent_path(), options.photos};
+    QuietParser parser;
+    for (const VCard& card : *cards) {
         reportGoingOn(progress);
+        const auto report = [&](FindingKind kind, const std::string& what) {
+            imported.findings.push_back({kind, text.file, card.line, what});
+        };
         const std::vector<Line> lines = readLines(card.text);
+        for (const std::string& said : parser.take())
+            report(FindingKind::skipped, "a line of this vCard is left out: " + said);
         Person person = readPerson(lines);
-        if (const Line* line = find(lines, "PHOTO")) {
-            Status taken = takePhoto(*line, file.parent_path(), person);
-            if (!taken) {
-                imported.warnings.push_back(file.string() + ", line " + std::to_string(card.line) + ": " +
-                                            person.displayName() + " goes without photo: " + taken.error().message);
-            }
+        if (isGroup(lines)) {
+            report(FindingKind::skipped, "this is a group, not a contact, and is left out");
+            continue;
         }
-        imported.persons.push_back(std::move(person));
+        if (const Line* line = find(lines, "PHOTO")) {
+            Status taken = takePhoto(*line, folders, person);
+            if (!taken)
+                report(FindingKind::photo, person.displayName() + " goes without photo: " + taken.error().message);
+        }
+        imported.persons.push_back({std::move(person), text.file, card.line});
     }
-    return imported;
+    return {};
 }
 
 }  // namespace maker

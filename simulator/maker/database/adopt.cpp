@@ -44,10 +44,9 @@ Status backUp(const Database& source, const std::filesystem::path& copy, const P
     if (!target) return failure(target);
     Status copied = copyPages(source, *target, progress);
     if (!copied) return failure(copy.string() + ": " + copied.error().message);
-    // Hosts open databases for reading only, where a write-ahead log needs files beside it. Indexes in an ordering that
-    // only the phone has are made anew in ours.
+    // The journal's kind came with the pages. Indexes in an ordering that only the phone has are made anew in ours.
     const WorkWatch watch(*target, progress);
-    Status indexed = target->execute("PRAGMA journal_mode=DELETE; REINDEX");
+    Status indexed = target->execute("REINDEX");
     watch.rethrow();
     return indexed;
 }

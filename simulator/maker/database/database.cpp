@@ -1,7 +1,6 @@
 #include "simulator/maker/database/database.h"
 
-#include <algorithm>
-#include <cstring>
+#include "simulator/maker/database/phone_functions.h"
 
 namespace maker {
 
@@ -66,19 +65,6 @@ std::string Statement::text(int column) const {
     return bytes ? std::string(static_cast<const char*>(bytes), static_cast<std::size_t>(length)) : std::string();
 }
 
-namespace {
-
-int compareBytes(void*, int lengthA, const void* a, int lengthB, const void* b) {
-    int order = std::memcmp(a, b, static_cast<std::size_t>(std::min(lengthA, lengthB)));
-    return order ? order : lengthA - lengthB;
-}
-
-void addCollation(void*, sqlite3* database, int, const char* name) {
-    sqlite3_create_collation(database, name, SQLITE_UTF8, nullptr, compareBytes);
-}
-
-}  // namespace
-
 Result<Database> Database::openWith(const std::filesystem::path& file, int flags) {
     sqlite3* opened = nullptr;
     int code = sqlite3_open_v2(file.c_str(), &opened, flags | SQLITE_OPEN_FULLMUTEX, "unix");
@@ -86,11 +72,9 @@ Result<Database> Database::openWith(const std::filesystem::path& file, int flags
     if (code != SQLITE_OK) {
         return failure(file.string() + ": " + (opened ? sqlite3_errmsg(opened) : sqlite3_errstr(code)));
     }
-    // A phone's own databases name functions and orderings that only the phone has.
-    sqlite3_collation_needed(opened, nullptr, addCollation);
-    sqlite3_db_config(opened, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     // Host processes read while the tool writes.
     sqlite3_busy_timeout(opened, 10000);
+    providePhoneFunctions(opened);
     return database;
 }
 

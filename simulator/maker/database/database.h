@@ -45,6 +45,7 @@ class Statement {
     [[nodiscard]] Status status() const;
 
     int columns() const { return sqlite3_column_count(statement_); }
+    double number(int column) const { return sqlite3_column_double(statement_, column); }
     int integer(int column) const { return sqlite3_column_int(statement_, column); }
     std::string text(int column) const;
 

@@ -29,6 +29,21 @@ CREATE INDEX ABMultiValueRecordIndex ON ABMultiValue (record_id);
 CREATE INDEX ABMultiValuePropertyValueIndex ON ABMultiValue (property, value COLLATE NOCASE);
 CREATE TABLE ABMultiValueLabel (value TEXT, UNIQUE (value));
 
+CREATE TABLE ABMultiValueEntry (parent_id INTEGER, key INTEGER, value TEXT, UNIQUE (parent_id, key));
+CREATE TABLE ABMultiValueEntryKey (value TEXT, UNIQUE (value));
+CREATE TABLE ABPersonMultiValueDeletes (record_id INTEGER, property_id INTEGER, identifier INTEGER);
+CREATE TABLE ABPersonChanges (record INTEGER, type INTEGER, Image INTEGER, ExternalIdentifier TEXT, StoreID INTEGER);
+CREATE TABLE ABPersonSearchKey (person_id INTEGER, value BLOB, UNIQUE (person_id));
+CREATE TABLE ABGroup (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT);
+CREATE TABLE ABGroupChanges (record INTEGER, type INTEGER);
+CREATE TABLE ABGroupMembers (UID INTEGER PRIMARY KEY, group_id INTEGER, member_type INTEGER, member_id INTEGER,
+    UNIQUE (group_id, member_type, member_id));
+CREATE TABLE ABRecent (date INTEGER, name, property INTEGER, value);
+CREATE TABLE FirstSortSectionCount (LanguageIndex, Section TEXT, StoreID, number,
+    UNIQUE (LanguageIndex, Section, StoreID));
+CREATE TABLE LastSortSectionCount (LanguageIndex, Section TEXT, StoreID, number,
+    UNIQUE (LanguageIndex, Section, StoreID));
+
 CREATE TABLE ABPhoneLastFour (multivalue_id INTEGER PRIMARY KEY, value TEXT);
 CREATE INDEX ABPhoneLastFourIndex ON ABPhoneLastFour (value);
 
@@ -49,6 +64,22 @@ CREATE TABLE call (ROWID INTEGER PRIMARY KEY AUTOINCREMENT, address TEXT, date I
     face_time_data BLOB, originatingUIType TEXT);
 CREATE INDEX date_index ON call (date);
 CREATE TABLE _SqliteDatabaseProperties (key TEXT, value TEXT, UNIQUE (key));
+INSERT INTO _SqliteDatabaseProperties VALUES ('call_history_limit', '100'), ('timer_all', '0'), ('timer_last', '0'),
+    ('timer_lifetime', '0'), ('timer_incoming', '0'), ('timer_outgoing', '0');
+)sql";
+
+constexpr const char* kCallStoreSql = R"sql(
+CREATE TABLE ZCALLDBPROPERTIES (Z_PK INTEGER PRIMARY KEY, Z_ENT INTEGER, Z_OPT INTEGER, ZTIMER_ALL FLOAT,
+    ZTIMER_INCOMING FLOAT, ZTIMER_LAST FLOAT, ZTIMER_LAST_RESET TIMESTAMP, ZTIMER_LIFETIME FLOAT, ZTIMER_OUTGOING FLOAT);
+CREATE TABLE ZCALLRECORD (Z_PK INTEGER PRIMARY KEY, Z_ENT INTEGER, Z_OPT INTEGER, ZANSWERED INTEGER, ZCALLTYPE INTEGER,
+    ZDISCONNECTED_CAUSE INTEGER, ZFACE_TIME_DATA INTEGER, ZNUMBER_AVAILABILITY INTEGER, ZORIGINATED INTEGER,
+    ZREAD INTEGER, ZDATE TIMESTAMP, ZDURATION FLOAT, ZADDRESS BLOB, ZDEVICE_ID VARCHAR, ZISO_COUNTRY_CODE VARCHAR,
+    ZNAME VARCHAR, ZUNIQUE_ID VARCHAR);
+CREATE TABLE Z_PRIMARYKEY (Z_ENT INTEGER PRIMARY KEY, Z_NAME VARCHAR, Z_SUPER INTEGER, Z_MAX INTEGER);
+INSERT INTO Z_PRIMARYKEY VALUES (1, 'CallDBProperties', 0, 1), (2, 'CallRecord', 0, 0);
+INSERT INTO ZCALLDBPROPERTIES VALUES (1, 1, 1, 0, 0, 0, 0, 0, 0);
+CREATE TABLE Z_METADATA (Z_VERSION INTEGER PRIMARY KEY, Z_UUID VARCHAR(255), Z_PLIST BLOB);
+INSERT INTO Z_METADATA VALUES (1, '5A454C4B-4143-4200-8000-000000000000', NULL);
 )sql";
 
 }  // namespace
@@ -75,7 +106,7 @@ const DatabaseShape& imagesShape() {
     return shape;
 }
 
-const DatabaseShape& callsShape() {
+const DatabaseShape& callHistoryShape() {
     static const DatabaseShape shape{"a call history (call_history.db)",
                                      "private/var/wireless/Library/CallHistory/call_history.db",
                                      kCallsSql,
@@ -83,6 +114,23 @@ const DatabaseShape& callsShape() {
     return shape;
 }
 
-std::array<const DatabaseShape*, 3> databaseShapes() { return {&addressBookShape(), &imagesShape(), &callsShape()}; }
+const DatabaseShape& callStoreShape() {
+    static const DatabaseShape shape{"a call history (CallHistory.storedata)",
+                                     "private/var/mobile/Library/CallHistoryDB/CallHistory.storedata",
+                                     kCallStoreSql,
+                                     {{"ZCALLRECORD",
+                                       {"Z_PK", "Z_ENT", "Z_OPT", "ZADDRESS", "ZDATE", "ZDURATION", "ZORIGINATED",
+                                        "ZANSWERED", "ZCALLTYPE", "ZREAD", "ZNAME", "ZISO_COUNTRY_CODE", "ZUNIQUE_ID"}},
+                                      {"Z_PRIMARYKEY", {"Z_NAME", "Z_MAX"}}}};
+    return shape;
+}
+
+const DatabaseShape& callsShape(const phone::Device& device) {
+    return phone::keepsCallStore(device) ? callStoreShape() : callHistoryShape();
+}
+
+std::array<const DatabaseShape*, 3> databaseShapes(const phone::Device& device) {
+    return {&addressBookShape(), &imagesShape(), &callsShape(device)};
+}
 
 }  // namespace maker

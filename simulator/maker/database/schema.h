@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "simulator/runtime/process/device.h"
+
 namespace maker {
 
 struct DatabaseShape {
@@ -17,13 +19,20 @@ struct DatabaseShape {
 
 const DatabaseShape& addressBookShape();
 const DatabaseShape& imagesShape();
-const DatabaseShape& callsShape();
-// All three.
-std::array<const DatabaseShape*, 3> databaseShapes();
+// Calls as systems before 8 keep them.
+const DatabaseShape& callHistoryShape();
+// And from 8 on: the Core Data store CallHistory.storedata, with the tables and columns that the literature on the
+// forensics of these phones documents. It remembers no contact; whoever shows a call looks its address up.
+const DatabaseShape& callStoreShape();
+// That of the two in which a device's system keeps its calls.
+const DatabaseShape& callsShape(const phone::Device& device);
+// All three of a device.
+std::array<const DatabaseShape*, 3> databaseShapes(const phone::Device& device);
 
 // ABMultiValue.property
 constexpr int kPhoneProperty = 3;
 constexpr int kEmailProperty = 4;
+constexpr int kAddressProperty = 5;
 
 // ABThumbnailImage.format of the square pictures that lists show.
 constexpr int kThumbnailFormat = 0;
@@ -32,7 +41,12 @@ constexpr int kThumbnailFormat = 0;
 constexpr int kIncomingCall = 4;
 constexpr int kOutgoingCall = 5;
 
-// The address book counts seconds from 2001-01-01 00:00 UTC, the call history from 1970-01-01: add this to the former.
+// ZCALLRECORD.ZCALLTYPE: over the telephone network, FaceTime with pictures.
+constexpr int kTelephoneCall = 1;
+constexpr int kFaceTimeCall = 8;
+
+// The address book and the call store count seconds from 2001-01-01 00:00 UTC, call_history.db from 1970-01-01: add
+// this to the former.
 constexpr double kAddressBookEpoch = 978307200.0;
 
 }  // namespace maker

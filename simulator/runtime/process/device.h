@@ -34,6 +34,11 @@ bool hasPreferencesService(const std::string& systemVersion);
 
 bool operator==(const Device& a, const Device& b);
 
+// The first number of the system's version; 0 when it does not begin with one.
+int systemNumber(const Device& device);
+// Whether its system keeps calls in CallHistory.storedata, as from 8 on, rather than in call_history.db.
+bool keepsCallStore(const Device& device);
+
 // The device of this process, read once by boot() (process.h); before that, the default. Any thread.
 const Device& device();
 // Sets device(). For boot() alone, before other threads exist.

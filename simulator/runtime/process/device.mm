@@ -120,6 +120,13 @@ bool operator==(const Device& a, const Device& b) {
            a.preferencesService == b.preferencesService;
 }
 
+int systemNumber(const Device& device) { return std::atoi(device.systemVersion.c_str()); }
+
+bool keepsCallStore(const Device& device) {
+    constexpr int firstSystem = 8;
+    return systemNumber(device) >= firstSystem;
+}
+
 const Device& device() { return ownDevice(); }
 
 void setDevice(Device device) { ownDevice() = std::move(device); }

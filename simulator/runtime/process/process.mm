@@ -31,21 +31,15 @@ std::string& ownIdentifier() {
     return identifier;
 }
 
-// The phone's language, then the same without its script or country, then English. Foundation looks for resources in
-// them. They go into the domain that comes before all others, for there it has this machine's languages.
+// The phone's language, then the same without its script or country, then English: Foundation looks for resources in
+// these instead of this machine's.
 void setLanguages() {
     NSString* language = [NSString stringWithUTF8String:device().language.c_str()];
     NSMutableArray* languages = [NSMutableArray arrayWithObject:language];
     const NSRange part = [language rangeOfString:@"-" options:NSBackwardsSearch];
     if (part.location != NSNotFound) [languages addObject:[language substringToIndex:part.location]];
     if (![languages containsObject:@"en"]) [languages addObject:@"en"];
-    NSString* const domain = @"GSPrimaryDomain";  // which no header declares
-    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
-    NSMutableDictionary* first = [[[defaults volatileDomainForName:domain] mutableCopy] autorelease];
-    if (first == nil) first = [NSMutableDictionary dictionary];
-    [first setObject:languages forKey:@"NSLanguages"];
-    [defaults removeVolatileDomainForName:domain];
-    [defaults setVolatileDomain:first forName:domain];
+    [NSUserDefaults setUserLanguages:languages];
 }
 
 void setUpFoundation() {

@@ -60,7 +60,7 @@ void HostTest::makePhone(const std::string& device, bool rightToLeft) {
     write(folder_ / "contacts.calls.csv", kCalls);
     maker::RootOptions made;
     made.root = root_;
-    made.contacts = folder_ / "contacts.vcf";
+    made.contacts = {folder_ / "contacts.vcf"};
     made.calls = folder_ / "contacts.calls.csv";
     made.device = device;
     made.rightToLeft = rightToLeft;

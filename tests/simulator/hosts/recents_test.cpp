@@ -149,14 +149,14 @@ TEST_F(HostTest, ScrollingToARowShowsIt) {
 
 TEST_F(HostTest, AMissingCallHistoryIsAnEmptyListAndTold) {
     makePhone();
-    std::filesystem::remove(root_ / "private/var/wireless/Library/CallHistory/call_history.db");
+    std::filesystem::remove(root_ / "private/var/mobile/Library/CallHistoryDB/CallHistory.storedata");
     HostProcess host(HostKind::springBoard, options());
     EXPECT_EQ(rowsOf(host, "recents"), Json::array());
     EXPECT_THAT(host.standardError(), testing::HasSubstr("the call history cannot be read"));
 }
 
 TEST_F(HostTest, DatesThatNoCalendarTellsAreEmpty) {
-    makePhone();
+    makePhone("iphone5s-7.1");
     maker::Database calls =
         maker::Database::open(root_ / "private/var/wireless/Library/CallHistory/call_history.db", false).value();
     for (const char* date : {"1e300", "-1e300", "9e999", "1e18", "-1e18"}) {

@@ -26,10 +26,11 @@ class Adoption : public testing::Test {
         maker::RootOptions options;
         options.root = bench.path() / "real";
         options.contactsCount = 30;
+        options.device = "iphone5s-7.1";
         ASSERT_EQ(phone::problemOf(maker::makeRoot(options)), "");
         book = options.root / maker::addressBookShape().path;
         images = options.root / maker::imagesShape().path;
-        calls = options.root / maker::callsShape().path;
+        calls = options.root / maker::callHistoryShape().path;
     }
     phone::Result<maker::RootReport> adopt() {
         maker::RootOptions options;
@@ -37,6 +38,7 @@ class Adoption : public testing::Test {
         options.addressBook = book;
         options.images = images;
         options.calls = calls;
+        options.device = device;
         return maker::makeRoot(options);
     }
     // What is said of a bad address book; also that nothing was made.
@@ -49,6 +51,7 @@ class Adoption : public testing::Test {
 
     test::Workbench bench;
     fs::path book, images, calls;
+    std::string device = "iphone5s-7.1";
 };
 
 TEST_F(Adoption, CopiesAllThreeDatabases) {
@@ -72,7 +75,8 @@ TEST_F(Adoption, TakesWhatIsOnlyInTheWriteAheadLogAndLeavesTheOriginalAlone) {
     EXPECT_THAT(test::queryBook(bench.root(), "SELECT count(*) FROM ABPerson WHERE First = 'Wal'"), ElementsAre("1"));
     EXPECT_EQ(maker::readFile(book).value(), before);
     EXPECT_EQ(maker::readFile(book.string() + "-wal").value(), log);
-    EXPECT_EQ(std::distance(fs::directory_iterator(bench.root() / "private/var/mobile/Library/AddressBook"), {}), 2);
+    for (const auto& entry : fs::directory_iterator(bench.root() / "private/var/mobile/Library/AddressBook"))
+        EXPECT_THAT(entry.path().string(), testing::Not(HasSubstr("adopted")));
 }
 
 TEST_F(Adoption, TakesReadOnlyFiles) {
@@ -85,14 +89,43 @@ TEST_F(Adoption, TakesReadOnlyFiles) {
 
 TEST_F(Adoption, TakesDatabasesThatNameOrderingsAndFunctionsOfThePhone) {
     maker::Database writer = maker::Database::open(book, false).value();
-    ASSERT_EQ(phone::problemOf(
-                  writer.execute("CREATE INDEX byPhone ON ABPerson (First COLLATE PhoneOrder);"
-                                 "CREATE TRIGGER t AFTER UPDATE ON ABPerson BEGIN SELECT phone_function(); END")),
+    ASSERT_EQ(phone::problemOf(writer.execute(
+                  "CREATE INDEX byPhone ON ABPerson (First COLLATE PhoneOrder);"
+                  "CREATE TRIGGER t AFTER UPDATE OF First ON ABPerson BEGIN UPDATE ABPerson SET "
+                  "guid = ab_new_guid(), Note = phone_function(NEW.First, 2) WHERE ROWID = NEW.ROWID; END")),
               "");
     ASSERT_EQ(phone::problemOf(adopt()), "");
-    maker::AddressBookBuilder builder = maker::AddressBookBuilder::open(bench.root()).value();
-    EXPECT_EQ(phone::problemOf(builder.setNames(1, "New", "Name")), "");
-    EXPECT_EQ(phone::problemOf(builder.finish()), "");
+    {
+        maker::AddressBookBuilder builder = maker::AddressBookBuilder::open(bench.root()).value();
+        EXPECT_EQ(phone::problemOf(builder.setNames(1, "New", "Name")), "");
+        EXPECT_EQ(phone::problemOf(builder.finish()), "");
+    }
+    EXPECT_THAT(test::queryBook(bench.root(), "SELECT length(guid), Note FROM ABPerson WHERE ROWID = 1"),
+                ElementsAre("36", "New"));
+}
+
+TEST_F(Adoption, KeepsJournalPagesAndEverythingThatTheSchemaHas) {
+    const fs::path real = bench.path() / "real.sqlitedb";
+    {
+        maker::Database made = maker::Database::open(real, true).value();
+        ASSERT_EQ(phone::problemOf(made.execute("PRAGMA page_size=8192; PRAGMA journal_mode=WAL")), "");
+        for (const std::string& sql : test::query(book, "SELECT sql FROM sqlite_master WHERE sql NOT LIKE '%sqlite_%'"))
+            ASSERT_EQ(phone::problemOf(made.execute(sql.c_str())), "");
+        ASSERT_EQ(phone::problemOf(made.execute("CREATE TABLE OnlyThere (a); CREATE TRIGGER onlyThere AFTER DELETE ON "
+                                                "ABPerson BEGIN INSERT INTO OnlyThere VALUES (OLD.First); END;"
+                                                "INSERT INTO ABPerson (First) VALUES ('Ann')")),
+                  "");
+    }
+    book = real;
+    ASSERT_EQ(phone::problemOf(adopt()), "");
+    EXPECT_THAT(test::queryBook(bench.root(), "PRAGMA journal_mode"), ElementsAre("wal"));
+    EXPECT_THAT(test::queryBook(bench.root(), "PRAGMA page_size"), ElementsAre("8192"));
+    {
+        maker::AddressBookBuilder builder = maker::AddressBookBuilder::open(bench.root()).value();
+        EXPECT_EQ(phone::problemOf(builder.removePerson(1)), "");
+        EXPECT_EQ(phone::problemOf(builder.finish()), "");
+    }
+    EXPECT_THAT(test::queryBook(bench.root(), "SELECT a FROM OnlyThere"), ElementsAre("Ann"));
 }
 
 TEST_F(Adoption, RefusesAMissingFile) {

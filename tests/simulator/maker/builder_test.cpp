@@ -17,6 +17,7 @@ class Builder : public testing::Test {
     void SetUp() override {
         maker::RootOptions options;
         options.root = bench.root();
+        options.device = "iphone5s-7.1";
         ASSERT_EQ(phone::problemOf(maker::makeRoot(options)), "");
     }
     maker::AddressBookBuilder open() { return maker::AddressBookBuilder::open(bench.root()).value(); }

@@ -21,13 +21,15 @@ class Calls : public testing::Test {
     std::vector<std::string> make(const std::string& calls) {
         maker::RootOptions options;
         options.root = bench.root();
-        options.contacts =
+        options.contacts = {
             bench.write("contacts.vcf",
                         "BEGIN:VCARD\nN:Lee;Ann;;;\nTEL:(212) 555-0142\nEND:VCARD\n"
                         "BEGIN:VCARD\nN:Berg;Bo;;;\nTEL:+49 30 23125118\nEMAIL:bo@example.com\nEND:VCARD\n"
-                        "BEGIN:VCARD\nORG:Works\nTEL:611\nEND:VCARD\n");
+                        "BEGIN:VCARD\nORG:Works\nTEL:611\nEND:VCARD\n")};
         options.calls = bench.write("calls.csv", calls);
         options.now = kNow;
+        // Its history remembers the contacts.
+        options.device = "iphone5s-7.1";
         problem = phone::problemOf(maker::makeRoot(options));
         if (!problem.empty()) return {};
         return test::queryCalls(bench.root(),
@@ -88,6 +90,7 @@ TEST_F(Calls, AreMadeUpFromTheBookWhenNoneAreGiven) {
     options.root = bench.root();
     options.contactsCount = 20;
     options.now = kNow;
+    options.device = "iphone5s-7.1";
     ASSERT_EQ(phone::problemOf(maker::makeRoot(options)), "");
     auto count = [&](const char* condition) {
         return test::queryCalls(bench.root(), (std::string("SELECT count(*) FROM call WHERE ") + condition).c_str())
@@ -103,7 +106,7 @@ TEST_F(Calls, AreMadeUpFromTheBookWhenNoneAreGiven) {
 
 TEST_F(Calls, OfAnyAddressAndContactMakeFavoritesThatCanBeRead) {
     make("-1m, 611, incoming, 3\n");
-    maker::Database calls = maker::Database::open(bench.root() / maker::callsShape().path, false).value();
+    maker::Database calls = maker::Database::open(bench.root() / maker::callHistoryShape().path, false).value();
     ASSERT_EQ(phone::problemOf(calls.execute(
                   "UPDATE call SET address = CAST(x'3631FF31' AS TEXT);"
                   "INSERT INTO call (address, id) VALUES ('1', 4294967299), ('2', 2147483648), ('3', 1)")),
@@ -119,13 +122,14 @@ TEST_F(Calls, OfAnyAddressAndContactMakeFavoritesThatCanBeRead) {
 TEST_F(Calls, TheSurestMatchIsTheCaller) {
     maker::RootOptions options;
     options.root = bench.root();
-    options.contacts = bench.write("c.vcf",
-                                   "BEGIN:VCARD\nN:;Local;;;\nTEL:5550142\nEND:VCARD\n"
-                                   "BEGIN:VCARD\nN:;Whole;;;\nTEL:+1 212 555 0142\nEND:VCARD\n");
+    options.contacts = {bench.write("c.vcf",
+                                    "BEGIN:VCARD\nN:;Local;;;\nTEL:5550142\nEND:VCARD\n"
+                                    "BEGIN:VCARD\nN:;Whole;;;\nTEL:+1 212 555 0142\nEND:VCARD\n")};
     ASSERT_EQ(phone::problemOf(maker::makeRoot(options)), "");
-    EXPECT_EQ(maker::findCaller(bench.root(), "(212) 555-0142", "US").value().name, "Whole");
-    EXPECT_EQ(maker::findCaller(bench.root(), "(415) 555-0142", "US").value().name, "Local");
-    EXPECT_EQ(maker::findCaller(bench.root(), "", "US").value().contact, -1);
+    const maker::Callers callers = maker::Callers::of(bench.root(), "US").value();
+    EXPECT_EQ(callers.find("(212) 555-0142").value().name, "Whole");
+    EXPECT_EQ(callers.find("(415) 555-0142").value().name, "Local");
+    EXPECT_EQ(callers.find("").value().contact, -1);
 }
 
 }  // namespace

@@ -20,10 +20,11 @@ class MakeRoot : public testing::Test {
     MakeRoot() {
         options.root = bench.root();
         options.noCalls = true;
+        options.device = "iphone5s-7.1";
     }
     std::string make() { return phone::problemOf(maker::makeRoot(options)); }
     void failToMake() {
-        options.contacts = bench.path() / "gone.vcf";
+        options.contacts = {bench.path() / "gone.vcf"};
         EXPECT_THAT(make(), HasSubstr("gone.vcf"));
         options.contacts.clear();
     }
@@ -160,7 +161,7 @@ TEST_F(MakeRoot, ALinkToARootStaysAndTheRootIsReplaced) {
 }
 
 TEST_F(MakeRoot, TakesContactsFromOneSourceOnly) {
-    options.contacts = bench.write("c.vcf", "BEGIN:VCARD\nEND:VCARD\n");
+    options.contacts = {bench.write("c.vcf", "BEGIN:VCARD\nEND:VCARD\n")};
     options.contactsCount = 3;
     EXPECT_THAT(make(), HasSubstr("only one"));
 }

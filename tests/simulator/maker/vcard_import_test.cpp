@@ -1,8 +1,7 @@
-#include "simulator/maker/contacts/vcard_import.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "simulator/maker/contacts/contact_files.h"
 #include "tests/simulator/maker/workbench.h"
 
 namespace {
@@ -16,20 +15,22 @@ std::string card(const std::string& lines) { return "BEGIN:VCARD\nVERSION:3.0\n"
 class VCardImport : public testing::Test {
   protected:
     maker::Person only(const std::string& vcards) {
-        phone::Result<maker::ImportedContacts> imported = maker::importVCards(bench.write("c.vcf", vcards));
+        phone::Result<maker::ImportedContacts> imported =
+            maker::importContacts({bench.write("c.vcf", vcards)}, importing);
         EXPECT_EQ(phone::problemOf(imported), "");
         if (!imported || imported->persons.size() != 1) {
             ADD_FAILURE() << "not one person";
             return {};
         }
-        warnings = imported->warnings;
-        return imported->persons.front();
+        warnings = maker::sentences(imported->findings, true);
+        return imported->persons.front().person;
     }
     std::string failure(const std::string& vcards) {
-        return phone::problemOf(maker::importVCards(bench.write("c.vcf", vcards)));
+        return phone::problemOf(maker::importContacts({bench.write("c.vcf", vcards)}, importing));
     }
 
     test::Workbench bench;
+    maker::ImportOptions importing;
     std::vector<std::string> warnings;
 };
 
@@ -146,8 +147,9 @@ TEST_F(VCardImport, RefusesFilesThatAreNoCards) {
     EXPECT_THAT(failure(test::picture(4, 4, 0)), HasSubstr("there is no vCard"));
     EXPECT_THAT(failure(card("N:;A;;;\n") + "BEGIN:VCARD\nN:;B"), HasSubstr("line 5: BEGIN:VCARD without END:VCARD"));
     EXPECT_THAT(failure("BEGIN:VCARD\n" + card("")), HasSubstr("line 1: BEGIN:VCARD without END:VCARD"));
-    EXPECT_THAT(phone::problemOf(maker::importVCards(bench.path() / "gone.vcf")), HasSubstr("gone.vcf: No such file"));
-    EXPECT_THAT(phone::problemOf(maker::importVCards(bench.path())), HasSubstr("is a folder"));
+    EXPECT_THAT(phone::problemOf(maker::importContacts({bench.path() / "gone.vcf"}, {})),
+                HasSubstr("gone.vcf: No such file"));
+    EXPECT_THAT(phone::problemOf(maker::importContacts({bench.path() / "none"}, {})), HasSubstr("none: No such file"));
 }
 
 TEST_F(VCardImport, ReadsCardsWithByteOrderMarkAndWindowsLineEnds) {
@@ -173,7 +175,8 @@ TEST_F(VCardImport, AnUndecodablePhotoLeavesTheContactWithoutPicture) {
         bench.makeFrom(card("N:Lee;Ann;;;\nPHOTO;ENCODING=b:" + test::base64("not a picture") + "\n"));
     EXPECT_EQ(report.contacts, 1);
     EXPECT_EQ(report.pictures, 0);
-    EXPECT_THAT(report.warnings, ElementsAre(HasSubstr("Ann Lee goes without photo: not a picture")));
+    EXPECT_THAT(maker::sentences(report.findings, true),
+                ElementsAre(HasSubstr("Ann Lee goes without photo: not a picture")));
     EXPECT_THAT(test::queryImages(bench.root(), "SELECT * FROM ABFullSizeImage"), IsEmpty());
 }
 

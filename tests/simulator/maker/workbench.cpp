@@ -32,7 +32,7 @@ fs::path Workbench::write(const std::string& name, std::string_view contents) co
 maker::RootReport Workbench::makeFrom(const std::string& vcards) const {
     maker::RootOptions options;
     options.root = root();
-    options.contacts = write("contacts.vcf", vcards);
+    options.contacts = {write("contacts.vcf", vcards)};
     options.noCalls = true;
     phone::Result<maker::RootReport> report = maker::makeRoot(options);
     EXPECT_EQ(phone::problemOf(report), "");
@@ -73,7 +73,7 @@ std::vector<std::string> queryImages(const fs::path& root, const char* sql) {
     return query(root / maker::imagesShape().path, sql);
 }
 std::vector<std::string> queryCalls(const fs::path& root, const char* sql) {
-    return query(root / maker::callsShape().path, sql);
+    return query(root / maker::callHistoryShape().path, sql);
 }
 
 std::string picture(int width, int height, unsigned colour, const char* kind) {

@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kBook = "phone/private/var/mobile/Library/AddressBook/AddressBook.sqlitedb";
 constexpr const char* kImages = "phone/private/var/mobile/Library/AddressBook/AddressBookImages.sqlitedb";
-constexpr const char* kCalls = "phone/private/var/wireless/Library/CallHistory/call_history.db";
+constexpr const char* kCalls = "phone/private/var/mobile/Library/CallHistoryDB/CallHistory.storedata";
 constexpr const char* kLibraries = "phone/Library/MobileSubstrate/DynamicLibraries/";
 
 class DamagedPhone : public PhoneSim {

@@ -40,7 +40,9 @@ class InstalledPhoneSim : public PhoneSim {
 };
 
 TEST_F(InstalledPhoneSim, MakesAPhoneAndDrawsAListWhereverItStands) {
-    Outcome made = shell("phonesim new phone --contacts second/share/zelkacb/samples/contacts.vcf");
+    Outcome made = shell(
+        "phonesim new phone --contacts second/share/zelkacb/samples/contacts.vcf --photos "
+        "/var/lib/AccountsService/icons");
     ASSERT_EQ(made.status, 0) << made.err;
     Outcome shot = shell("phonesim shot phone recents --out recents.png --row-details");
     EXPECT_EQ(shot.status, 0) << shot.err;
@@ -82,6 +84,9 @@ TEST_F(InstalledPhoneSim, CompletesVerbsOptionsAndValues) {
     EXPECT_EQ(offered("phonesim shot phone recents --process = spr"), "springboard\n");
     EXPECT_EQ(offered("phonesim shot phone recents --process callbar --p"), "\n");
     EXPECT_EQ(offered("phonesim set phone ZelkaCBEnabledR"), "ZelkaCBEnabledRoundedPictures ZelkaCBEnabledRecents\n");
+    EXPECT_EQ(offered("phonesim get phone ZelkaCBEnabledR"), "ZelkaCBEnabledRoundedPictures ZelkaCBEnabledRecents\n");
+    EXPECT_EQ(offered("phonesim call phone 1 m"), "missed\n");
+    EXPECT_EQ(offered("phonesim help cl"), "clone\n");
     EXPECT_EQ(offered("phonesim set phone ZelkaCBEnabled o"), "on off\n");
     EXPECT_EQ(offered("phonesim new phone --device iphone6p"), "iphone6plus-8.4 iphone6plus-9.3\n");
     EXPECT_EQ(offered("phonesim dance \"\""), "\n");
@@ -97,7 +102,8 @@ TEST_F(InstalledPhoneSim, CompletesPaths) {
 TEST_F(InstalledPhoneSim, HasAManualPageOfEverythingThatHelpSays) {
     const Outcome page = shell("groff -ww -man -Tascii -P-cbou second/share/man/man1/phonesim.1");
     EXPECT_EQ(page.err, "");
-    for (const char* verb : {"new", "shot", "run", "log", "set", "notify", "edit"}) {
+    for (const char* verb :
+         {"new", "list", "shot", "run", "log", "get", "set", "notify", "add", "edit", "call", "clone", "help"}) {
         EXPECT_THAT(page.out, HasSubstr(std::string("\nphonesim ") + verb + "\n"));
     }
     EXPECT_THAT(page.out, HasSubstr("--contacts FILE"));

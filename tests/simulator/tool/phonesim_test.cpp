@@ -42,7 +42,8 @@ class PhoneSimVerbs : public PhoneSim {
 };
 
 TEST_F(PhoneSimVerbs, EveryVerbHasHelpWithExamples) {
-    for (const char* verb : {"new", "shot", "run", "log", "set", "notify", "edit"}) {
+    for (const char* verb : {"new", "list", "info", "shot", "run", "log", "get", "set", "notify", "add", "edit",
+                             "favorite", "call", "install", "clone", "delete", "help"}) {
         Outcome help = run(std::string(verb) + " --help");
         EXPECT_EQ(help.status, 0);
         EXPECT_THAT(help.out, AllOf(HasSubstr("Example"), HasSubstr(std::string("phonesim ") + verb))) << verb;
@@ -82,7 +83,7 @@ TEST_F(PhoneSimVerbs, MisuseIsToldAndExitsWithTwo) {
 }
 
 TEST_F(PhoneSimVerbs, MisuseIsToldInWordsThatHelp) {
-    EXPECT_THAT(run("dance").err, AllOf(HasSubstr("there is no verb \"dance\""), HasSubstr("new, shot, run")));
+    EXPECT_THAT(run("dance").err, AllOf(HasSubstr("there is no verb \"dance\""), HasSubstr("new, list, info")));
     EXPECT_THAT(run("shot phone recents --timeout 0").err, HasSubstr("--timeout: Value 0 not in range 0.001"));
     EXPECT_THAT(run("shot --help").out, HasSubstr("{callbar,springboard}"));
     EXPECT_EQ(run("--version").out, "phonesim " ZELKA_VERSION "\n");
@@ -93,7 +94,7 @@ TEST_F(PhoneSimVerbs, NewMakesAPhoneAndSaysWhatIsOnIt) {
     write("calls.csv", "-1h, 1, missed\n");
     Outcome made = run("new phone --contacts c.vcf --calls calls.csv");
     EXPECT_EQ(made.status, 0);
-    EXPECT_EQ(made.out, "phone: 1 contacts, 0 with a picture, 1 calls\n");
+    EXPECT_EQ(made.out, "phone: 1 contact, 0 with a picture, 1 call\n");
     EXPECT_THAT(made.err, HasSubstr("Ann Lee goes without photo"));
     EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(path_ / kLibrary)));
     EXPECT_THAT(read("phone/Library/MobileSubstrate/DynamicLibraries/ZelkaCB.plist"),

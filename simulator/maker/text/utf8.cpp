@@ -1,4 +1,4 @@
-#include "simulator/maker/contacts/utf8.h"
+#include "simulator/maker/text/utf8.h"
 
 #include <glib.h>
 

@@ -52,8 +52,8 @@ TEST_F(PagePreview, DrawsTheInitialsOfTheSamplesName) {
         left = std::min(left, x);
         right = std::max(right, x);
     }
-    EXPECT_LT(left, 15);
-    EXPECT_GT(right, 25);
+    EXPECT_LT(left, 17);
+    EXPECT_GT(right, 23);
 }
 
 TEST_F(PagePreview, FollowsTheSwitchForRoundPicturesAtOnce) {

@@ -15,8 +15,9 @@ using test::kSettingsPath;
 using test::propertyList;
 using zelka::Setting;
 
-constexpr const char* kOthers = "<plist version=\"1.0\"><dict><key>ZelkaCBEnabledRecents</key><false/>"
-                                "<key>another</key><array><string>kept</string></array></dict></plist>";
+constexpr const char* kOthers =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict><key>ZelkaCBEnabledRecents</key><false/>"
+    "<key>another</key><array><string>kept</string></array></dict></plist>";
 
 class PageSettings : public test::PageTest {
   protected:
@@ -47,7 +48,8 @@ TEST_F(PageSettings, AreTheFiles) {
 
 // Other programs may have written numbers or texts; what has no truth value is off for the library, too.
 TEST_F(PageSettings, AreReadAsTheLibraryReadsThem) {
-    root.write(kSettingsPath, "<plist version=\"1.0\"><dict><key>ZelkaCBEnabled</key><integer>1</integer>"
+    root.write(kSettingsPath, "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist "
+                              "version=\"1.0\"><dict><key>ZelkaCBEnabled</key><integer>1</integer>"
                               "<key>ZelkaCBEnabledRoundedPictures</key><integer>0</integer>"
                               "<key>ZelkaCBEnabledMonogramPictures</key><string>YES</string>"
                               "<key>ZelkaCBEnabledFavorites</key><array/>"

@@ -100,10 +100,11 @@ SettingsTest::Json SettingsTest::show(Host& host, const std::string& screen) con
 }
 
 SettingsTest::Json SettingsTest::row(Host& host, const std::string& label) const {
-    for (const Json& each : page(host).at("rows")) {
+    const Json shown = page(host);
+    for (const Json& each : shown.at("rows")) {
         if (each.at("label") == label) return each;
     }
-    ADD_FAILURE() << "no row " << label << " in " << page(host).dump(1);
+    ADD_FAILURE() << "no row " << label << " in " << shown.dump(1);
     return {};
 }
 

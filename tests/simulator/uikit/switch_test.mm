@@ -58,7 +58,7 @@ TEST_F(SwitchTest, IsGreenWhenItIsOn) {
     UIImage* off = UISnapshotOfView(makeSwitch(NO));
     EXPECT_EQ(at(off, 15, 15), kWhite);
     EXPECT_EQ(at(off, 40, 15), kWhite);
-    EXPECT_EQ(at(off, 40, 0.5), (Pixel{229, 229, 229, 255})) << "the rim";
+    EXPECT_EQ(at(off, 33, 0.5), (Pixel{229, 229, 229, 255})) << "the rim";
 }
 
 TEST_F(SwitchTest, IsMirroredFromSystem9On) {

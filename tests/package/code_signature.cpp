@@ -9,7 +9,7 @@
 namespace test {
 namespace {
 
-constexpr uint32_t kDirectoryMagic = 0xfade0c02, kSignatureCommand = 0x1d;
+constexpr uint32_t kDirectoryMagic = 0xfade0c02, kSignatureCommand = 0x1d, kMagic32 = 0xfeedface;
 constexpr size_t kPageBytes = 4096;
 
 // Bounds are checked by the library's own: a damaged file ends the test.
@@ -24,7 +24,7 @@ uint32_t big32(const std::string& bytes, size_t offset) { return be32toh(valueAt
 
 // Where the signature begins; 0 when there is none.
 size_t signatureOffset(const std::string& file) {
-    size_t at = 32;
+    size_t at = valueAt<uint32_t>(file, 0) == kMagic32 ? 28 : 32;
     for (uint32_t left = valueAt<uint32_t>(file, 16); left > 0; --left) {
         if (valueAt<uint32_t>(file, at) == kSignatureCommand) return valueAt<uint32_t>(file, at + 8);
         at += valueAt<uint32_t>(file, at + 4);

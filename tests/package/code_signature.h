@@ -14,7 +14,7 @@ struct CodeDirectory {
     bool matches = false;
 };
 
-// The directories of a thin 64-bit file, in their order; empty when it is not signed.
+// The directories of a thin file, in their order; empty when it is not signed.
 std::vector<CodeDirectory> codeDirectories(const std::string& file);
 
 }  // namespace test

@@ -17,6 +17,7 @@ using testing::UnorderedElementsAre;
 const std::string kQuotedPackage = std::string("'") + ZELKA_PACKAGE + "'";
 constexpr const char* kLibraries = "/Library/MobileSubstrate/DynamicLibraries/";
 constexpr const char* kSettings = "/Library/PreferenceLoader/Preferences/";
+constexpr const char* kDocuments = "/usr/share/doc/com.norvex.zelkacb/";
 constexpr const char* kBundle = "/System/Library/PreferenceBundles/ZelkaCBSettings.bundle/";
 
 // A file or folder as `dpkg-deb --contents` tells it.
@@ -68,8 +69,53 @@ TEST_F(Package, TellsPackageManagersWhatItIs) {
     EXPECT_EQ(field("Architecture"), "iphoneos-arm");
     EXPECT_EQ(field("Section"), "Tweaks");
     EXPECT_EQ(field("Depends"), "firmware (>= 7.0), mobilesubstrate, preferenceloader");
-    EXPECT_NE(field("Maintainer"), "");
-    EXPECT_NE(field("Description"), "");
+    EXPECT_THAT(field("Maintainer"), testing::MatchesRegex("[A-Za-z ]+ <[a-z]+@[a-z.]+>"));
+    EXPECT_THAT(field("Homepage"), testing::StartsWith("https://"));
+    EXPECT_THAT(field("Depiction"), testing::StartsWith(field("Homepage")));
+    const std::string description = field("Description");
+    for (const char* processor : {"armv7", "arm64"}) EXPECT_THAT(description, testing::HasSubstr(processor));
+}
+
+TEST_F(Package, ItsPictureIsOneOfItsFiles) {
+    const std::string icon = field("Icon");
+    ASSERT_THAT(icon, testing::StartsWith("file:///"));
+    const std::string picture = test::bytesOf(root + icon.substr(7));
+    ASSERT_GT(picture.size(), 24u);
+    EXPECT_EQ(picture.substr(1, 3), "PNG");
+    EXPECT_EQ(picture[19], 120);
+    EXPECT_EQ(picture[23], 120);
+}
+
+// Every exception is in the package's own list, with its reason; one that is not needed is reported, too.
+TEST_F(Package, LintianFindsNothing) {
+    EXPECT_EQ(test::outputOf("lintian --no-cfg --display-info --fail-on error,warning,info,pedantic,experimental "
+                             "--tag-display-limit 0 " +
+                             kQuotedPackage + " 2>/dev/null"),
+              "");
+}
+
+TEST_F(Package, ListsWhatHasChangedUpToItsVersion) {
+    const std::string changes = test::outputOf("zcat '" + root + kDocuments + "changelog.gz'");
+    EXPECT_THAT(changes, testing::StartsWith("com.norvex.zelkacb (" ZELKA_VERSION ") "));
+    EXPECT_THAT(changes, testing::HasSubstr(" -- " + field("Maintainer") + "  "));
+}
+
+TEST_F(Package, CarriesItsLicence) {
+    const std::string copyright = test::bytesOf(root + kDocuments + "copyright");
+    const std::vector<std::string> licence = test::linesOf(test::bytesOf(ZELKA_SOURCES "/LICENSE"));
+    EXPECT_THAT(copyright, testing::HasSubstr("License: " + licence[0].substr(0, licence[0].find(' '))));
+    // Its first line is the name, the third says whose it is.
+    for (size_t i = 3; i < licence.size(); ++i) EXPECT_THAT(copyright, testing::HasSubstr(" " + licence[i]));
+}
+
+TEST_F(Package, ItsChecksumsAreThoseOfItsFiles) {
+    test::outputOf("dpkg-deb --control " + kQuotedPackage + " '" + root + "/DEBIAN'");
+    const std::string checked =
+        test::outputOf("cd '" + root + "' && md5sum --check --strict DEBIAN/md5sums && rm -r DEBIAN && find . -type f");
+    size_t sound = 0, files = 0;
+    for (const std::string& line : test::linesOf(checked)) (line.ends_with(": OK") ? sound : files) += 1;
+    EXPECT_EQ(sound, files);
+    EXPECT_GT(files, 10u);
 }
 
 TEST_F(Package, InstalledSizeCoversItsFiles) {
@@ -88,7 +134,7 @@ TEST_F(Package, ItsMembersAreGzipped) {
 
 TEST_F(Package, RunsNothingWhenItIsInstalled) {
     EXPECT_THAT(test::linesOf(test::outputOf("dpkg-deb --ctrl-tarfile " + kQuotedPackage + " | tar -t")),
-                UnorderedElementsAre("./", "./control"));
+                UnorderedElementsAre("./", "./control", "./md5sums"));
 }
 
 TEST_F(Package, HasTheFilesOfAPhoneAndNoOther) {
@@ -99,6 +145,8 @@ TEST_F(Package, HasTheFilesOfAPhoneAndNoOther) {
     std::vector<std::string> expected = {
         std::string(kLibraries) + "ZelkaCB.dylib", std::string(kLibraries) + "ZelkaCB.plist",
         std::string(kSettings) + "ZelkaCB.plist",  std::string(kBundle) + "ZelkaCB.plist",
+        std::string(kDocuments) + "changelog.gz",  std::string(kDocuments) + "copyright",
+        "/usr/share/com.norvex.zelkacb/icon.png",  "/usr/share/lintian/overrides/com.norvex.zelkacb",
         std::string(kBundle) + "Info.plist",       std::string(kBundle) + "ZelkaCBSettings"};
     for (const char* language : {"ar", "de", "en", "es", "fr", "he", "ja", "ru", "sv", "zh-Hans"})
         expected.push_back(std::string(kBundle) + language + ".lproj/ZelkaCB.strings");

@@ -62,7 +62,8 @@ class SettingsPage : public PhoneTest {
                      "<key>PostNotification</key><string>" + each.notification + "</string></dict>";
         }
         write("Library/PreferenceLoader/Preferences/ZelkaCB.plist",
-              "<plist version=\"1.0\"><dict><key>entry</key><dict><key>cell</key><string>PSLinkCell</string>"
+              "<?xml version=\"1.0\"?><plist "
+              "version=\"1.0\"><dict><key>entry</key><dict><key>cell</key><string>PSLinkCell</string>"
               "<key>label</key><string>ZelkaCB</string></dict><key>items</key><array>" +
                   items + "</array></dict></plist>");
     }

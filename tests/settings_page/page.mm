@@ -115,7 +115,9 @@ std::string PageTest::storedValues() const {
 std::string PageTest::posted() const {
     std::istringstream lines(root.read("/private/var/run/notifications"));
     std::string all;
-    for (std::string line; std::getline(lines, line);) all += (all.empty() ? "" : " ") + line;
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.empty()) all += (all.empty() ? "" : " ") + line;
+    }
     return all;
 }
 

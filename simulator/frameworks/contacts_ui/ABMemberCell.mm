@@ -116,7 +116,7 @@ CGFloat extraMargin() { return [[[UIDevice currentDevice] systemVersion] intValu
     UIFont* font = [UIFont systemFontOfSize:kFontSize];
     const CGFloat inset = [self textInset];
     const CGFloat y = (bounds.size.height - [font lineHeight]) / 2;
-    const CGFloat width = std::max(0.0, bounds.size.width - inset - kTextReserve);
+    const CGFloat width = std::max<CGFloat>(0, bounds.size.width - inset - kTextReserve);
     const CGFloat x = ABUIReadsFromTheRight() ? kTextReserve : inset;
     [self _drawText:_name
             withColor:[UIColor blackColor]
@@ -174,7 +174,7 @@ CGFloat extraMargin() { return [[[UIDevice currentDevice] systemVersion] intValu
 - (void)layOutName {
     const CGSize size = [[self contentView] bounds].size;
     const CGFloat x = kNameViewX + ([self isEditing] ? 0 : extraMargin());
-    [_contactNameView setFrame:CGRectMake(x, 0, std::max(0.0, size.width - x - kNameViewTrailing), size.height)];
+    [_contactNameView setFrame:CGRectMake(x, 0, std::max<CGFloat>(0, size.width - x - kNameViewTrailing), size.height)];
 }
 
 - (CGFloat)textInset {

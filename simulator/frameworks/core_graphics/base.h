@@ -16,7 +16,12 @@
 #define CG_INLINE static inline
 
 #if !defined(CGFLOAT_DEFINED)
-typedef double CGFloat;  // as Foundation declares it for 64-bit programs
+// As Foundation declares it: by the width of pointers.
+#if UINTPTR_MAX > UINT32_MAX
+typedef double CGFloat;
+#else
+typedef float CGFloat;
+#endif
 #endif
 
 typedef struct CGColorSpace* CGColorSpaceRef;

@@ -224,5 +224,5 @@ CGRect CGContextGetClipBoundingBox(CGContextRef context) {
     }
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
     cairo_clip_extents(target->cairo, &x1, &y1, &x2, &y2);
-    return {{x1, y1}, {x2 - x1, y2 - y1}};
+    return CGRectMake(x1, y1, x2 - x1, y2 - y1);
 }

@@ -132,7 +132,7 @@ void CGContextSetGrayFillColor(CGContextRef context, CGFloat gray, CGFloat alpha
 
 void CGContextSetAlpha(CGContextRef context, CGFloat alpha) {
     if (CGContextObject* target = checked(context, __func__)) {
-        target->state.alpha = std::clamp(alpha, 0.0, 1.0);
+        target->state.alpha = std::clamp<CGFloat>(alpha, 0, 1);
     }
 }
 
@@ -156,7 +156,7 @@ void CGContextSetBlendMode(CGContextRef context, CGBlendMode mode) {
 void CGContextSetLineWidth(CGContextRef context, CGFloat width) {
     CGContextObject* target = checked(context, __func__);
     if (target != nil && core_graphics::areFinite({width})) {
-        cairo_set_line_width(target->cairo, std::max(0.0, width));
+        cairo_set_line_width(target->cairo, std::max<CGFloat>(0, width));
     }
 }
 

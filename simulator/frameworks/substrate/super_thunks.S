@@ -69,4 +69,38 @@ superThunks:
 
     .section .note.GNU-stack, "", %progbits
 
+#elif defined(__arm__)
+
+    .syntax unified
+    .arm
+    .text
+    .type superThunkCommon, %function
+    .p2align 4
+superThunkCommon:  // ip: the entry's number
+    .fnstart
+    save_arguments
+    mov r0, ip
+    bl superImplementation
+    mov ip, r0
+    restore_arguments
+    bx ip
+    .fnend
+    .size superThunkCommon, .-superThunkCommon
+
+    .globl superThunks
+    .hidden superThunks
+    .type superThunks, %function
+    .p2align 4
+superThunks:
+    .set number, 0
+    .rept THUNK_COUNT
+    .p2align 4
+    movw ip, #number
+    b superThunkCommon
+    .set number, number + 1
+    .endr
+    .size superThunks, .-superThunks
+
+    .section .note.GNU-stack, "", %progbits
+
 #endif

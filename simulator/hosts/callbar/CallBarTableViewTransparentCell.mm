@@ -151,7 +151,7 @@ bool systemIsAtLeast(int major) { return [[[UIDevice currentDevice] systemVersio
     // The gap belongs to the date, so that it stays where a name is made to end at the date.
     const CGFloat dateX = right - date.width - kGap;
     [_dateLabel setFrame:CGRectMake(dateX, (kRowHeight - date.height) / 2, date.width + kGap, date.height)];
-    [_nameLabel setFrame:CGRectMake(left, kNameTop, std::max(0.0, dateX - left), nameHeight)];
+    [_nameLabel setFrame:CGRectMake(left, kNameTop, std::max<CGFloat>(0, dateX - left), nameHeight)];
     [_kindLabel setFrame:CGRectMake(left, kKindTop, kind.width, kind.height)];
     [_typeIcon setFrame:CGRectMake(left + kind.width + kIconGap, kKindTop + kIconDrop, icon.width, icon.height)];
 }
@@ -166,7 +166,7 @@ bool systemIsAtLeast(int major) { return [[[UIDevice currentDevice] systemVersio
     const CGFloat nameLeft = kMargin + date.width + kGap;
     const CGFloat nameHeight = std::ceil([[_nameLabel font] lineHeight]);
     [_dateLabel setFrame:CGRectMake(kMargin, (kRowHeight - date.height) / 2, date.width, date.height)];
-    [_nameLabel setFrame:CGRectMake(nameLeft, kNameTop, std::max(0.0, right - nameLeft), nameHeight)];
+    [_nameLabel setFrame:CGRectMake(nameLeft, kNameTop, std::max<CGFloat>(0, right - nameLeft), nameHeight)];
     [_kindLabel setFrame:CGRectMake(right - kind.width, kKindTop, kind.width, kind.height)];
     [_typeIcon
         setFrame:CGRectMake(right - kind.width - kIconGap - icon.width, kKindTop + kIconDrop, icon.width, icon.height)];

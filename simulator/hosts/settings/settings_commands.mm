@@ -31,7 +31,7 @@ CommandResult show(NSDictionary* command, const Libraries&) {
     NSString* screen = textOf(command, @"screen");
     NSArray* parts = [screen pathComponents];
     if ([parts count] == 0 || [parts count] > 2 || ![[parts objectAtIndex:0] isEqual:@"settings"])
-        return failedOf(@"no screen settings, or settings/ENTRY:", screen);
+        return failedOf(@"the screens are settings and settings/ENTRY, and there is no screen", screen);
     while ([SettingsPages() popViewControllerAnimated:NO] != nil) continue;
     [SettingsWindow() layoutIfNeeded];
     if ([parts count] == 1) return done(@{});

@@ -80,7 +80,8 @@ Status copyEntry(const fs::path& root, const fs::path& entry) {
     return requireBuilt(entry).and_then([&] {
         std::error_code error;
         fs::create_directories(root / kEntries, error);
-        if (!error) fs::copy(entry, root / kEntries, fs::copy_options::overwrite_existing, error);
+        if (!error)
+            fs::copy(entry, root / kEntries, fs::copy_options::recursive | fs::copy_options::overwrite_existing, error);
         return check(error, root / kEntries);
     });
 }

@@ -83,7 +83,7 @@ class Cursor {
         const std::uint64_t begin = position_;
         while (byte() != 0) {
         }
-        return {reinterpret_cast<const char*>(bytes_.data()) + begin, position_ - begin - 1};
+        return {reinterpret_cast<const char*>(bytes_.data()) + begin, static_cast<std::size_t>(position_ - begin - 1)};
     }
 
   private:

@@ -6,7 +6,6 @@
 namespace phone::macho {
 namespace {
 
-constexpr std::uint64_t kPointer = sizeof(void*);
 constexpr std::uint8_t kImmediateMask = 0x0f;
 constexpr std::uint8_t kTypePointer = 1;
 
@@ -15,32 +14,40 @@ class Place {
   public:
     explicit Place(const Image& image) : image_(image) {
         for (const Segment& segment : image.segments)
-            slots_ += segment.writable ? segment.contents.size() / kPointer : 0;
+            slots_ += segment.writable ? segment.contents.size() / pointer() : 0;
     }
+
+    // In bytes.
+    std::uint64_t pointer() const { return image_.pointerBytes; }
 
     void set(std::uint64_t segment, std::uint64_t offset) {
         if (segment >= image_.segments.size()) throw Malformed("a fix-up names a segment that does not exist");
         segment_ = &image_.segments[segment];
-        offset_ = offset;
+        offset_ = wrapped(offset);
     }
 
-    void move(std::uint64_t distance) { offset_ += distance; }
+    void move(std::uint64_t distance) { offset_ = wrapped(offset_ + distance); }
 
     // The address of the pointer to fix up, after which the place moves past it.
     std::uint64_t take() {
         if (segment_ == nullptr) throw Malformed("a fix-up comes before its segment is named");
         if (!segment_->writable)
             throw Malformed("a fix-up lies in segment " + segment_->name + ", which is not writable");
-        if (offset_ > segment_->contents.size() || kPointer > segment_->contents.size() - offset_) {
+        if (offset_ > segment_->contents.size() || pointer() > segment_->contents.size() - offset_) {
             throw Malformed("a fix-up lies outside the contents of segment " + segment_->name);
         }
         if (taken_++ == slots_) throw Malformed("there are more fix-ups than places for them");
         const std::uint64_t address = segment_->address + offset_;
-        offset_ += kPointer;
+        offset_ += pointer();
         return address;
     }
 
   private:
+    // Offsets are as wide as pointers.
+    std::uint64_t wrapped(std::uint64_t offset) const {
+        return pointer() == 4 ? static_cast<std::uint32_t>(offset) : offset;
+    }
+
     const Image& image_;
     const Segment* segment_ = nullptr;
     std::uint64_t offset_ = 0, slots_ = 0, taken_ = 0;
@@ -131,13 +138,13 @@ class CodeReader {
             case Operation::move:
                 return place_.move(codes_.uleb());
             case Operation::moveScaled:
-                return place_.move(immediate * kPointer);
+                return place_.move(immediate * place_.pointer());
             case Operation::once:
                 return repeat(1, 0);
             case Operation::onceAndMove:
                 return repeat(1, codes_.uleb());
             case Operation::onceAndMoveScaled:
-                return repeat(1, immediate * kPointer);
+                return repeat(1, immediate * place_.pointer());
             case Operation::timesImmediate:
                 return repeat(immediate, 0);
             case Operation::times:

@@ -41,6 +41,7 @@ struct Export {
 };
 
 struct Image {
+    std::uint32_t pointerBytes = 8;
     std::vector<Segment> segments;       // in order of address, page-aligned, without overlap
     std::vector<std::uint64_t> rebases;  // addresses of pointers that move with the image
     std::vector<Bind> binds;

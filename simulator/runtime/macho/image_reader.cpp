@@ -18,8 +18,8 @@ const char* cpuName(std::uint32_t cpu) {
             return "x86-64";
         case kCpuArm64:
             return "arm64";
-        case 12:
-            return "32-bit arm";
+        case kCpuArm:
+            return "armv7";
         case 7:
             return "32-bit x86";
         default:
@@ -42,8 +42,8 @@ Bytes sliceFor(std::uint32_t cpu, Bytes file) {
     throw Malformed(std::string("is not for this machine's processor, ") + cpuName(cpu));
 }
 
-void checkHeader(const Header& header, std::uint32_t cpu) {
-    if (header.magic != kMagic64) throw Malformed("is not a 64-bit Mach-O file");
+void checkHeader(const Header32& header, std::uint32_t cpu) {
+    if (header.magic != kMagic32 && header.magic != kMagic64) throw Malformed("is not a Mach-O file");
     if (header.cpu != cpu) {
         throw Malformed(std::string("is for ") + cpuName(header.cpu) + ", this machine runs " + cpuName(cpu));
     }
@@ -52,13 +52,14 @@ void checkHeader(const Header& header, std::uint32_t cpu) {
     }
 }
 
+template <class Format>
 class ImageReader {
   public:
-    ImageReader(Bytes file, std::uint32_t cpu, Image& image) : file_(file), cpu_(cpu), image_(image) {}
+    ImageReader(Bytes file, Image& image) : file_(file), image_(image) { image.pointerBytes = Format::kPointerBytes; }
 
     void read() {
-        const auto header = valueAt<Header>(file_, 0, "the header");
-        checkHeader(header, cpu_);
+        const auto header = valueAt<typename Format::Header>(file_, 0, "the header");
+        if (header.magic != Format::kMagic) throw Malformed(std::string("is not a ") + Format::kName + " Mach-O file");
         readCommands(header);
         checkSegments();
         checkRanges();
@@ -73,12 +74,14 @@ class ImageReader {
     }
 
   private:
+    using Section = typename Format::Section;
+
     Bytes part(std::uint64_t offset, std::uint64_t size, const char* what) const {
         return slice(file_, offset, size, what);
     }
 
-    void readCommands(const Header& header) {
-        const Bytes commands = part(sizeof(Header), header.commandSize, "the list of load commands");
+    void readCommands(const Header32& header) {
+        const Bytes commands = part(sizeof(typename Format::Header), header.commandSize, "the list of load commands");
         std::uint64_t at = 0;
         for (std::uint32_t i = 0; i < header.commandCount; ++i) {
             const auto command = valueAt<LoadCommand>(commands, at, "a load command");
@@ -90,12 +93,13 @@ class ImageReader {
 
     void readCommand(std::uint32_t command, Bytes bytes) {
         switch (command) {
-            case kSegment64:
+            case Format::kSegment:
                 return readSegment(bytes);
             case kDyldInfo:
             case kDyldInfoOnly:
                 fixups_ = valueAt<DyldInfoCommand>(bytes, 0, "the fix-up command");
                 return;
+            case kEncryptionInfo32:
             case kEncryptionInfo64:
                 if (valueAt<EncryptionCommand>(bytes, 0, "the encryption command").scheme != 0) {
                     throw Malformed("is encrypted");
@@ -116,7 +120,7 @@ class ImageReader {
     }
 
     void readSegment(Bytes bytes) {
-        const auto head = valueAt<SegmentCommand>(bytes, 0, "a segment command");
+        const auto head = valueAt<typename Format::Segment>(bytes, 0, "a segment command");
         Segment segment;
         segment.name = fixedName(head.name);
         segment.address = head.address;
@@ -133,12 +137,12 @@ class ImageReader {
         }
         contentsSize_ += head.fileSize;
         for (std::uint32_t i = 0; i < head.sectionCount; ++i) {
-            readSection(valueAt<SectionHeader>(bytes, sizeof head + i * sizeof(SectionHeader), "a section"), segment);
+            readSection(valueAt<Section>(bytes, sizeof head + i * sizeof(Section), "a section"), segment);
         }
         image_.segments.push_back(std::move(segment));
     }
 
-    void readSection(const SectionHeader& section, const Segment& segment) {
+    void readSection(const Section& section, const Segment& segment) {
         const std::string name = fixedName(section.name);
         if (!segment.contains(section.address, section.size)) {
             throw Malformed("section " + name + " lies outside segment " + segment.name);
@@ -166,7 +170,7 @@ class ImageReader {
 
     void checkRanges() const {
         for (const Range& range : image_.initialisers) {
-            if (range.size % sizeof(void*) != 0 || range.address % sizeof(void*) != 0) {
+            if (range.size % image_.pointerBytes != 0 || range.address % image_.pointerBytes != 0) {
                 throw Malformed("has a list of initialisers that is no list of pointers");
             }
         }
@@ -184,7 +188,6 @@ class ImageReader {
     }
 
     Bytes file_;
-    std::uint32_t cpu_;
     Image& image_;
     std::optional<DyldInfoCommand> fixups_;
     std::uint64_t contentsSize_ = 0;
@@ -195,7 +198,13 @@ class ImageReader {
 Result<Image> readImage(Bytes file, std::uint32_t cpu) {
     try {
         Image image;
-        ImageReader(sliceFor(cpu, file), cpu, image).read();
+        const Bytes part = sliceFor(cpu, file);
+        checkHeader(valueAt<Header32>(part, 0, "the header"), cpu);
+        if ((cpu & kCpuIs64Bit) != 0) {
+            ImageReader<Format64>(part, image).read();
+        } else {
+            ImageReader<Format32>(part, image).read();
+        }
         return image;
     } catch (const Malformed& problem) {
         return failure(problem.what());

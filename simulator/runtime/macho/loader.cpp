@@ -13,16 +13,12 @@
 #include "simulator/runtime/macho/symbols.h"
 #include "simulator/runtime/macho/unwind.h"
 
-// Of libgcc's unwinder: takes an .eh_frame section for the process's life.
-extern "C" void __register_frame(void* frames);
-
 namespace phone::macho {
 namespace {
 
 // What stays of a loaded library.
 struct Library {
     UnwindFrames unwind;
-    char* ownFrames = nullptr;  // the image's own __eh_frame, where functions need it
     std::map<std::string, void*> exports;
     std::vector<char*> initialisers;
 };
@@ -117,7 +113,7 @@ class Placed {
             }
             end = segment.address + segment.size;
         }
-#if defined(__aarch64__)
+#if defined(__aarch64__) || defined(__arm__)
         __builtin___clear_cache(at(firstAddress(image_)), at(end));
 #endif
         return {};
@@ -181,7 +177,6 @@ Result<Library> prepare(const Placed& placed, const Image& image) {
         .and_then([&] { return translateUnwindInfo(image, placed.at(firstAddress(image))); })
         .and_then([&](UnwindFrames frames) {
             library.unwind = std::move(frames);
-            if (library.unwind.needsOwn) library.ownFrames = placed.at(image.frames.address);
             return placed.initialisers();
         })
         .and_then([&](std::vector<char*> functions) {
@@ -201,8 +196,7 @@ Status loadImage(const std::string& path, const Image& image) {
     if (!library) return failure(library);
     images().push_back({path, memory.keep(), sizeOf(image)});
     Library& kept = libraries()[path] = std::move(*library);
-    if (!kept.unwind.translated.empty()) __register_frame(kept.unwind.translated.data());
-    if (kept.ownFrames != nullptr) __register_frame(kept.ownFrames);
+    registerFrames(kept.unwind, image, images().back().begin);
     run(kept.initialisers);
     return {};
 }

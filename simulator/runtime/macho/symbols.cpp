@@ -10,6 +10,10 @@
 
 #include <string>
 
+#if defined(__arm__)
+#include "simulator/runtime/macho/unwind_arm.h"
+#endif
+
 namespace phone::macho {
 namespace {
 
@@ -30,7 +34,7 @@ void* phoneDlsym(void* handle, const char* name) {
 // initialiser as well.
 struct PhoneMutex {
     static constexpr long kInitialized = 0x32AAABA7;
-    static constexpr std::size_t kRoom = 56;
+    static constexpr std::size_t kRoom = sizeof(long) == 8 ? 56 : 40;
 
     long mark;
     pthread_mutex_t mutex;
@@ -52,6 +56,13 @@ extern "C" void phoneNSLog();
 extern "C" void phoneSnprintf();
 #endif
 
+#if defined(__arm__)
+extern "C" int phoneSnprintf(char* text, size_t size, const char* format, ...);
+
+// A phone's C library has this one; here it is in each program that needs it.
+unsigned remainderOf(unsigned a, unsigned b) { return a % b; }
+#endif
+
 struct Name {
     std::string_view name;
     void* address;
@@ -65,6 +76,10 @@ void* ownSymbol(std::string_view name) {
         {"_dlsym", reinterpret_cast<void*>(&phoneDlsym)},
 #if defined(__aarch64__)
         {"_NSLog", reinterpret_cast<void*>(&phoneNSLog)},
+        {"_snprintf", reinterpret_cast<void*>(&phoneSnprintf)},
+#endif
+#if defined(__arm__)
+        {"___umodsi3", reinterpret_cast<void*>(&remainderOf)},
         {"_snprintf", reinterpret_cast<void*>(&phoneSnprintf)},
 #endif
         {"_pthread_mutex_lock", reinterpret_cast<void*>(&lockMutex)},
@@ -81,6 +96,9 @@ void* ownSymbol(std::string_view name) {
 
 void* findSymbol(std::string_view name) {
     if (void* own = ownSymbol(name)) return own;
+#if defined(__arm__)
+    if (void* function = exceptionFunction(name)) return function;
+#endif
     if (name.empty() || name[0] != '_') return nullptr;
     return dlsym(RTLD_DEFAULT, std::string(name.substr(1)).c_str());
 }

@@ -8,6 +8,11 @@
 #include "simulator/runtime/macho/bytes.h"
 #include "simulator/runtime/macho/unwind_table.h"
 
+#if !defined(__arm__)
+
+// Of libgcc's unwinder: takes an .eh_frame section for the process's life.
+extern "C" void __register_frame(void* frames);
+
 namespace phone::macho {
 namespace {
 
@@ -286,4 +291,11 @@ Result<UnwindFrames> translateUnwindInfo(const Image& image, const char* begin) 
     }
 }
 
+void registerFrames(UnwindFrames& frames, const Image& image, char* begin) {
+    if (!frames.translated.empty()) __register_frame(frames.translated.data());
+    if (frames.needsOwn) __register_frame(begin + (image.frames.address - image.segments.front().address));
+}
+
 }  // namespace phone::macho
+
+#endif

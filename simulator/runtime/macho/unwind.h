@@ -1,6 +1,9 @@
 // Unwind information, from the phone's compact form to the frames of DWARF that this machine's unwinder reads. The
 // compact form is that of <mach-o/compact_unwind_encoding.h>; the frames are those of DWARF 4, chapter 6.4, as the
 // Linux Standard Base has them in .eh_frame.
+//
+// 32-bit phones have no such information: there, functions that want to know of exceptions announce themselves (SjLj,
+// unwind_arm.cpp).
 #pragma once
 
 #include <cstdint>
@@ -24,5 +27,8 @@ struct UnwindFrames {
 // personality functions are found through them. Functions whose compact form keeps no frame pointer are refused unless
 // they have no frame at all.
 Result<UnwindFrames> translateUnwindInfo(const Image& image, const char* begin);
+
+// Has exceptions pass through the image's functions. Frames and image stay for the process's life.
+void registerFrames(UnwindFrames& frames, const Image& image, char* begin);
 
 }  // namespace phone::macho

@@ -31,20 +31,15 @@ std::string& ownIdentifier() {
     return identifier;
 }
 
-// The phone's language, then the same without its script or country, then English. Foundation looks for resources in
-// them; ahead of this machine's languages, as an argument of the process would be.
+// The phone's language, then the same without its script or country, then English: Foundation looks for resources in
+// these instead of this machine's.
 void setLanguages() {
     NSString* language = [NSString stringWithUTF8String:device().language.c_str()];
     NSMutableArray* languages = [NSMutableArray arrayWithObject:language];
     const NSRange part = [language rangeOfString:@"-" options:NSBackwardsSearch];
     if (part.location != NSNotFound) [languages addObject:[language substringToIndex:part.location]];
     if (![languages containsObject:@"en"]) [languages addObject:@"en"];
-    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
-    NSMutableDictionary* arguments = [[[defaults volatileDomainForName:NSArgumentDomain] mutableCopy] autorelease];
-    if (arguments == nil) arguments = [NSMutableDictionary dictionary];
-    [arguments setObject:languages forKey:@"NSLanguages"];
-    [defaults removeVolatileDomainForName:NSArgumentDomain];
-    [defaults setVolatileDomain:arguments forName:NSArgumentDomain];
+    [NSUserDefaults setUserLanguages:languages];
 }
 
 void setUpFoundation() {

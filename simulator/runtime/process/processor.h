@@ -7,6 +7,8 @@ namespace phone {
 constexpr const char* kProcessor = "x86-64";
 #elif defined(__aarch64__)
 constexpr const char* kProcessor = "arm64";
+#elif defined(__arm__)
+constexpr const char* kProcessor = "armv7";
 #endif
 
 }  // namespace phone

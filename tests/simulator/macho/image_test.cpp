@@ -24,7 +24,7 @@ using File = std::vector<std::uint8_t>;
 constexpr std::uint32_t kCpuElsewhere = kCpuHere == kCpuArm64 ? kCpuX86_64 : kCpuArm64;
 
 File fixture() {
-    std::ifstream file(FIXTURE_COMPLETE, std::ios::binary);
+    std::ifstream file(FIXTURE, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
@@ -39,12 +39,12 @@ T& at(File& file, std::size_t offset) {
     return *reinterpret_cast<T*>(&file[offset]);
 }
 
-Header& header(File& file) { return at<Header>(file, 0); }
+FormatHere::Header& header(File& file) { return at<FormatHere::Header>(file, 0); }
 
 // The load command of that kind, from the given one on.
 template <class T>
 T& command(File& file, std::uint32_t kind, int which = 0) {
-    std::size_t offset = sizeof(Header);
+    std::size_t offset = sizeof(FormatHere::Header);
     for (std::uint32_t i = 0; i < header(file).commandCount; ++i) {
         auto& head = at<LoadCommand>(file, offset);
         if (head.command == kind && which-- == 0) return at<T>(file, offset);
@@ -53,7 +53,9 @@ T& command(File& file, std::uint32_t kind, int which = 0) {
     throw std::runtime_error("the fixture lacks a load command");
 }
 
-SegmentCommand& segment(File& file, int which) { return command<SegmentCommand>(file, kSegment64, which); }
+FormatHere::Segment& segment(File& file, int which) {
+    return command<FormatHere::Segment>(file, FormatHere::kSegment, which);
+}
 
 TEST(MachoImage, TellsSegmentsFixupsInitialisersAndExports) {
     const File file = fixture();
@@ -67,17 +69,19 @@ TEST(MachoImage, TellsSegmentsFixupsInitialisersAndExports) {
     EXPECT_THAT(image.binds, Contains(Field(&Bind::symbol, "_fixtureNumber")));
     EXPECT_THAT(image.binds, Contains(Field(&Bind::symbol, "_fixtureRaise")));
     ASSERT_EQ(image.initialisers.size(), 1u);
-    EXPECT_EQ(image.initialisers[0].size, 16u);
-    EXPECT_GT(image.unwindInfo.size, 0u);
+    EXPECT_EQ(image.initialisers[0].size, 2 * sizeof(void*));
+    EXPECT_EQ(image.unwindInfo.size > 0, sizeof(void*) == 8);  // 32-bit phones have none
     EXPECT_THAT(image.exports, Contains(Field(&Export::symbol, "_fixtureName")));
     EXPECT_THAT(image.exports, Not(Contains(Field(&Export::symbol, "_fixtureNote"))));
 }
 
+#ifndef __arm__  // whose linker knows no optional symbols
 TEST(MachoImage, OnlyTheWeakImportIsOptional) {
     const File file = fixture();
     const Image image = readImage(file).value();
     for (const Bind& bind : image.binds) EXPECT_EQ(bind.optional, bind.symbol == "_fixtureMayBeMissing") << bind.symbol;
 }
+#endif
 
 TEST(MachoImage, FindsThisProcessorsPartOfAFatFile) {
     const File thin = fixture();
@@ -138,9 +142,12 @@ void setExports(File& file, std::initializer_list<int> bytes) {
     file.insert(file.end(), bytes.begin(), bytes.end());
 }
 
+using Word = decltype(FormatHere::Segment::address);
+
 const Damage kDamages[] = {
     {"Empty", [](File& file) { file.clear(); }, "past the end"},
-    {"WrongMagic", [](File& file) { header(file).magic = 0xfeedface; }, "not a 64-bit Mach-O"},
+    {"WrongMagic", [](File& file) { header(file).magic ^= 1; }, "-bit Mach-O file"},
+    {"NoMagic", [](File& file) { header(file).magic = 0; }, "is not a Mach-O file"},
     {"WrongProcessor", [](File& file) { header(file).cpu = kCpuElsewhere; }, ", this machine runs "},
     {"Executable", [](File& file) { header(file).fileType = 2; }, "neither a dynamic library nor a bundle"},
     {"AbsurdCommandCount", [](File& file) { header(file).commandCount = 0xffffffff; }, "past the end"},
@@ -149,10 +156,10 @@ const Damage kDamages[] = {
     {"CommandWithoutSize", [](File& file) { segment(file, 0).size = 0; }, "smaller than its own head"},
     {"CommandPastTheEnd", [](File& file) { segment(file, 0).size = 0x7fffffff; }, "past the end"},
     {"UnknownCommand", [](File& file) { codes(file).command = 0x80000034; }, "does not know: 52"},
-    {"SegmentContentsPastTheEnd", [](File& file) { segment(file, 0).fileOffset = ~std::uint64_t{0} - 10; },
-     "past the end"},
-    {"SegmentSizeWrapsAround", [](File& file) { segment(file, 1).memorySize = ~std::uint64_t{0}; }, "absurdly large"},
-    {"SegmentFarAway", [](File& file) { segment(file, 2).address = std::uint64_t{1} << 62; }, "absurdly large"},
+    {"SegmentContentsPastTheEnd", [](File& file) { segment(file, 0).fileOffset = ~Word{0} - 10; }, "past the end"},
+    {"SegmentSizeWrapsAround", [](File& file) { segment(file, 1).memorySize = ~Word{0}; }, "absurdly large"},
+    {"SegmentFarAway", [](File& file) { segment(file, 2).address = Word{1} << (8 * sizeof(Word) - 1); },
+     "absurdly large"},
     {"SegmentBetweenPages", [](File& file) { segment(file, 1).address += 8; }, "does not begin at a page"},
     {"SegmentsOverlap", [](File& file) { segment(file, 1).address = segment(file, 0).address; }, "outside segment"},
     {"LastSegmentsOverlap", [](File& file) { segment(file, 2).address = segment(file, 1).address; }, "overlap"},
@@ -190,11 +197,13 @@ const Damage kDamages[] = {
          setRebases(file, {0x11, 0x21, 0x00, 0x60, 0xff, 0xff, 0xff, 0xff, 0x0f});
      },
      "outside the contents"},
-    // Steps of -8 after each pointer stay at one place for ever.
+    // Steps back by a pointer after each one stay at one place for ever.
     {"FixupsWithoutEnd",
      [](File& file) {
-         setRebases(file, {0x11, 0x21, 0x00, 0x80, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff,
-                           0x7f, 0xf8, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0x01});
+         setRebases(
+             file,
+             {0x11, 0x21, 0x00, 0x80, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0x7f, sizeof(Word) == 8 ? 0xf8 : 0xfc,
+              0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0x01});
      },
      "more fix-ups than places"},
     {"UnknownFixupKind", [](File& file) { setRebases(file, {0x12}); }, "another kind than a pointer"},
@@ -250,7 +259,7 @@ TEST(DamagedImage, NoBeginningOfAFileIsTakenForTheWhole) {
 TEST(DamagedImage, AnyChangedByteIsReadSafely) {
     File file = fixture();
     int refused = 0;
-    const std::size_t commandsEnd = sizeof(Header) + header(file).commandSize;
+    const std::size_t commandsEnd = sizeof(FormatHere::Header) + header(file).commandSize;
     for (std::size_t i = 0; i < file.size(); i += i < commandsEnd ? 1 : 97) {
         const std::uint8_t before = file[i];
         for (int value : {0x00, 0x7f, 0xff}) {

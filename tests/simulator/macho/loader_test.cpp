@@ -36,17 +36,17 @@ using testing::HasSubstr;
 
 template <class Function>
 Function* fixture(const char* name) {
-    return reinterpret_cast<Function*>(phone::librarySymbol(FIXTURE_COMPLETE, name));
+    return reinterpret_cast<Function*>(phone::librarySymbol(FIXTURE, name));
 }
 
 class MachoLoader : public testing::Test {
   protected:
-    void SetUp() override { ASSERT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE_COMPLETE)), ""); }
+    void SetUp() override { ASSERT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE)), ""); }
 };
 
 TEST_F(MachoLoader, RunsInitialisersOnceInTheirOrder) {
     EXPECT_THAT(notes, ElementsAre(1, 2));
-    EXPECT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE_COMPLETE)), "");
+    EXPECT_EQ(phone::problemOf(phone::loadLibrary(FIXTURE)), "");
     EXPECT_THAT(notes, ElementsAre(1, 2));
 }
 
@@ -69,14 +69,16 @@ TEST_F(MachoLoader, BindsVariablesOfTheProcess) {
     EXPECT_EQ(fixture<int()>("fixtureReadsNumber")(), 7);
 }
 
+#ifndef __arm__
 TEST_F(MachoLoader, LeavesMissingOptionalSymbolsNull) { EXPECT_FALSE(fixture<bool()>("fixtureHasOptional")()); }
+#endif
 
 TEST_F(MachoLoader, VariableArgumentsArriveWhereThePhonesCodePutsThem) {
     char text[128];
-    const auto format = fixture<int(char*, unsigned long, int, double)>("fixtureFormats");
-    EXPECT_EQ(format(text, sizeof text, -7, 2.5), 41);
+    const auto format = fixture<int(double, char*, unsigned long, int)>("fixtureFormats");
+    EXPECT_EQ(format(2.5, text, sizeof text, -7), 41);
     EXPECT_STREQ(text, "-7 one 2.50 1099511627776 1 2 3 4 5 6 2.5");
-    EXPECT_EQ(format(text, 4, -7, 2.5), 41);
+    EXPECT_EQ(format(2.5, text, 4, -7), 41);
     EXPECT_STREQ(text, "-7 ");
 }
 
@@ -115,12 +117,12 @@ TEST_F(MachoLoader, RegistersAreBackAfterAnExceptionPassedThrough) {
 }
 
 TEST_F(MachoLoader, TellsWhoseAnAddressIs) {
-    EXPECT_EQ(phone::libraryOf(phone::librarySymbol(FIXTURE_COMPLETE, "fixtureName")), FIXTURE_COMPLETE);
-    EXPECT_NE(phone::libraryOf(reinterpret_cast<void*>(&fixtureRaise)), FIXTURE_COMPLETE);
+    EXPECT_EQ(phone::libraryOf(phone::librarySymbol(FIXTURE, "fixtureName")), FIXTURE);
+    EXPECT_NE(phone::libraryOf(reinterpret_cast<void*>(&fixtureRaise)), FIXTURE);
 }
 
 TEST_F(MachoLoader, AnswersNothingForWhatALibraryDoesNotExport) {
-    EXPECT_EQ(phone::librarySymbol(FIXTURE_COMPLETE, "first"), nullptr);
+    EXPECT_EQ(phone::librarySymbol(FIXTURE, "first"), nullptr);
     EXPECT_EQ(phone::librarySymbol(FIXTURE_ASKING, "fixtureName"), nullptr);
 }
 
@@ -152,7 +154,7 @@ class DamagedLibrary : public testing::Test {
     }
 
     std::string bytes = [] {
-        std::ifstream file(FIXTURE_COMPLETE, std::ios::binary);
+        std::ifstream file(FIXTURE, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     }();
 
@@ -160,19 +162,23 @@ class DamagedLibrary : public testing::Test {
     std::string path_ = testing::TempDir() + "/damaged-" + std::to_string(getpid()) + ".dylib";
 };
 
+// Where a section's header says where its contents are.
+constexpr size_t kOffsetField = offsetof(phone::macho::FormatHere::Section, offset);
+
 TEST_F(DamagedLibrary, AnInitialiserOutsideTheCodeIsRefused) {
     // The initialisers are the only pointers to the beginning of the code; give one the address of data instead.
     const std::string section("__mod_init_func", 15);
     const size_t header = bytes.find(section);
     ASSERT_NE(header, std::string::npos);
     uint32_t offset = 0;
-    std::memcpy(&offset, &bytes[header + 48], sizeof offset);
-    const uint64_t inData = 0x10000000;
+    std::memcpy(&offset, &bytes[header + kOffsetField], sizeof offset);
+    const uintptr_t inData = 0x10000000;
     std::memcpy(&bytes[offset], &inData, sizeof inData);
     EXPECT_EQ(load(), "an initialiser lies outside the code");
     EXPECT_THAT(notes, ElementsAre());
 }
 
+#ifndef __arm__  // which has no such information
 // The common encodings come first in the section; each may defer to a record of __eh_frame, of which there is none
 // there.
 TEST_F(DamagedLibrary, UnwindInformationThatDefersToNothingIsRefused) {
@@ -180,7 +186,7 @@ TEST_F(DamagedLibrary, UnwindInformationThatDefersToNothingIsRefused) {
     const size_t header = bytes.find("__unwind_info");
     ASSERT_NE(header, std::string::npos);
     uint32_t section = 0, encodings = 0, count = 0;
-    std::memcpy(&section, &bytes[header + 48], sizeof section);
+    std::memcpy(&section, &bytes[header + kOffsetField], sizeof section);
     std::memcpy(&encodings, &bytes[section + 4], sizeof encodings);
     std::memcpy(&count, &bytes[section + 8], sizeof count);
     ASSERT_GT(count, 0u);
@@ -193,10 +199,11 @@ TEST_F(DamagedLibrary, UnwindInformationOfAnUnknownVersionIsRefused) {
     const size_t header = bytes.find("__unwind_info");
     ASSERT_NE(header, std::string::npos);
     uint32_t offset = 0;
-    std::memcpy(&offset, &bytes[header + 48], sizeof offset);
+    std::memcpy(&offset, &bytes[header + kOffsetField], sizeof offset);
     bytes[offset] = 2;
     EXPECT_THAT(load(), HasSubstr("unknown version"));
     EXPECT_THAT(notes, ElementsAre());
 }
+#endif
 
 }  // namespace

@@ -119,7 +119,7 @@ TEST_F(Message, ToNilAnswersZeroInEveryRegister) {
 
 TEST_F(Message, ToNilLeavesAStructureInMemoryAlone) {
     Large result{1, 2, 3, 4};
-#if defined(__x86_64__)
+#if defined(__x86_64__) || defined(__arm__)
     auto send = reinterpret_cast<void* (*)(Large*, id, SEL)>(objc_msgSend_stret);
     EXPECT_EQ(send(&result, nil, sel_registerName("large:step:")), &result);
 #endif

@@ -30,7 +30,7 @@ TEST_F(SettingsApp, APlainListShowsItsItems) {
                 dictionary(text("cell", "PSGroupCell") + text("label", "Room") + text("footerText", "Bright.")) +
                     switchItem("Light", "light") + switchItem("Glow", "glow") +
                     dictionary(text("cell", "PSGroupCell")) + switchItem("Timer", "timer"));
-    write(kLampFile, "<plist><dict><key>glow</key><false/></dict></plist>");
+    write(kLampFile, "<?xml version=\"1.0\"?><plist><dict><key>glow</key><false/></dict></plist>");
     Host host(hosts::HostKind::preferences, options());
     const Json page = show(host, "settings/lamp");
     EXPECT_EQ(page.at("title"), "Lamp title");
@@ -118,11 +118,13 @@ TEST_F(SettingsApp, WhatIsMissingIsSaid) {
     makePhone();
     installList("Odd", dictionary(text("cell", "PSSliderCell")));
     installBundle();
-    Host host(hosts::HostKind::preferences, options());
-    const auto error = [&](const char* screen) { return errorOf(host, {{"do", "show"}, {"screen", screen}}); };
+    const auto error = [&](const char* screen) {
+        Host host(hosts::HostKind::preferences, options());
+        return errorOf(host, {{"do", "show"}, {"screen", screen}});
+    };
     EXPECT_THAT(error("settings/Odd"), HasSubstr("no cells of the kind PSSliderCell"));
     EXPECT_THAT(error("settings/Nobody"), HasSubstr("has no entry \"Nobody\""));
-    EXPECT_THAT(error("recents"), HasSubstr("no screen settings, or settings/ENTRY: \"recents\""));
+    EXPECT_THAT(error("recents"), HasSubstr("there is no screen \"recents\""));
     write("Library/PreferenceBundles/TestPage.bundle/TestPage", "no library");
     EXPECT_THAT(error("settings/Test Page"), HasSubstr("its executable TestPage cannot be loaded"));
     std::filesystem::remove_all(root_ / "Library/PreferenceBundles/TestPage.bundle");

@@ -79,7 +79,7 @@ TEST_F(Travelling, WithoutAServiceTheFileIsWrittenBeforeTheNotification) {
 
 TEST_F(Travelling, WithoutAServiceOtherKeysOfTheFileStay) {
     const auto host = start("iphone5s-7.1", false);
-    write(kLampFile, "<plist><dict><key>other</key><string>kept</string></dict></plist>");
+    write(kLampFile, "<?xml version=\"1.0\"?><plist><dict><key>other</key><string>kept</string></dict></plist>");
     flip(*host, "Light");
     EXPECT_THAT(file(), HasSubstr("kept"));
     EXPECT_THAT(file(), HasSubstr(kOff));
@@ -116,7 +116,8 @@ TEST_F(Travelling, TheServiceOutlivesTheApp) {
 TEST_F(Travelling, TheServiceWritesWhatItOnceReadOverWhatOthersWroteSince) {
     const auto host = start("iphone6-8.4", true, kNever);
     flip(*host, "Light");
-    write(kLampFile, "<plist><dict><key>glow</key><false/><key>other</key><true/></dict></plist>");
+    write(kLampFile,
+          "<?xml version=\"1.0\"?><plist><dict><key>glow</key><false/><key>other</key><true/></dict></plist>");
     host->call({{"do", "synchronize"}});
     EXPECT_THAT(file(), testing::Not(HasSubstr("other")));
     EXPECT_EQ(row(*host, "Glow").at("on"), true);
@@ -127,11 +128,12 @@ TEST_F(Travelling, WhichWayGoesByTheSystemUnlessTheDeviceSaysOtherwise) {
     EXPECT_TRUE(phone::deviceFromProfile("iphone6-8.4")->preferencesService);
     EXPECT_TRUE(phone::deviceFromProfile("iphone6-9.3")->preferencesService);
     for (const auto& [version, service] : {std::pair("7.1.2", false), std::pair("8.0", true), std::pair("9.3", true)}) {
-        write("device.plist", std::string("<plist><dict>") + text("SystemVersion", version) + "</dict></plist>");
+        write("device.plist",
+              std::string("<?xml version=\"1.0\"?><plist><dict>") + text("SystemVersion", version) + "</dict></plist>");
         EXPECT_EQ(phone::readDevice(root_)->preferencesService, service) << version;
     }
-    write("device.plist",
-          "<plist><dict>" + text("SystemVersion", "7.1") + "<key>PreferencesService</key><true/></dict></plist>");
+    write("device.plist", "<?xml version=\"1.0\"?><plist><dict>" + text("SystemVersion", "7.1") +
+                              "<key>PreferencesService</key><true/></dict></plist>");
     EXPECT_TRUE(phone::readDevice(root_)->preferencesService);
 }
 

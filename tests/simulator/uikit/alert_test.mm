@@ -87,6 +87,22 @@ TEST_F(AlertTest, TheScreenBehindIsDimmedAndTheBoxIsInTheMiddle) {
     EXPECT_EQ(at(image, 187, 275).r, 247);
 }
 
+TEST_F(AlertTest, TwoButtonsStandSideBySideIfTheirTitlesFit) {
+    showWindow();
+    [window setBackgroundColor:[UIColor whiteColor]];
+    const auto heightWith = [&](NSString* title) {
+        UIAlertView* alert = [[[UIAlertView alloc] initWithTitle:@"Delete?"
+                                                         message:nil
+                                                        delegate:nil
+                                               cancelButtonTitle:@"No"
+                                               otherButtonTitles:title, nil] autorelease];
+        [alert show];
+        [alert layoutIfNeeded];
+        return [[[alert subviews] lastObject] frame].size.height;
+    };
+    EXPECT_EQ(heightWith(@"Restore all of the Defaults"), heightWith(@"Yes") + 44);
+}
+
 TEST_F(AlertTest, WithoutAWindowItRaises) {
     start("iphone6-8.4");
     EXPECT_TRUE(raises([&] { ask(nil); }));

@@ -189,10 +189,13 @@ TEST_F(RecentsList, CallWithANilRecordIdHasNoContact) {
     EXPECT_EQ(queued(), 0);
 }
 
+// A number with an upper half, which 32-bit phones have no room for.
+NSInteger wide(int64_t upper, int lower) { return static_cast<NSInteger>((upper << 32) + lower); }
+
 TEST_F(RecentsList, TheLowHalfOfAWideUidIsTheContact) {
     startWithList();
     const int ann = addWithPhoto(kRed);
-    showRow(uidCall((NSInteger{5} << 32) + ann));
+    showRow(uidCall(wide(5, ann)));
     settle();
     EXPECT_TRUE(shows(cell(), kRed));
 }
@@ -234,7 +237,7 @@ TEST_F(RecentsList, AnUnknownAddressShowsTheGenericMonogramAndQueuesNothing) {
 TEST_F(RecentsList, ContactsBelowOneShowTheGenericMonogram) {
     startWithList();
     replaceBundlePicture("user_monogram_round", kYellow);
-    for (const NSInteger none : {NSInteger{0}, NSInteger{-1}, NSInteger{1} << 32}) {
+    for (const NSInteger none : {NSInteger{0}, NSInteger{-1}, wide(1, 0)}) {
         [picture() setImage:nil];
         showRow(uidCall(none));
         EXPECT_TRUE(shows(cell(), kYellow)) << none;

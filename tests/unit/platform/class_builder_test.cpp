@@ -87,7 +87,7 @@ TEST_F(Registration, ASecondTimeAnswersTheClassThatIsThere) {
 TEST_F(Registration, AClassInheritsFromTheOneThatItIsRegisteredUnder) {
     Owned<NSObject> heir = allocInit<NSObject>(registerClass("RegisteredHeir", cls, {}, {}, {}));
     EXPECT_TRUE(heir->isKindOf(cls));
-    EXPECT_STREQ(callerText(heir.get().object), "RegisteredByTest");
+    EXPECT_STREQ(callerText(heir.get().object), "RegisteredHeir");
 }
 
 TEST_F(Registration, WithoutASuperclassThereIsNoClass) {

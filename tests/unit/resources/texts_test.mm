@@ -117,6 +117,8 @@ TEST(PageList, HasASwitchForEverySettingInTheirOrder) {
         for (NSDictionary* item in [pageList() objectForKey:@"items"]) {
             if (![[item objectForKey:@"cell"] isEqual:@"PSSwitchCell"]) continue;
             switches.push_back(text([item objectForKey:@"key"]));
+            EXPECT_EQ(text([item objectForKey:@"get"]), "readPreferenceValue:");
+            EXPECT_EQ(text([item objectForKey:@"set"]), "setPreferenceValue:specifier:");
             // With these, the preferences service would write the setting, and the framework post it, whenever it
             // likes.
             EXPECT_FALSE([item objectForKey:@"defaults"]) << switches.back();

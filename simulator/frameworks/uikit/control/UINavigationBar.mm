@@ -26,7 +26,7 @@ constexpr CGFloat kGap = 6;       // between it and the title
 @implementation UINavigationBackButton
 
 - (CGSize)sizeThatFits:(CGSize)size {
-    return CGSizeMake(kEdge + kChevron + kGap + [[self titleLabel] sizeThatFits:CGSizeZero].width, kBarHeight);
+    return CGSizeMake(kEdge + kChevron + kGap + [super sizeThatFits:size].width, kBarHeight);
 }
 
 - (void)layoutSubviews {

@@ -19,6 +19,7 @@ namespace {
 constexpr CGFloat kWidth = 270;
 constexpr CGFloat kSide = 16, kTop = 20, kGap = 4, kBottom = 20;
 constexpr CGFloat kButtonHeight = 44;
+constexpr CGFloat kButtonMargin = 8;  // beside a title, for two buttons side by side
 
 CGFloat hairline() { return 1 / [[UIScreen mainScreen] scale]; }
 
@@ -147,7 +148,7 @@ UILabel* makeText(NSString* text, UIFont* font) {
     [_box setClipsToBounds:YES];
     [self addSubview:_box];
     CGFloat bottom = [self _addTexts];
-    bottom = [self numberOfButtons] == 2 ? [self _addButtonPairAt:bottom] : [self _addButtonColumnAt:bottom];
+    bottom = [self _buttonsFitSideBySide] ? [self _addButtonPairAt:bottom] : [self _addButtonColumnAt:bottom];
     [_box setBounds:CGRectMake(0, 0, kWidth, bottom)];
 }
 
@@ -166,12 +167,24 @@ UILabel* makeText(NSString* text, UIFont* font) {
     return bottom - kGap + kBottom;
 }
 
+- (UIFont*)_fontOfButton:(NSInteger)index {
+    return index == _cancelButtonIndex ? [UIFont boldSystemFontOfSize:17] : [UIFont systemFontOfSize:17];
+}
+
+- (BOOL)_buttonsFitSideBySide {
+    if ([self numberOfButtons] != 2) return NO;
+    for (NSInteger index = 0; index < 2; ++index) {
+        const CGFloat width = [[self buttonTitleAtIndex:index] sizeWithFont:[self _fontOfButton:index]].width;
+        if (width > kWidth / 2 - 2 * kButtonMargin) return NO;
+    }
+    return YES;
+}
+
 - (void)_addButton:(NSInteger)index in:(CGRect)frame {
     UIButton* button = [UIButton buttonWithType:UIButtonTypeSystem];
     [button setTag:index];
     [button setTitle:[self buttonTitleAtIndex:index] forState:UIControlStateNormal];
-    const BOOL isCancel = index == _cancelButtonIndex;
-    [[button titleLabel] setFont:isCancel ? [UIFont boldSystemFontOfSize:17] : [UIFont systemFontOfSize:17]];
+    [[button titleLabel] setFont:[self _fontOfButton:index]];
     [button addTarget:self action:@selector(_pressed:) forControlEvents:UIControlEventTouchUpInside];
     [button setFrame:frame];
     [_box addSubview:button];

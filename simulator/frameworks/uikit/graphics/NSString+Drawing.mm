@@ -39,14 +39,14 @@ uikit::TextRequest request(NSString* string, UIFont* font, CGFloat width, int ma
 
 int linesWithin(CGFloat height, UIFont* font) {
     constexpr CGFloat slack = 0.01, most = 10000;
-    return int(std::clamp(std::floor(height / [font lineHeight] + slack), 1.0, most));
+    return int(std::clamp<CGFloat>(std::floor(height / [font lineHeight] + slack), 1, most));
 }
 
 // Rounded up to whole pixels: a box made to measure must not cut its text.
 CGSize measured(const uikit::TextLines& text, UIFont* font) {
     const CGFloat scale = phone::device().scale;
-    return {std::ceil(text.width() * scale) / scale,
-            std::ceil(CGFloat(text.lines().size()) * [font lineHeight] * scale) / scale};
+    return CGSizeMake(std::ceil(text.width() * scale) / scale,
+                      std::ceil(CGFloat(text.lines().size()) * [font lineHeight] * scale) / scale);
 }
 
 CGFloat leadingSpace(const uikit::TextLine& line, CGFloat width, NSTextAlignment alignment) {

@@ -8,7 +8,7 @@ using core_graphics::object;
 static CGColorRef createColor(CGColorSpaceModel model, std::initializer_list<CGFloat> components) {
     CGFloat clamped[4];
     std::transform(components.begin(), components.end(), clamped,
-                   [](CGFloat component) { return std::clamp(component, 0.0, 1.0); });
+                   [](CGFloat component) { return std::clamp<CGFloat>(component, 0, 1); });
     const CGColorSpaceRef space =
         model == kCGColorSpaceModelRGB ? CGColorSpaceCreateDeviceRGB() : CGColorSpaceCreateDeviceGray();
     const CGColorRef color = CGColorCreate(space, clamped);
@@ -93,7 +93,7 @@ NAMED_RGB(brownColor, 0.6, 0.4, 0.2)
 #undef NAMED_RGB
 
 - (UIColor*)colorWithAlphaComponent:(CGFloat)alpha {
-    const CGColorRef copy = CGColorCreateCopyWithAlpha(_color, std::clamp(alpha, 0.0, 1.0));
+    const CGColorRef copy = CGColorCreateCopyWithAlpha(_color, std::clamp<CGFloat>(alpha, 0, 1));
     return [[[UIColor alloc] initAdoptingColor:copy] autorelease];
 }
 

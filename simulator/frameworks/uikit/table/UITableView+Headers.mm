@@ -48,7 +48,11 @@ constexpr CGFloat kHalfGap = 17.5;
         if (height >= 0) return height;
     }
     UIView* footer = [self _makeTitledFooterOf:section];
-    if (footer) return [footer sizeThatFits:CGSizeMake([self bounds].size.width, 0)].height;
+    if (footer) {
+        // What follows a text keeps its own distance; behind the last one there is nothing that could.
+        const CGFloat height = [footer sizeThatFits:CGSizeMake([self bounds].size.width, 0)].height;
+        return section + 1 == [self _sectionCount] ? height + kHalfGap : height;
+    }
     return _style == UITableViewStyleGrouped ? kHalfGap : 0;
 }
 

@@ -40,13 +40,17 @@ NSIndexPath* pathOf(const UITableViewRowMap::Row& row) {
     return CGSizeMake([self bounds].size.width, [self _rowMap].bottom() + footer);
 }
 
+- (NSInteger)_sectionCount {
+    const BOOL knowsSections = [(id)_dataSource respondsToSelector:@selector(numberOfSectionsInTableView:)];
+    return knowsSections ? [_dataSource numberOfSectionsInTableView:self] : 1;
+}
+
 - (void)_loadRows {
     *_rows = UITableViewRowMap{};
     _rows->width = [self bounds].size.width;
     _rows->top = _tableHeaderView ? [_tableHeaderView frame].size.height : 0;
     if (!_dataSource) return;
-    const BOOL knowsSections = [(id)_dataSource respondsToSelector:@selector(numberOfSectionsInTableView:)];
-    const NSInteger sections = knowsSections ? [_dataSource numberOfSectionsInTableView:self] : 1;
+    const NSInteger sections = [self _sectionCount];
     for (NSInteger section = 0; section < sections; ++section) {
         _rows->addSection([self _headerHeightOf:section], [self _rowHeightsOf:section], [self _footerHeightOf:section]);
     }

@@ -14,6 +14,8 @@
 // Marks the rows stale without touching the cells.
 - (void)_forgetRows;
 - (const UITableViewRowMap::Section&)_section:(NSInteger)section;
+// As the data source has it now.
+- (NSInteger)_sectionCount;
 // What the section's title or the delegate asks for; 0 for none.
 - (CGFloat)_headerHeightOf:(NSInteger)section;
 - (CGFloat)_footerHeightOf:(NSInteger)section;

@@ -43,9 +43,10 @@ std::string startOf(const std::string& since) {
     const std::optional<int> count = maker::wholeNumber(std::string_view(since).substr(0, since.size() - 1));
     if (unit != std::string_view::npos && count)
         return writtenTime(static_cast<double>(std::time(nullptr)) - static_cast<double>(*count) * seconds[unit]);
-    if (!maker::readDate(since))
+    if (!maker::readDate(since)) {
         throw Problem("--since: \"" + since +
                       "\" is neither a time ago (10m) nor a date and time such as \"2015-06-01 09:41\"");
+    }
     return since;
 }
 

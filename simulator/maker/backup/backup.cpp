@@ -136,10 +136,11 @@ Result<Backup> readBackup(const fs::path& folder, const fs::path& workplace, Fin
         Result<fs::path> found = database(folder, *origin, workplace);
         if (!found) return failure(found);
         *place = std::move(*found);
-        if (place->empty())
+        if (place->empty()) {
             findings.push_back(
                 {FindingKind::skipped, folder.string(), 0,
                  std::string("there is no ") + fs::path(origin->path).filename().string() + " in this backup"});
+        }
     }
     backup.favorites = placeOf(folder, kFavorites);
     return backup;

@@ -85,7 +85,7 @@ class Layout {
         // A lone time is the moment.
         if (!has(Column::moment) && has(Column::time)) columns_[Column::moment] = columns_[Column::time];
     }
-    bool has(Column column) const { return columns_.count(column) > 0; }
+    bool has(Column column) const { return columns_.contains(column); }
     std::string text(const CsvRow& row, Column column) const {
         const auto found = columns_.find(column);
         return found == columns_.end() || found->second >= row.fields.size() ? "" : row.fields[found->second];

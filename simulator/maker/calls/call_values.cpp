@@ -255,7 +255,7 @@ std::optional<int> readDuration(const std::string& text) {
         }
         reader.skip(" ,");
     }
-    constexpr std::int64_t longest = 31 * 86400;
+    constexpr std::int64_t longest = std::int64_t{31} * 86400;
     if (!counted || total > longest) return std::nullopt;
     return static_cast<int>(total);
 }

@@ -71,7 +71,7 @@ void providePhoneFunctions(sqlite3* database) {
     if (called.empty()) return;
     const std::set<std::string> known = textsOf(database, "SELECT lower(name) FROM pragma_function_list");
     for (const std::string& name : called) {
-        if (known.count(name) > 0) continue;
+        if (known.contains(name)) continue;
         const bool guid = name.find("guid") != std::string::npos || name.find("uuid") != std::string::npos;
         sqlite3_create_function(database, name.c_str(), -1, SQLITE_UTF8, nullptr, guid ? returnGuid : returnFirst,
                                 nullptr, nullptr);

@@ -70,7 +70,7 @@ TEST_F(Calls, MistakesAreToldWithFileAndLine) {
         {"\nyesterday, 1, missed", "calls.csv, line 2: \"yesterday\" is neither a date"},
         {"-2w, 1, missed", "\"-2w\" is neither"},
         {"2015-02-31 09:41, 1, missed", "\"2015-02-31 09:41\" is neither"},
-        {"-2h, 1, answered", "\"answered\" is not incoming, outgoing or missed"},
+        {"-2h, 1, sideways", "\"sideways\" is not incoming, outgoing or missed"},
         {"-2h, 1", "needs a time, a number and a kind"},
         {"-2h, 1, outgoing, x", "\"x\" is no number of seconds"},
         {"-2h, 1, outgoing, -4", "\"-4\" is no number of seconds"},

@@ -191,8 +191,17 @@ TEST_F(MakeRoot, GeneratedBooksHavePicturesLinksAndNumbersOfTheirOwn) {
     EXPECT_EQ(report.contacts, 300);
     EXPECT_EQ(report.pictures, 100);
     EXPECT_THAT(test::queryBook(bench.root(), "SELECT count(*) FROM ABPersonLink"), ElementsAre("6"));
-    EXPECT_THAT(test::queryBook(bench.root(), "SELECT value FROM ABMultiValue GROUP BY value HAVING count(*) > 1"),
+    EXPECT_THAT(test::queryBook(bench.root(),
+                                "SELECT value FROM ABMultiValue WHERE property IN (3, 4) GROUP BY value "
+                                "HAVING count(*) > 1"),
                 ElementsAre());
+    EXPECT_THAT(test::queryBook(bench.root(), "SELECT count(*) FROM ABMultiValue WHERE value IS NULL"),
+                ElementsAre("60"));
+    EXPECT_THAT(test::queryBook(bench.root(), "SELECT count(*) FROM ABMultiValue WHERE label IS NULL"),
+                ElementsAre("38"));
+    EXPECT_THAT(
+        test::queryBook(bench.root(), "SELECT DISTINCT typeof(CreationDate), typeof(ModificationDate) FROM ABPerson"),
+        ElementsAre("integer", "integer"));
     std::string thumbnail = test::queryImages(bench.root(), "SELECT data FROM ABThumbnailImage LIMIT 1").at(0);
     EXPECT_EQ(test::look(thumbnail).width, 160);
 }

@@ -49,7 +49,7 @@ void endRow(int /*end*/, void* data) {
 class Parser {
   public:
     explicit Parser(char separator) {
-        csv_init(&parser_, CSV_STRICT_FINI);
+        csv_init(&parser_, 0);
         csv_set_delim(&parser_, static_cast<unsigned char>(separator));
     }
     ~Parser() { csv_free(&parser_); }
@@ -59,7 +59,10 @@ class Parser {
     bool take(std::string_view line, Reading& reading) {
         return csv_parse(&parser_, line.data(), line.size(), takeField, endRow, &reading) == line.size();
     }
-    bool end(Reading& reading) { return csv_fini(&parser_, takeField, endRow, &reading) == 0; }
+    // False when a quote is open: nothing else keeps a row open beyond its line's end.
+    bool end(Reading& reading) {
+        return !isInside() && csv_fini(&parser_, takeField, endRow, &reading) == 0;
+    }
     // Whether a row has begun and goes on in the next line.
     bool isInside() const { return parser_.pstate != 0; }
 

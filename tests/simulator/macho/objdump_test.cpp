@@ -97,7 +97,7 @@ using Row = std::tuple<std::uint64_t, std::string, std::int64_t, bool, bool>;
 
 TEST_P(ReaderAgainstObjdump, Binds) {
     std::multiset<Row> expected, read;
-    const std::string place = R"(^\S+ +\S+ +0x(\w+) +)", symbol = R"((\S+)( \(weak_import\))?$)";
+    const std::string place = R"(^\S+ +\S+ +0x(\w+) +)", symbol = R"(([^\s(]\S*)( \(weak_import\))?$)";
     for (const std::smatch& match : printed("--bind", place + R"(pointer +(-?\d+) +.* )" + symbol))
         expected.emplace(hexadecimal(match[1]), match[3], std::stoll(match[2]), match[4].matched, false);
     for (const std::smatch& match : printed("--lazy-bind", place + ".* " + symbol))
@@ -115,7 +115,6 @@ TEST_P(ReaderAgainstObjdump, Exports) {
     for (const std::smatch& match : printed("--exports-trie", R"(^0x(\w+) +(\S+)$)"))
         expected[match[2]] = hexadecimal(match[1]);
     for (const Export& symbol : image_.exports) read[symbol.symbol] = symbol.address;
-    EXPECT_FALSE(expected.empty());
     EXPECT_EQ(read, expected);
 }
 

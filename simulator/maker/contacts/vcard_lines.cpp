@@ -250,7 +250,7 @@ class Writer {
         std::string head = property.name;
         for (const std::string& parameter : property.parameters) {
             const std::size_t equals = parameter.find('=');
-            const bool readable = isName(std::string_view(parameter).substr(0, equals));
+            const bool readable = equals != 0 && isName(std::string_view(parameter).substr(0, equals));
             if (!readable && equals != std::string::npos) {
                 findings_.push_back({FindingKind::mended, text_.file, property.line,
                                      "the parameter \"" + madeValid(parameter) + "\" cannot be read and is left out"});

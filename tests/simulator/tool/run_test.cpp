@@ -246,7 +246,7 @@ TEST_F(PhoneSimRun, NewThatWaitsForItsContactsCanBeStopped) {
         for (const char* option : {"--contacts", "--calls"}) {
             fs::create_symlink(contacts, path_ / "endless.csv");
             BackgroundTool tool(path_, {"new", "phone", option, "endless.csv"});
-            usleep(300'000);
+            for (int turn = 0; turn < 2000 && workshops() == 0; ++turn) usleep(5000);
             const int status = tool.end(SIGINT);
             EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << contacts << status;
             EXPECT_EQ(tool.err(), "phonesim: stopped\n");

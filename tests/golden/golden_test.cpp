@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, GoldenSettings,
                                               "ZelkaCBEnabledRoundedPictures"},
                                          Page{"settings_german_system7", "iphone5s-7.1", "de", 2},
                                          Page{"settings_arabic_large", "iphone6plus-9.3", "ar", 3, true},
-                                         Page{"settings_hebrew_system8", "iphone6-8.4", "he", 2, true},
+                                         Page{"settings_arabic_system8", "iphone6-8.4", "ar", 2, true},
                                          Page{"settings_japanese", "iphone6-9.3", "ja", 2}),
                          ParameterName());
 

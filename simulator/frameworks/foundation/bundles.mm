@@ -7,15 +7,15 @@
 #import "simulator/runtime/file_system/property_list.h"
 #include "simulator/runtime/process/library_loader.h"
 
-// A phone's bundles: the executable in this machine's binary format or the phone's, tables of texts in any encoding and
-// notation of a property list. Which language's table it is, Foundation finds out itself (process.mm sets the
-// languages).
+// A phone's bundles: the executable in this machine's binary format or the phone's, resources in the languages' own
+// folders (process.mm sets the languages), tables of texts in any encoding and notation of a property list.
 
 namespace {
 
 BOOL (*loadBefore)(id, SEL);
 Class (*principalClassBefore)(id, SEL);
 NSBundle* (*bundleForClassBefore)(id, SEL, Class);
+NSString* (*pathBefore)(id, SEL, NSString*, NSString*);
 NSString* (*localizedBefore)(id, SEL, NSString*, NSString*, NSString*);
 
 // The executable's place on this machine; empty for a bundle without one.
@@ -48,6 +48,20 @@ NSBundle* bundleForClass(id self, SEL selector, Class cls) {
     const bool isOnPhone = !root.empty() && folder.compare(0, root.size(), root) == 0;
     if (!isOnPhone || image.parent_path().extension() != ".bundle") return bundleForClassBefore(self, selector, cls);
     return [NSBundle bundleWithPath:[NSString stringWithUTF8String:phone::phonePath(folder).c_str()]];
+}
+
+// Foundation here takes a language's folder by another name than its code, such as iw.lproj for he.
+NSString* pathForResource(id self, SEL selector, NSString* name, NSString* type) {
+    NSString* file = [type length] > 0 ? [name stringByAppendingPathExtension:type] : name;
+    NSMutableArray* folders = [NSMutableArray arrayWithObject:@""];
+    for (NSString* language in [NSUserDefaults userLanguages])
+        [folders addObject:[language stringByAppendingPathExtension:@"lproj"]];
+    for (NSString* folder in phone::root().empty() || [name length] == 0 ? nil : folders) {
+        NSString* path =
+            [[[self bundlePath] stringByAppendingPathComponent:folder] stringByAppendingPathComponent:file];
+        if ([[NSFileManager defaultManager] fileExistsAtPath:path]) return path;
+    }
+    return pathBefore(self, selector, name, type);
 }
 
 // "key" = "text"; lines in UTF-8 or, behind a byte order mark, UTF-16. nil for what is none.
@@ -102,6 +116,7 @@ NSString* localized(id self, SEL selector, NSString* key, NSString* value, NSStr
     loadBefore = phone::replaceMethod(bundle, "load", load);
     principalClassBefore = phone::replaceMethod(bundle, "principalClass", principalClass);
     bundleForClassBefore = phone::replaceMethod(objc_getMetaClass("NSBundle"), "bundleForClass:", bundleForClass);
+    pathBefore = phone::replaceMethod(bundle, "pathForResource:ofType:", pathForResource);
     localizedBefore = phone::replaceMethod(bundle, "localizedStringForKey:value:table:", localized);
 }
 @end

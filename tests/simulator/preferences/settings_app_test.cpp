@@ -73,6 +73,13 @@ TEST_F(SettingsApp, ATableMayBeAPropertyListAndAnUnknownLanguageIsEnglish) {
     EXPECT_EQ(show(host, "settings/Test Page").at("title"), "Test");
 }
 
+TEST_F(SettingsApp, ALanguageIsFoundByItsCode) {
+    makePhone("iphone6-8.4", "he", true);
+    installBundle();
+    Host host(hosts::HostKind::preferences, options());
+    EXPECT_EQ(show(host, "settings/Test Page").at("title"), "בדיקה");
+}
+
 TEST_F(SettingsApp, AFlipReachesThePageAndReloadsARow) {
     makePhone();
     installBundle();

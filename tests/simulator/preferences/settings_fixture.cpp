@@ -77,6 +77,7 @@ void SettingsTest::installBundle(const std::string& executable) const {
           "\"reset\" = \"Reset\";\n\"question\" = \"Really?\";\n\"explanation\" = \"What it does.\";\n");
     write(std::string(kBundle) + "de.lproj/Page.strings",
           "/* in UTF-8 */\n\"title\" = \"Prüfung\";\n\"sound\" = \"Töne\";\n\"question\" = \"Wirklich?\";\n");
+    write(std::string(kBundle) + "he.lproj/Page.strings", "\"title\" = \"בדיקה\";\n");
     write(std::string(kBundle) + "ar.lproj/Page.strings", list(dictionary(text("title", "اختبار"))));
     std::filesystem::copy_file(executable, root_ / (std::string(kBundle) + "TestPage"));
 }

@@ -13,6 +13,7 @@ namespace {
 // Ends this process with the one test's result. The chosen tests were shared out before.
 [[noreturn]] void runAlone(const std::string& test) {
     unsetenv("GTEST_TOTAL_SHARDS");
+    unsetenv("GTEST_SHARD_INDEX");
     GTEST_FLAG_SET(filter, test);
     std::exit(RUN_ALL_TESTS());
 }
